@@ -1,0 +1,101 @@
+#ifndef KOVRAN_H2645_COMMON_H2645_COMMON_NAL_READER_H
+#define KOVRAN_H2645_COMMON_H2645_COMMON_NAL_READER_H
+
+#include <kovran/export.h>
+
+#include <cstddef>
+
+namespace kovran {
+
+// What is known of the NAL unit found last. All pointers point into the host's buffer, which the
+// reader neither owns nor writes to.
+struct h2645_common_nal_reader_base {
+    unsigned char* cursor = nullptr;       // where the next scan starts; never beyond `fence`
+    unsigned char* begin = nullptr;        // the range of the latest scan
+    unsigned char* fence = nullptr;        //
+    unsigned char* nal_begin = nullptr;    // the unit, from its header on; null: no unit found
+    unsigned char* frame_begin = nullptr;  // its start code or length; null: no unit found
+    unsigned char* payload_begin = nullptr;  // after its two header bytes; null: no unit found
+
+    // Of length-prefixed units, 0 in Annex B: the length in the prefix, and that less the two header
+    // bytes. A prefix of 1 is too short for a header and gives a payload_length of 0xFFFFFFFF.
+    unsigned int nal_length = 0;
+    unsigned int payload_length = 0;
+
+    unsigned int zero_count = 0;  // Annex B: zero bytes before 00 00 01; 1 for a four-byte start code
+    bool found = false;           // a unit with a valid header
+    bool gave_up = false;         // the latest scan met framing that cannot be used
+    bool need_more_data = false;  // the range ended too soon: see scan
+    bool length_known = false;    // nal_length and payload_length hold those of the unit
+
+    // What is left for block_decode.
+    unsigned char* decode_ptr = nullptr;
+    unsigned char* decode_fence = nullptr;
+
+    // Makes block_decode start again at the first byte of the payload. Nothing to decode when no unit
+    // is found, and for a prefix of 1; of a unit that runs past the range, what is there.
+    KOVRAN_API void rewind();
+
+    // Leaves the reader without a unit, and `gave_up` set.
+    KOVRAN_API void do_give_up();
+};
+
+// Finds NAL units in a buffer, one a scan, and hands out their payloads without the emulation
+// prevention bytes. It allocates nothing and may be copied.
+//
+//     reader.scan(buffer, buffer + size);
+//     while (reader.found && !reader.need_more_data) {
+//         const std::size_t rbsp_size = reader.block_decode(rbsp, rbsp_capacity);
+//         ...
+//         reader.scan(reader.cursor, buffer + size);
+//     }
+template <class Nal, class Format>
+struct h2645_common_nal_reader : h2645_common_nal_reader_base {
+    Format nalfmt{};  // one of h2645_common_nalfmt
+    Nal nal;          // the header of the unit found
+
+    h2645_common_nal_reader() = default;
+    explicit h2645_common_nal_reader(Format format) : nalfmt(format) {}
+
+    // Looks for the next NAL unit of [first, last). A null or a reversed range is an empty one.
+    //
+    //  - `found`: the unit's header is in `nal`, its place in the pointers, its payload ready for
+    //    block_decode. `cursor` is where to scan on.
+    //  - `need_more_data`: the range ended before a whole start code or length with a header, or in a
+    //    length-prefixed unit (then `found` is set too). Keep the bytes from `cursor` on, append more
+    //    and scan them again. At the end of a stream, what is left there is not a whole unit.
+    //  - neither: nothing that can be used. A length-prefixed unit whose forbidden_zero_bit is 1 was
+    //    passed over, and `cursor` stands behind it; after a length of 0 the rest of the range is
+    //    given up, and `cursor` stands at its end. nalfmt_none finds nothing.
+    //
+    // In Annex B a start code before a forbidden_zero_bit of 1 is no start code. A unit reaches to the
+    // next start code, which only the next scan finds; the zero bytes that it counts in `zero_count`
+    // belong to neither unit. A host that feeds a stream in pieces keeps a unit's bytes until then.
+    //
+    // A format that is none of h2645_common_nalfmt aborts the process.
+    KOVRAN_API void scan(unsigned char* first, unsigned char* last);
+
+    // The part of scan that looks for a start code; scan clears the fields before it and calls
+    // rewind() after it.
+    KOVRAN_API void scan_annex_b(unsigned char* first, unsigned char* last);
+
+    // Copies up to n bytes of the payload to `out`, without the emulation prevention bytes
+    // (clause 7.3.1.1), and returns how many were written. In Annex B the payload ends before the next
+    // start code or its zero bytes. 0 when there is no more.
+    //
+    // Ask for a whole unit in one call: n of at least decode_fence - decode_ptr. The last two bytes of
+    // a request, and those of the range, are copied as they stand, so that an emulation prevention
+    // byte which straddles two requests stays in.
+    //
+    // `out` may be `decode_ptr` itself, or any place that no byte still to be read lies at. Decoding
+    // in place leaves bytes that may look like a start code: in Annex B scan for the next unit with a
+    // copy of the reader before decoding this one.
+    [[nodiscard]] KOVRAN_API std::size_t block_decode(unsigned char* out, std::size_t n);
+
+private:
+    void scan_length_prefixed(unsigned char* first, unsigned char* last);
+};
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H2645_COMMON_H2645_COMMON_NAL_READER_H
