@@ -8,9 +8,20 @@
 #include <kovran/h2645_common/h2645_common_nal_reader.h>
 #include <kovran/h2645_common/h2645_common_nal_writer.h>
 #include <kovran/h2645_common/h2645_common_nalfmt.h>
+#include <kovran/h265/h265_hrd_parameters.h>
 #include <kovran/h265/h265_nal.h>
 #include <kovran/h265/h265_nal_aud.h>
+#include <kovran/h265/h265_nal_pps.h>
 #include <kovran/h265/h265_nal_reader.h>
+#include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_nal_sub_layer_hrd_parameters.h>
+#include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_nal_writer.h>
+#include <kovran/h265/h265_profile.h>
+#include <kovran/h265/h265_profile_tier_level.h>
+#include <kovran/h265/h265_scaling_list_data.h>
+#include <kovran/h265/h265_st_ref_pic_set.h>
+#include <kovran/h265/h265_video_format.h>
+#include <kovran/h265/h265_vui_parameters.h>
 
 #endif  // KOVRAN_KOVRAN_H

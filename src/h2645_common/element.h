@@ -1,21 +1,44 @@
 #ifndef KOVRAN_SRC_H2645_COMMON_ELEMENT_H
 #define KOVRAN_SRC_H2645_COMMON_ELEMENT_H
 
+#include <array>
+#include <cstddef>
+#include <utility>
+
 namespace kovran {
 
-// A syntax element as a walker gets it: what the standard calls it, and the field that holds it.
+// Where in arrays an element stands, outermost index first; none for an element that is no array's.
+struct element_indices {
+    std::array<std::size_t, 3> value{};
+    std::size_t count = 0;
+
+    [[nodiscard]] constexpr element_indices followed_by(std::size_t index) const {
+        element_indices longer = *this;
+        longer.value[longer.count++] = index;
+        return longer;
+    }
+};
+
+// A syntax element, or a nested structure, as a walker gets it: what the standard calls it, and the
+// field that holds it. `Field` is a reference or, for a flag in a bit vector, what stands for one.
 template <class Field>
 struct element {
     const char* name;
-    Field& field;
+    Field field;
+    element_indices indices;
+
+    [[nodiscard]] constexpr auto operator[](std::size_t index) const {
+        return element<decltype(field[index])>{name, field[index], indices.followed_by(index)};
+    }
 };
 
 template <class Field>
-element(const char*, Field&) -> element<Field>;
+[[nodiscard]] constexpr element<Field&> named(const char* name, Field& field) {
+    return {name, field, {}};
+}
 
 }  // namespace kovran
 
-#define ELEMENT(record, name) \
-    ::kovran::element { #name, (record).name }
+#define ELEMENT(record, name) ::kovran::named(#name, (record).name)
 
 #endif  // KOVRAN_SRC_H2645_COMMON_ELEMENT_H

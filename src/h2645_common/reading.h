@@ -4,26 +4,81 @@
 #include <kovran/h2645_common/h2645_common_bitreader.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/try_resize.h"
+
+#include <cstddef>
+#include <type_traits>
+#include <utility>
 
 namespace kovran {
 
 // The walker that fills a record from a bit reader: what every parse() walks its description with.
+// Names and indices vanish when compiling; what is left are the reads.
+template <class Rules>
 class reading {
 public:
+    using rules = Rules;
+
     explicit reading(h2645_common_bitreader& source) : reader(source) {}
 
+    // Descriptors of clause 7.2. u_v is u(v), a width that comes from the stream.
     template <class Field>
     void u(unsigned char width, element<Field> target) {
-        target.field = static_cast<Field>(reader.get<unsigned int>(width));
+        store(target, reader.get<unsigned int>(width));
+    }
+
+    template <class Field>
+    void u_v(unsigned char width, element<Field> target) {
+        store(target, reader.get_wide(width));
+    }
+
+    template <class Field>
+    void ue(element<Field> target) {
+        store(target, reader.ue());
+    }
+
+    template <class Field>
+    void se(element<Field> target) {
+        target.field = reader.se();
+    }
+
+    // Bits that no field holds.
+    void skip(unsigned int width, const char* /*name*/) { reader.skip(width); }
+    void skip(unsigned int width, const char* /*name*/, std::size_t /*index*/) {
+        reader.skip(width);
     }
 
     void align() { reader.align(); }
+    [[nodiscard]] bool more_rbsp_data() { return h2645_common_more_rbsp_data(reader); }
+    [[nodiscard]] bool rbsp_trailing_bits() { return h2645_common_skip_rbsp_trailing_bits(reader); }
 
-    [[nodiscard]] bool rbsp_trailing_bits() {
-        return h2645_common_skip_rbsp_trailing_bits(reader);
+    // A structure inside this one: `walk_fields` walks the record that it is given.
+    template <class Record, class WalkFields>
+    [[nodiscard]] bool structure(element<Record> nested, WalkFields&& walk_fields) {
+        return std::forward<WalkFields>(walk_fields)(nested.field);
+    }
+
+    // A field that gets its value without a read.
+    template <class Field, class Value>
+    void set(Field&& field, Value value) {
+        field = static_cast<std::conditional_t<std::is_lvalue_reference_v<Field>,
+                                               std::remove_reference_t<Field>, bool>>(value);
+    }
+
+    // Sizes arrays to a count that has been compared with its bound; false when there is no memory.
+    template <class... Arrays>
+    [[nodiscard]] bool grow(std::size_t count, Arrays&... arrays) {
+        return try_resize(count, arrays...);
     }
 
 private:
+    template <class Field>
+    static void store(element<Field>& target, unsigned int value) {
+        using value_type =
+            std::conditional_t<std::is_reference_v<Field>, std::remove_reference_t<Field>, bool>;
+        target.field = static_cast<value_type>(value);
+    }
+
     h2645_common_bitreader& reader;
 };
 

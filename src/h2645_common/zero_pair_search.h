@@ -10,12 +10,12 @@
 #include <arm_neon.h>
 #endif
 
-// Where two zero bytes stand side by side: the one question of all framing, asked of every byte of a
-// stream. Start codes, the ends of units and emulation prevention all begin with such a pair, and
+// Where two zero bytes stand side by side: the one question of all framing, asked of every byte of
+// a stream. Start codes, the ends of units and emulation prevention all begin with such a pair, and
 // differ in the byte after it.
 //
-// Every search below gives the first position p of [first, last - 2) with p[0] = p[1] = 0 and p[2] as
-// `Third` has it, or null where there is none. They differ in the machine that they are for.
+// Every search below gives the first position p of [first, last - 2) with p[0] = p[1] = 0 and p[2]
+// as `Third` has it, or null where there is none. They differ in the machine that they are for.
 namespace kovran::zero_pair {
 
 // The byte after the pair.
@@ -156,7 +156,9 @@ KOVRAN_AVX2 const unsigned char* find_avx2(const unsigned char* first, const uns
 struct neon {
     static constexpr std::ptrdiff_t width = 16;
 
-    static uint8x16_t pair(const unsigned char* p) { return vorrq_u8(vld1q_u8(p), vld1q_u8(p + 1)); }
+    static uint8x16_t pair(const unsigned char* p) {
+        return vorrq_u8(vld1q_u8(p), vld1q_u8(p + 1));
+    }
 
     static bool has_pair(const unsigned char* p) {
         const uint8x16_t low = vminq_u8(pair(p), pair(p + width));
@@ -208,8 +210,8 @@ struct block {
     before next;  // more to look at, a pair with a reserved third byte, or the end of the data
 };
 
-// The first block of the `size` bytes at `data`. Blocks are short enough that what the search has read
-// is still in the nearest cache for the copy.
+// The first block of the `size` bytes at `data`. Blocks are short enough that what the search has
+// read is still in the nearest cache for the copy.
 inline block next_block(const unsigned char* data, std::size_t size) {
     constexpr std::size_t longest = 4096;
     const std::size_t looked_at = size <= longest + 2 ? size : longest + 2;

@@ -31,8 +31,8 @@ struct data_source_memory_alt1 {
     }
 };
 
-// The next bits of the stream, left aligned in one word: the next bit to be read is the highest one.
-// `Padding` is the value that a source gives past its end.
+// The next bits of the stream, left aligned in one word: the next bit to be read is the highest
+// one. `Padding` is the value that a source gives past its end.
 template <class Word, unsigned char Padding>
 struct reservoir {
     static constexpr unsigned char word_bits = 8 * sizeof(Word);
@@ -56,8 +56,8 @@ struct reader : Reservoir, Source {
     // A refill leaves at most 7 positions vacant, so that this many bits can be taken at once.
     static constexpr unsigned char widest_get = word_bits - 7;
 
-    // The next n bits as an unsigned value: u(n) and f(n), clause 7.2. n = 0 reads nothing and gives
-    // 0; for n above 25 see get_wide.
+    // The next n bits as an unsigned value: u(n) and f(n), clause 7.2. n = 0 reads nothing and
+    // gives 0; for n above 25 see get_wide.
     template <class Result>
     Result get(unsigned char n) {
         if (n > widest_get) {
@@ -118,8 +118,8 @@ struct reader : Reservoir, Source {
     }
 
 protected:
-    // Feeds whole bytes while there is room for one: afterwards 25 to 32 bits of the stream stand in
-    // the reservoir.
+    // Feeds whole bytes while there is room for one: afterwards 25 to 32 bits of the stream stand
+    // in the reservoir.
     void refill() {
         while (vacant >= 8) {
             vacant = static_cast<unsigned char>(vacant - 8);

@@ -7,9 +7,9 @@
 
 namespace kovran {
 
-// The parsed parameter sets of one kind, by their identifier. The host fills it and sets `active_id`;
-// the library's parsers only look up, and never insert. A reference to a record stays valid until
-// that record is erased.
+// The parsed parameter sets of one kind, by their identifier. The host fills it and sets
+// `active_id`; the library's parsers only look up, and never insert. A reference to a record stays
+// valid until that record is erased.
 template <class T>
 struct h2645_common_base_store {
     using map_type = std::map<unsigned int, T>;

@@ -7,11 +7,11 @@
 namespace kovran {
 
 // Reads the bits of an RBSP: bytes from which the emulation prevention bytes are already removed.
-// It holds pointers into the caller's bytes, which must outlive it, and may be copied freely to look
-// ahead.
+// It holds pointers into the caller's bytes, which must outlive it, and may be copied freely to
+// look ahead.
 //
-// Reading past the end is no error and is not reported: the bits there are 0. A parser notices by the
-// values, or by the trailing bits that are missing.
+// Reading past the end is no error and is not reported: the bits there are 0. A parser notices by
+// the values, or by the trailing bits that are missing.
 struct h2645_common_bitreader
     : bit_io::reader<bit_io::reservoir<unsigned int, 0>,
                      bit_io::data_source_memory_alt1<unsigned char, const unsigned char*>> {
@@ -38,12 +38,13 @@ struct h2645_common_bitreader
 // and any number of 0 bits up to the end; true otherwise. The reader is left as it was, in every
 // field.
 //
-// The cost is that of finding the next 1 bit after the one that the reader stands on, so that reading
-// on bit by bit while this is true stays linear in the length of the data.
+// The cost is that of finding the next 1 bit after the one that the reader stands on, so that
+// reading on bit by bit while this is true stays linear in the length of the data.
 [[nodiscard]] KOVRAN_API bool h2645_common_more_rbsp_data(h2645_common_bitreader& reader);
 
 // rbsp_trailing_bits(), clause 7.3.2.11: consumes the stop bit and the bits up to the next byte
-// boundary. False when the stop bit is not 1 or one of the others not 0; they are consumed even then.
+// boundary. False when the stop bit is not 1 or one of the others not 0; they are consumed even
+// then.
 [[nodiscard]] KOVRAN_API bool h2645_common_skip_rbsp_trailing_bits(h2645_common_bitreader& reader);
 
 }  // namespace kovran

@@ -10,21 +10,23 @@ namespace kovran {
 // What is known of the NAL unit found last. All pointers point into the host's buffer, which the
 // reader neither owns nor writes to.
 struct h2645_common_nal_reader_base {
-    unsigned char* cursor = nullptr;       // where the next scan starts; never beyond `fence`
-    unsigned char* begin = nullptr;        // the range of the latest scan
-    unsigned char* fence = nullptr;        //
-    unsigned char* nal_begin = nullptr;    // the unit, from its header on; null: no unit found
-    unsigned char* frame_begin = nullptr;  // its start code or length; null: no unit found
+    unsigned char* cursor = nullptr;         // where the next scan starts; never beyond `fence`
+    unsigned char* begin = nullptr;          // the range of the latest scan
+    unsigned char* fence = nullptr;          //
+    unsigned char* nal_begin = nullptr;      // the unit, from its header on; null: no unit found
+    unsigned char* frame_begin = nullptr;    // its start code or length; null: no unit found
     unsigned char* payload_begin = nullptr;  // after its two header bytes; null: no unit found
 
-    // Of length-prefixed units, 0 in Annex B: the length in the prefix, and that less the two header
-    // bytes. A prefix of 1 is too short for a header and gives a payload_length of 0xFFFFFFFF.
+    // Of length-prefixed units, 0 in Annex B: the length in the prefix, and that less the two
+    // header bytes. A prefix of 1 is too short for a header and gives a payload_length of
+    // 0xFFFFFFFF.
     unsigned int nal_length = 0;
     unsigned int payload_length = 0;
 
-    unsigned int zero_count = 0;  // Annex B: zero bytes before 00 00 01; 1 for a four-byte start code
-    bool found = false;           // a unit with a valid header
-    bool gave_up = false;         // the latest scan met framing that cannot be used
+    unsigned int zero_count =
+        0;                 // Annex B: zero bytes before 00 00 01; 1 for a four-byte start code
+    bool found = false;    // a unit with a valid header
+    bool gave_up = false;  // the latest scan met framing that cannot be used
     bool need_more_data = false;  // the range ended too soon: see scan
     bool length_known = false;    // nal_length and payload_length hold those of the unit
 
@@ -32,8 +34,8 @@ struct h2645_common_nal_reader_base {
     unsigned char* decode_ptr = nullptr;
     unsigned char* decode_fence = nullptr;
 
-    // Makes block_decode start again at the first byte of the payload. Nothing to decode when no unit
-    // is found, and for a prefix of 1; of a unit that runs past the range, what is there.
+    // Makes block_decode start again at the first byte of the payload. Nothing to decode when no
+    // unit is found, and for a prefix of 1; of a unit that runs past the range, what is there.
     KOVRAN_API void rewind();
 
     // Leaves the reader without a unit, and `gave_up` set.
@@ -61,16 +63,23 @@ struct h2645_common_nal_reader : h2645_common_nal_reader_base {
     //
     //  - `found`: the unit's header is in `nal`, its place in the pointers, its payload ready for
     //    block_decode. `cursor` is where to scan on.
-    //  - `need_more_data`: the range ended before a whole start code or length with a header, or in a
-    //    length-prefixed unit (then `found` is set too). Keep the bytes from `cursor` on, append more
-    //    and scan them again. At the end of a stream, what is left there is not a whole unit.
-    //  - neither: nothing that can be used. A length-prefixed unit whose forbidden_zero_bit is 1 was
-    //    passed over, and `cursor` stands behind it; after a length of 0 the rest of the range is
-    //    given up, and `cursor` stands at its end. nalfmt_none finds nothing.
+    //  - `need_more_data`: the range ended before a whole start code or length with a header, or in
+    //  a
+    //    length-prefixed unit (then `found` is set too). Keep the bytes from `cursor` on, append
+    //    more and scan them again. At the end of a stream, what is left there is not a whole unit.
+    //    An Annex B range of fewer than 5 bytes is not looked at, and `cursor` stands at its end:
+    //    of such a range keep everything.
+    //  - neither: nothing that can be used. A length-prefixed unit whose forbidden_zero_bit is 1
+    //  was
+    //    passed over, and `cursor` stands behind it, or at the end of a range that does not hold
+    //    all of it; after a length of 0 the rest of the range is given up, and `cursor` stands at
+    //    its end. Both set `gave_up`: a host that feeds a length-prefixed stream in pieces must not
+    //    go on as if the next piece began with a length. nalfmt_none finds nothing.
     //
-    // In Annex B a start code before a forbidden_zero_bit of 1 is no start code. A unit reaches to the
-    // next start code, which only the next scan finds; the zero bytes that it counts in `zero_count`
-    // belong to neither unit. A host that feeds a stream in pieces keeps a unit's bytes until then.
+    // In Annex B a start code before a forbidden_zero_bit of 1 is no start code. A unit reaches to
+    // the next start code, which only the next scan finds; the zero bytes that it counts in
+    // `zero_count` belong to neither unit. A host that feeds a stream in pieces keeps a unit's
+    // bytes until then.
     //
     // A format that is none of h2645_common_nalfmt aborts the process.
     KOVRAN_API void scan(unsigned char* first, unsigned char* last);
@@ -80,16 +89,16 @@ struct h2645_common_nal_reader : h2645_common_nal_reader_base {
     KOVRAN_API void scan_annex_b(unsigned char* first, unsigned char* last);
 
     // Copies up to n bytes of the payload to `out`, without the emulation prevention bytes
-    // (clause 7.3.1.1), and returns how many were written. In Annex B the payload ends before the next
-    // start code or its zero bytes. 0 when there is no more.
+    // (clause 7.3.1.1), and returns how many were written. In Annex B the payload ends before the
+    // next start code or its zero bytes. 0 when there is no more.
     //
-    // Ask for a whole unit in one call: n of at least decode_fence - decode_ptr. The last two bytes of
-    // a request, and those of the range, are copied as they stand, so that an emulation prevention
-    // byte which straddles two requests stays in.
+    // Ask for a whole unit in one call: n of at least decode_fence - decode_ptr. The last two bytes
+    // of a request, and those of the range, are copied as they stand, so that an emulation
+    // prevention byte which straddles two requests stays in.
     //
-    // `out` may be `decode_ptr` itself, or any place that no byte still to be read lies at. Decoding
-    // in place leaves bytes that may look like a start code: in Annex B scan for the next unit with a
-    // copy of the reader before decoding this one.
+    // `out` may be `decode_ptr` itself, or any place that no byte still to be read lies at.
+    // Decoding in place leaves bytes that may look like a start code: in Annex B scan for the next
+    // unit with a copy of the reader before decoding this one.
     [[nodiscard]] KOVRAN_API std::size_t block_decode(unsigned char* out, std::size_t n);
 
 private:

@@ -36,20 +36,21 @@ struct h2645_common_nal_writer {
         return n + n / 2 + 32;
     }
 
-    // Writes one NAL unit whose RBSP (without the header) is data[0] to data[n - 1], and returns the
-    // number of bytes written, framing included. `data` may be null when n is 0; it must not overlap
-    // the output.
+    // Writes one NAL unit whose RBSP (without the header) is data[0] to data[n - 1], and returns
+    // the number of bytes written, framing included. `data` may be null when n is 0; it must not
+    // overlap the output.
     //
-    // `zero_bytes`, in Annex B only: how many 00 bytes stand before the start code 00 00 01; 1 gives
-    // the four-byte one.
+    // `zero_bytes`, in Annex B only: how many 00 bytes stand before the start code 00 00 01; 1
+    // gives the four-byte one.
     //
-    // 0 means that nothing was written: there is no buffer, it is full, the unit does not fit in it,
-    // the unit is longer than its length prefix can say, or the format is nalfmt_none. `write` is then
-    // where it was; the bytes behind it may have changed. A format that is none of h2645_common_nalfmt
-    // is written without framing. An invalid `nal` is not checked for: its header is FF FF.
+    // 0 means that nothing was written: there is no buffer, it is full, the unit does not fit in
+    // it, the unit is longer than its length prefix can say, or the format is nalfmt_none. `write`
+    // is then where it was; the bytes behind it may have changed. A format that is none of
+    // h2645_common_nalfmt is written without framing. An invalid `nal` is not checked for: its
+    // header is FF FF.
     //
-    // An RBSP that ends in two zero bytes gets a final 03 in Annex B only, where it would run into the
-    // next start code.
+    // An RBSP that ends in two zero bytes gets a final 03 in Annex B only, where it would run into
+    // the next start code.
     [[nodiscard]] KOVRAN_API std::size_t block_encode(const unsigned char* data, std::size_t n,
                                                       const Nal& nal, unsigned int zero_bytes);
 

@@ -52,22 +52,24 @@ enum h265_nal_unit_type : unsigned int {
 
 // nal_unit_header(), clause 7.3.1.2.
 struct h265_nal {
-    unsigned char nuh_layer_id = 0;             // u(6)
-    unsigned char nuh_temporal_id_plus1 = 0;    // u(3); the standard forbids 0, which is not checked
+    unsigned char nuh_layer_id = 0;           // u(6)
+    unsigned char nuh_temporal_id_plus1 = 0;  // u(3); the standard forbids 0, which is not checked
     h265_nal_unit_type nal_unit_type = TRAIL_N;  // u(6)
 
     bool valid = false;  // the latest header had a forbidden_zero_bit of 0
 
-    // Takes the header apart: `header` is the first byte of the NAL unit in bits 15 to 8, the second
-    // one in bits 7 to 0. A set forbidden_zero_bit makes `valid` false and leaves the rest as it was.
+    // Takes the header apart: `header` is the first byte of the NAL unit in bits 15 to 8, the
+    // second one in bits 7 to 0. A set forbidden_zero_bit makes `valid` false and leaves the rest
+    // as it was.
     KOVRAN_API void decode_header(unsigned short header);
 
-    // The header in 16 bits, or 0xFFFFFFFF when `valid` is false. The fields are not masked: a value
-    // out of range runs into its neighbours.
+    // The header in 16 bits, or 0xFFFFFFFF when `valid` is false. The fields are not masked: a
+    // value out of range runs into its neighbours.
     [[nodiscard]] KOVRAN_API unsigned int encode_header() const;
 };
 
-// What each type of 0 to 40 is called and carries, for display. Types of equal text share one string.
+// What each type of 0 to 40 is called and carries, for display. Types of equal text share one
+// string.
 extern KOVRAN_API const char* const h265_nal_unit_type_str[41];
 
 // The row of that table, or "" for a type above 40; never null.

@@ -1,0 +1,22 @@
+#include <kovran/kovran.h>
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+// Lists the NAL units of an Annex B stream: offset and type.
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        return 2;
+    }
+    std::ifstream file(argv[1], std::ios::binary);
+    std::vector<unsigned char> stream(std::istreambuf_iterator<char>(file), {});
+    unsigned char* const end = stream.data() + stream.size();
+
+    kovran::h265_nal_reader reader(kovran::nalfmt_annex_b);
+    for (reader.scan(stream.data(), end); reader.found; reader.scan(reader.cursor, end)) {
+        std::printf("%8td  %s\n", reader.nal_begin - stream.data(),
+                    kovran::h265_nal_unit_type_to_str(reader.nal.nal_unit_type));
+    }
+}

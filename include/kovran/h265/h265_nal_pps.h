@@ -1,0 +1,84 @@
+#ifndef KOVRAN_H265_H265_NAL_PPS_H
+#define KOVRAN_H265_H265_NAL_PPS_H
+
+#include <kovran/export.h>
+#include <kovran/h2645_common/h2645_common_base_store.h>
+#include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_scaling_list_data.h>
+
+#include <vector>
+
+namespace kovran {
+
+// pic_parameter_set_rbsp(), clause 7.3.2.3. The extension is passed over, and no variable is
+// derived.
+struct h265_nal_pps {
+    unsigned int pps_pic_parameter_set_id = 0;  // ue(v)
+    unsigned int pps_seq_parameter_set_id = 0;  // ue(v)
+
+    bool dependent_slice_segments_enabled_flag = false;  // u(1)
+    bool output_flag_present_flag = false;               // u(1)
+    unsigned char num_extra_slice_header_bits = 0;       // u(3)
+    bool sign_data_hiding_enabled_flag = false;          // u(1)
+    bool cabac_init_present_flag = false;                // u(1)
+
+    unsigned int num_ref_idx_l0_default_active_minus1 = 0;  // ue(v)
+    unsigned int num_ref_idx_l1_default_active_minus1 = 0;  // ue(v)
+    int init_qp_minus26 = 0;                                // se(v)
+
+    bool constrained_intra_pred_flag = false;  // u(1)
+    bool transform_skip_enabled_flag = false;  // u(1)
+    bool cu_qp_delta_enabled_flag = false;     // u(1)
+    unsigned int diff_cu_qp_delta_depth = 0;   // ue(v), or 0 without cu_qp_delta_enabled_flag
+
+    int pps_cb_qp_offset = 0;                               // se(v)
+    int pps_cr_qp_offset = 0;                               // se(v)
+    bool pps_slice_chroma_qp_offsets_present_flag = false;  // u(1)
+    bool weighted_pred_flag = false;                        // u(1)
+    bool weighted_bipred_flag = false;                      // u(1)
+    bool transquant_bypass_enabled_flag = false;            // u(1)
+
+    bool tiles_enabled_flag = false;                // u(1)
+    bool entropy_coding_sync_enabled_flag = false;  // u(1)
+
+    unsigned int num_tile_columns_minus1 = 0;       // ue(v), when tiles_enabled_flag
+    unsigned int num_tile_rows_minus1 = 0;          // ue(v), likewise
+    bool uniform_spacing_flag = false;              // u(1), likewise
+    std::vector<unsigned int> column_width_minus1;  // ue(v), num_tile_columns_minus1 entries,
+                                                    // without uniform_spacing_flag
+    std::vector<unsigned int> row_height_minus1;    // ue(v), num_tile_rows_minus1 entries, likewise
+    bool loop_filter_across_tiles_enabled_flag = false;  // u(1), when tiles_enabled_flag
+
+    bool pps_loop_filter_across_slices_enabled_flag = false;  // u(1)
+    bool deblocking_filter_control_present_flag = false;      // u(1)
+    bool deblocking_filter_override_enabled_flag = false;     // u(1), when that is set
+    bool pps_deblocking_filter_disabled_flag = false;         // u(1), likewise
+    int pps_beta_offset_div2 = 0;                             // se(v), likewise, unless that is set
+    int pps_tc_offset_div2 = 0;                               // se(v), likewise
+
+    bool pps_scaling_list_data_present_flag = false;  // u(1)
+    h265_scaling_list_data scaling_list_data;         // when pps_scaling_list_data_present_flag
+
+    bool lists_modification_present_flag = false;              // u(1)
+    unsigned int log2_parallel_merge_level_minus2 = 0;         // ue(v)
+    bool slice_segment_header_extension_present_flag = false;  // u(1)
+
+    bool pps_extension_present_flag = false;  // u(1)
+
+    bool valid = false;  // the latest parse succeeded
+
+    // Reads one RBSP; `reader` stands right after the two NAL unit header bytes. Of the SPS only
+    // its presence and `valid` matter, and nothing is inserted into `sps_store`. Elements that are
+    // absent keep what their fields held, except diff_cu_qp_delta_depth.
+    //
+    // False, with `valid` false: the SPS is not in the store, or not valid; num_tile_columns_minus1
+    // or num_tile_rows_minus1 is above 128 and spacing is not uniform; the scaling lists cannot be
+    // read; there is no memory; or the trailing bits are malformed. What was read before stays.
+    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                                        h2645_common_base_store<h265_nal_sps>& sps_store);
+};
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H265_H265_NAL_PPS_H

@@ -1,0 +1,99 @@
+#ifndef KOVRAN_H265_H265_NAL_SPS_H
+#define KOVRAN_H265_H265_NAL_SPS_H
+
+#include <kovran/export.h>
+#include <kovran/h2645_common/h2645_common_base_store.h>
+#include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_nal_vps.h>
+#include <kovran/h265/h265_profile_tier_level.h>
+#include <kovran/h265/h265_scaling_list_data.h>
+#include <kovran/h265/h265_st_ref_pic_set.h>
+#include <kovran/h265/h265_vui_parameters.h>
+
+#include <vector>
+
+namespace kovran {
+
+// seq_parameter_set_rbsp(), clause 7.3.2.2. The extension is passed over, and no variable is
+// derived.
+struct h265_nal_sps {
+    unsigned char sps_video_parameter_set_id = 0;  // u(4)
+    unsigned char sps_max_sub_layers_minus1 = 0;   // u(3)
+    bool sps_temporal_id_nesting_flag = false;     // u(1)
+
+    h265_profile_tier_level profile_tier_level;
+
+    unsigned int sps_seq_parameter_set_id = 0;    // ue(v)
+    unsigned int chroma_format_idc = 0;           // ue(v)
+    bool separate_colour_plane_flag = false;      // u(1), when chroma_format_idc is 3
+    unsigned int pic_width_in_luma_samples = 0;   // ue(v)
+    unsigned int pic_height_in_luma_samples = 0;  // ue(v)
+
+    bool conformance_window_flag = false;     // u(1)
+    unsigned int conf_win_left_offset = 0;    // ue(v), when conformance_window_flag
+    unsigned int conf_win_right_offset = 0;   // ue(v), likewise
+    unsigned int conf_win_top_offset = 0;     // ue(v), likewise
+    unsigned int conf_win_bottom_offset = 0;  // ue(v), likewise
+
+    unsigned int bit_depth_luma_minus8 = 0;              // ue(v)
+    unsigned int bit_depth_chroma_minus8 = 0;            // ue(v)
+    unsigned int log2_max_pic_order_cnt_lsb_minus4 = 0;  // ue(v)
+
+    bool sps_sub_layer_ordering_info_present_flag = false;  // u(1)
+    // sps_max_sub_layers_minus1 + 1 entries; without the flag only the last is in the stream.
+    std::vector<unsigned int> sps_max_dec_pic_buffering_minus1;  // ue(v)
+    std::vector<unsigned int> sps_max_num_reorder_pics;          // ue(v)
+    std::vector<unsigned int> sps_max_latency_increase_plus1;    // ue(v)
+
+    unsigned int log2_min_luma_coding_block_size_minus3 = 0;       // ue(v)
+    unsigned int log2_diff_max_min_luma_coding_block_size = 0;     // ue(v)
+    unsigned int log2_min_luma_transform_block_size_minus2 = 0;    // ue(v)
+    unsigned int log2_diff_max_min_luma_transform_block_size = 0;  // ue(v)
+    unsigned int max_transform_hierarchy_depth_inter = 0;          // ue(v)
+    unsigned int max_transform_hierarchy_depth_intra = 0;          // ue(v)
+
+    bool scaling_list_enabled_flag = false;           // u(1)
+    bool sps_scaling_list_data_present_flag = false;  // u(1), when scaling_list_enabled_flag
+    h265_scaling_list_data scaling_list_data;         // when sps_scaling_list_data_present_flag
+
+    bool amp_enabled_flag = false;                     // u(1)
+    bool sample_adaptive_offset_enabled_flag = false;  // u(1)
+
+    bool pcm_enabled_flag = false;                                  // u(1)
+    unsigned char pcm_sample_bit_depth_luma_minus1 = 0;             // u(4), when pcm_enabled_flag
+    unsigned char pcm_sample_bit_depth_chroma_minus1 = 0;           // u(4), likewise
+    unsigned int log2_min_pcm_luma_coding_block_size_minus3 = 0;    // ue(v), likewise
+    unsigned int log2_diff_max_min_pcm_luma_coding_block_size = 0;  // ue(v), likewise
+    bool pcm_loop_filter_disabled_flag = false;                     // u(1), likewise
+
+    unsigned int num_short_term_ref_pic_sets = 0;     // ue(v)
+    std::vector<h265_st_ref_pic_set> st_ref_pic_set;  // num_short_term_ref_pic_sets entries
+
+    bool long_term_ref_pics_present_flag = false;  // u(1)
+    unsigned int num_long_term_ref_pics_sps = 0;   // ue(v), when long_term_ref_pics_present_flag
+    std::vector<unsigned int> lt_ref_pic_poc_lsb_sps;  // u(v), num_long_term_ref_pics_sps entries
+    std::vector<bool> used_by_curr_pic_lt_sps_flag;    // u(1), likewise
+
+    bool sps_temporal_mvp_enabled_flag = false;        // u(1)
+    bool strong_intra_smoothing_enabled_flag = false;  // u(1)
+
+    bool vui_parameters_present_flag = false;  // u(1)
+    h265_vui_parameters vui_parameters;        // when vui_parameters_present_flag
+
+    bool sps_extension_flag = false;  // u(1)
+
+    bool valid = false;  // the latest parse succeeded
+
+    // Reads one RBSP; `reader` stands right after the two NAL unit header bytes. Nothing is
+    // inserted into `vps_store`. Elements that are absent keep what their fields held.
+    //
+    // False, with `valid` false: the VPS is not in the store, or not valid; one of the structures
+    // in the SPS cannot be read; num_short_term_ref_pic_sets or num_long_term_ref_pics_sps is above
+    // 128; there is no memory; or the trailing bits are malformed. What was read before stays.
+    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                                        h2645_common_base_store<h265_nal_vps>& vps_store);
+};
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H265_H265_NAL_SPS_H

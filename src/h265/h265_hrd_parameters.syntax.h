@@ -1,0 +1,83 @@
+#ifndef KOVRAN_SRC_H265_H265_HRD_PARAMETERS_SYNTAX_H
+#define KOVRAN_SRC_H265_H265_HRD_PARAMETERS_SYNTAX_H
+
+#include "h2645_common/element.h"
+#include "h265/h265_nal_sub_layer_hrd_parameters.syntax.h"
+
+namespace kovran {
+
+// hrd_parameters(), clause E.2.2.
+template <class Walker, class Hrd>
+[[nodiscard]] bool hrd_parameters(Walker& walk, Hrd& hrd, bool commonInfPresentFlag,
+                                  unsigned int maxNumSubLayersMinus1) {
+    walk.set(hrd.valid, false);
+    walk.set(hrd.commonInfPresentFlag, commonInfPresentFlag);
+    walk.set(hrd.maxNumSubLayersMinus1, maxNumSubLayersMinus1);
+    walk.set(hrd.initial_cpb_removal_delay_length_minus1, 23);
+    walk.set(hrd.au_cpb_removal_delay_length_minus1, 23);
+
+    if (commonInfPresentFlag) {
+        walk.u(1, ELEMENT(hrd, nal_hrd_parameters_present_flag));
+        walk.u(1, ELEMENT(hrd, vcl_hrd_parameters_present_flag));
+        if (hrd.nal_hrd_parameters_present_flag || hrd.vcl_hrd_parameters_present_flag) {
+            walk.u(1, ELEMENT(hrd, sub_pic_hrd_params_present_flag));
+            if (hrd.sub_pic_hrd_params_present_flag) {
+                walk.u(8, ELEMENT(hrd, tick_divisor_minus2));
+                walk.u(5, ELEMENT(hrd, du_cpb_removal_delay_increment_length_minus1));
+                walk.u(1, ELEMENT(hrd, sub_pic_cpb_params_in_pic_timing_sei_flag));
+                walk.u(5, ELEMENT(hrd, dpb_output_delay_du_length_minus1));
+            }
+            walk.u(4, ELEMENT(hrd, bit_rate_scale));
+            walk.u(4, ELEMENT(hrd, cpb_size_scale));
+            if (hrd.sub_pic_hrd_params_present_flag) {
+                walk.u(4, ELEMENT(hrd, cpb_size_du_scale));
+            }
+            walk.u(5, ELEMENT(hrd, initial_cpb_removal_delay_length_minus1));
+            walk.u(5, ELEMENT(hrd, au_cpb_removal_delay_length_minus1));
+            walk.u(5, ELEMENT(hrd, dpb_output_delay_length_minus1));
+        }
+    }
+
+    if (maxNumSubLayersMinus1 > Walker::rules::max_hrd_sub_layers - 1 ||
+        !walk.grow(maxNumSubLayersMinus1 + 1, hrd.fixed_pic_rate_general_flag,
+                   hrd.fixed_pic_rate_within_cvs_flag, hrd.elemental_duration_in_tc_minus1,
+                   hrd.low_delay_hrd_flag, hrd.cpb_cnt_minus1, hrd.nal_sub_layer_hrd,
+                   hrd.vcl_sub_layer_hrd)) {
+        return false;
+    }
+    for (unsigned int i = 0; i <= maxNumSubLayersMinus1; ++i) {
+        walk.u(1, ELEMENT(hrd, fixed_pic_rate_general_flag)[i]);
+        if (hrd.fixed_pic_rate_general_flag[i]) {
+            walk.set(hrd.fixed_pic_rate_within_cvs_flag[i], true);
+        } else {
+            walk.u(1, ELEMENT(hrd, fixed_pic_rate_within_cvs_flag)[i]);
+        }
+        if (hrd.fixed_pic_rate_within_cvs_flag[i]) {
+            walk.ue(ELEMENT(hrd, elemental_duration_in_tc_minus1)[i]);
+            Walker::rules::infer_low_delay_hrd_flag(walk, hrd.low_delay_hrd_flag, i);
+        } else {
+            walk.u(1, ELEMENT(hrd, low_delay_hrd_flag)[i]);
+        }
+        if (!hrd.low_delay_hrd_flag[i]) {
+            walk.ue(ELEMENT(hrd, cpb_cnt_minus1)[i]);
+        }
+
+        const auto walk_sub_layer = [&walk, &hrd, i](auto& sub_layer) {
+            return sub_layer_hrd_parameters(walk, sub_layer, i, hrd.cpb_cnt_minus1[i] + 1, hrd);
+        };
+        if (hrd.nal_hrd_parameters_present_flag &&
+            !walk.structure(ELEMENT(hrd, nal_sub_layer_hrd)[i], walk_sub_layer)) {
+            return false;
+        }
+        if (hrd.vcl_hrd_parameters_present_flag &&
+            !walk.structure(ELEMENT(hrd, vcl_sub_layer_hrd)[i], walk_sub_layer)) {
+            return false;
+        }
+    }
+    walk.set(hrd.valid, true);
+    return true;
+}
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H265_H265_HRD_PARAMETERS_SYNTAX_H

@@ -1,0 +1,111 @@
+#ifndef KOVRAN_SRC_H265_H265_NAL_PPS_SYNTAX_H
+#define KOVRAN_SRC_H265_H265_NAL_PPS_SYNTAX_H
+
+#include "h2645_common/element.h"
+#include "h2645_common/valid_entry.h"
+#include "h265/h265_scaling_list_data.syntax.h"
+
+namespace kovran {
+
+// The widths and heights of tiles that are not spaced uniformly, clause 7.3.2.3.1.
+template <class Walker, class Pps>
+[[nodiscard]] bool pps_tile_sizes(Walker& walk, Pps& pps) {
+    if (pps.num_tile_columns_minus1 > Walker::rules::max_tile_columns_minus1 ||
+        !walk.grow(pps.num_tile_columns_minus1, pps.column_width_minus1) ||
+        pps.num_tile_rows_minus1 > Walker::rules::max_tile_rows_minus1 ||
+        !walk.grow(pps.num_tile_rows_minus1, pps.row_height_minus1)) {
+        return false;
+    }
+    for (unsigned int i = 0; i < pps.num_tile_columns_minus1; ++i) {
+        walk.ue(ELEMENT(pps, column_width_minus1)[i]);
+    }
+    for (unsigned int i = 0; i < pps.num_tile_rows_minus1; ++i) {
+        walk.ue(ELEMENT(pps, row_height_minus1)[i]);
+    }
+    return true;
+}
+
+// pic_parameter_set_rbsp(), clause 7.3.2.3.
+template <class Walker, class Pps, class SpsStore>
+[[nodiscard]] bool pic_parameter_set_rbsp(Walker& walk, Pps& pps, SpsStore& sps_store) {
+    walk.set(pps.valid, false);
+
+    walk.ue(ELEMENT(pps, pps_pic_parameter_set_id));
+    walk.ue(ELEMENT(pps, pps_seq_parameter_set_id));
+    if (valid_entry(sps_store, pps.pps_seq_parameter_set_id) == nullptr) {
+        return false;
+    }
+
+    walk.u(1, ELEMENT(pps, dependent_slice_segments_enabled_flag));
+    walk.u(1, ELEMENT(pps, output_flag_present_flag));
+    walk.u(3, ELEMENT(pps, num_extra_slice_header_bits));
+    walk.u(1, ELEMENT(pps, sign_data_hiding_enabled_flag));
+    walk.u(1, ELEMENT(pps, cabac_init_present_flag));
+
+    walk.ue(ELEMENT(pps, num_ref_idx_l0_default_active_minus1));
+    walk.ue(ELEMENT(pps, num_ref_idx_l1_default_active_minus1));
+    walk.se(ELEMENT(pps, init_qp_minus26));
+
+    walk.u(1, ELEMENT(pps, constrained_intra_pred_flag));
+    walk.u(1, ELEMENT(pps, transform_skip_enabled_flag));
+    walk.u(1, ELEMENT(pps, cu_qp_delta_enabled_flag));
+    if (pps.cu_qp_delta_enabled_flag) {
+        walk.ue(ELEMENT(pps, diff_cu_qp_delta_depth));
+    } else {
+        walk.set(pps.diff_cu_qp_delta_depth, 0);
+    }
+
+    walk.se(ELEMENT(pps, pps_cb_qp_offset));
+    walk.se(ELEMENT(pps, pps_cr_qp_offset));
+    walk.u(1, ELEMENT(pps, pps_slice_chroma_qp_offsets_present_flag));
+    walk.u(1, ELEMENT(pps, weighted_pred_flag));
+    walk.u(1, ELEMENT(pps, weighted_bipred_flag));
+    walk.u(1, ELEMENT(pps, transquant_bypass_enabled_flag));
+
+    walk.u(1, ELEMENT(pps, tiles_enabled_flag));
+    walk.u(1, ELEMENT(pps, entropy_coding_sync_enabled_flag));
+    if (pps.tiles_enabled_flag) {
+        walk.ue(ELEMENT(pps, num_tile_columns_minus1));
+        walk.ue(ELEMENT(pps, num_tile_rows_minus1));
+        walk.u(1, ELEMENT(pps, uniform_spacing_flag));
+        if (!pps.uniform_spacing_flag && !pps_tile_sizes(walk, pps)) {
+            return false;
+        }
+        walk.u(1, ELEMENT(pps, loop_filter_across_tiles_enabled_flag));
+    }
+
+    walk.u(1, ELEMENT(pps, pps_loop_filter_across_slices_enabled_flag));
+    walk.u(1, ELEMENT(pps, deblocking_filter_control_present_flag));
+    if (pps.deblocking_filter_control_present_flag) {
+        walk.u(1, ELEMENT(pps, deblocking_filter_override_enabled_flag));
+        walk.u(1, ELEMENT(pps, pps_deblocking_filter_disabled_flag));
+        if (!pps.pps_deblocking_filter_disabled_flag) {
+            walk.se(ELEMENT(pps, pps_beta_offset_div2));
+            walk.se(ELEMENT(pps, pps_tc_offset_div2));
+        }
+    }
+
+    walk.u(1, ELEMENT(pps, pps_scaling_list_data_present_flag));
+    if (pps.pps_scaling_list_data_present_flag &&
+        !walk.structure(ELEMENT(pps, scaling_list_data),
+                        [&](auto& lists) { return scaling_list_data(walk, lists); })) {
+        return false;
+    }
+
+    walk.u(1, ELEMENT(pps, lists_modification_present_flag));
+    walk.ue(ELEMENT(pps, log2_parallel_merge_level_minus2));
+    walk.u(1, ELEMENT(pps, slice_segment_header_extension_present_flag));
+
+    walk.u(1, ELEMENT(pps, pps_extension_present_flag));
+    if (pps.pps_extension_present_flag) {
+        while (walk.more_rbsp_data()) {
+            walk.skip(1, "pps_extension_data_flag");
+        }
+    }
+    walk.set(pps.valid, walk.rbsp_trailing_bits());
+    return pps.valid;
+}
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H265_H265_NAL_PPS_SYNTAX_H

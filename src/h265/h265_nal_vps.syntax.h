@@ -1,0 +1,111 @@
+#ifndef KOVRAN_SRC_H265_H265_NAL_VPS_SYNTAX_H
+#define KOVRAN_SRC_H265_H265_NAL_VPS_SYNTAX_H
+
+#include "h2645_common/element.h"
+#include "h265/h265_hrd_parameters.syntax.h"
+#include "h265/h265_profile_tier_level.syntax.h"
+
+namespace kovran {
+
+// The HRD structures of the timing information, clause 7.3.2.1.
+template <class Walker, class Vps>
+[[nodiscard]] bool vps_hrd_parameters(Walker& walk, Vps& vps) {
+    if (vps.vps_num_hrd_parameters > Walker::rules::max_vps_hrd_parameters ||
+        !walk.grow(vps.vps_num_hrd_parameters, vps.hrd_layer_set_idx, vps.cprms_present_flag,
+                   vps.hrd_parameters)) {
+        return false;
+    }
+    Walker::rules::infer_first_cprms_present_flag(walk, vps.cprms_present_flag);
+    for (unsigned int i = 0; i < vps.vps_num_hrd_parameters; ++i) {
+        walk.ue(ELEMENT(vps, hrd_layer_set_idx)[i]);
+        if (i > 0) {
+            walk.u(1, ELEMENT(vps, cprms_present_flag)[i]);
+        }
+        if (!walk.structure(ELEMENT(vps, hrd_parameters)[i], [&](auto& hrd) {
+                return hrd_parameters(walk, hrd, vps.cprms_present_flag[i],
+                                      vps.vps_max_sub_layers_minus1);
+            })) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// video_parameter_set_rbsp(), clause 7.3.2.1.
+template <class Walker, class Vps>
+[[nodiscard]] bool video_parameter_set_rbsp(Walker& walk, Vps& vps) {
+    walk.u(4, ELEMENT(vps, vps_video_parameter_set_id));
+    walk.u(1, ELEMENT(vps, vps_base_layer_internal_flag));
+    walk.u(1, ELEMENT(vps, vps_base_layer_available_flag));
+    walk.u(6, ELEMENT(vps, vps_max_layers_minus1));
+    walk.u(3, ELEMENT(vps, vps_max_sub_layers_minus1));
+    walk.u(1, ELEMENT(vps, vps_temporal_id_nesting_flag));
+    walk.u(16, ELEMENT(vps, vps_reserved_0xffff_16bits));
+    if (!walk.structure(ELEMENT(vps, profile_tier_level), [&](auto& ptl) {
+            return profile_tier_level(walk, ptl, /*profilePresentFlag=*/true,
+                                      vps.vps_max_sub_layers_minus1);
+        })) {
+        walk.set(vps.valid, false);
+        return false;
+    }
+
+    walk.u(1, ELEMENT(vps, vps_sub_layer_ordering_info_present_flag));
+    const unsigned int highest = vps.vps_max_sub_layers_minus1;  // u(3), so that no bound is needed
+    if (!walk.grow(highest + 1, vps.vps_max_dec_pic_buffering_minus1, vps.vps_max_num_reorder_pics,
+                   vps.vps_max_latency_increase_plus1)) {
+        return false;
+    }
+    for (unsigned int i = vps.vps_sub_layer_ordering_info_present_flag ? 0 : highest; i <= highest;
+         ++i) {
+        walk.ue(ELEMENT(vps, vps_max_dec_pic_buffering_minus1)[i]);
+        walk.ue(ELEMENT(vps, vps_max_num_reorder_pics)[i]);
+        walk.ue(ELEMENT(vps, vps_max_latency_increase_plus1)[i]);
+    }
+    if (!vps.vps_sub_layer_ordering_info_present_flag) {
+        Walker::rules::infer_ordering_info(walk, highest, vps.vps_max_dec_pic_buffering_minus1,
+                                           vps.vps_max_num_reorder_pics,
+                                           vps.vps_max_latency_increase_plus1);
+    }
+
+    walk.u(6, ELEMENT(vps, vps_max_layer_id));
+    walk.ue(ELEMENT(vps, vps_num_layer_sets_minus1));
+    if (vps.vps_num_layer_sets_minus1 > Walker::rules::max_vps_layer_sets - 1 ||
+        !walk.grow(vps.vps_num_layer_sets_minus1 + 1, vps.layer_id_included_flag)) {
+        return false;
+    }
+    for (unsigned int i = 1; i <= vps.vps_num_layer_sets_minus1; ++i) {
+        if (!walk.grow(vps.vps_max_layer_id + 1U, vps.layer_id_included_flag[i])) {
+            return false;
+        }
+        for (unsigned int j = 0; j <= vps.vps_max_layer_id; ++j) {
+            walk.u(1, ELEMENT(vps, layer_id_included_flag)[i][j]);
+        }
+    }
+
+    walk.u(1, ELEMENT(vps, vps_timing_info_present_flag));
+    if (vps.vps_timing_info_present_flag) {
+        walk.u(32, ELEMENT(vps, vps_num_units_in_tick));
+        walk.u(32, ELEMENT(vps, vps_time_scale));
+        walk.u(1, ELEMENT(vps, vps_poc_proportional_to_timing_flag));
+        if (vps.vps_poc_proportional_to_timing_flag) {
+            walk.ue(ELEMENT(vps, vps_num_ticks_poc_diff_one_minus1));
+        }
+        walk.ue(ELEMENT(vps, vps_num_hrd_parameters));
+        if (vps.vps_num_hrd_parameters != 0 && !vps_hrd_parameters(walk, vps)) {
+            return false;
+        }
+    }
+
+    walk.u(1, ELEMENT(vps, vps_extension_flag));
+    if (vps.vps_extension_flag) {
+        while (walk.more_rbsp_data()) {
+            walk.skip(1, "vps_extension_data_flag");
+        }
+    }
+    walk.set(vps.valid, walk.rbsp_trailing_bits());
+    return vps.valid;
+}
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H265_H265_NAL_VPS_SYNTAX_H

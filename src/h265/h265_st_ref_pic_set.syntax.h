@@ -1,0 +1,97 @@
+#ifndef KOVRAN_SRC_H265_H265_ST_REF_PIC_SET_SYNTAX_H
+#define KOVRAN_SRC_H265_H265_ST_REF_PIC_SET_SYNTAX_H
+
+#include "h2645_common/element.h"
+
+namespace kovran {
+
+// The part of st_ref_pic_set() that predicts one set from another, clause 7.3.7.
+template <class Walker, class Set, class Sps, class Sets>
+[[nodiscard]] bool predicted_st_ref_pic_set(Walker& walk, Set& set, const Sps& sps,
+                                            unsigned int stRpsIdx, const Sets& sets) {
+    if (stRpsIdx == sps.num_short_term_ref_pic_sets) {
+        walk.ue(ELEMENT(set, delta_idx_minus1));
+    } else {
+        walk.set(set.delta_idx_minus1, 0);
+    }
+    walk.u(1, ELEMENT(set, delta_rps_sign));
+    walk.ue(ELEMENT(set, abs_delta_rps_minus1));
+    walk.set(set.RefRpsIdx, stRpsIdx - 1 - set.delta_idx_minus1);
+    const unsigned int absDeltaRps = set.abs_delta_rps_minus1 + 1;
+    walk.set(set.deltaRps, set.delta_rps_sign ? 0 - absDeltaRps : absDeltaRps);
+    if (set.RefRpsIdx >= sets.size()) {
+        return false;
+    }
+
+    walk.set(set.num_negative_pics, 0);
+    walk.set(set.num_positive_pics, 0);
+    // Copied, as the reference may be this record, or move when it grows.
+    const auto& reference = sets[set.RefRpsIdx];
+    const unsigned int reference_pics = reference.NumDeltaPocs;
+    const unsigned int reference_counts = reference.num_negative_pics + reference.num_positive_pics;
+    walk.set(set.NumDeltaPocs, reference_pics);
+    if (reference_pics < reference_counts ||
+        reference_pics > Walker::rules::max_pics_in_reference_set ||
+        !walk.grow(reference_pics + 1, set.use_delta_flag, set.used_by_curr_pic_flag)) {
+        return false;
+    }
+    for (unsigned int j = 0; j <= reference_pics; ++j) {
+        walk.u(1, ELEMENT(set, used_by_curr_pic_flag)[j]);
+        if (set.used_by_curr_pic_flag[j]) {
+            walk.set(set.use_delta_flag[j], true);
+        } else {
+            walk.u(1, ELEMENT(set, use_delta_flag)[j]);
+        }
+    }
+    Walker::rules::end_predicted_set(walk, set);
+    return true;
+}
+
+// st_ref_pic_set( stRpsIdx ), clause 7.3.7.
+template <class Walker, class Set, class Sps, class Sets>
+[[nodiscard]] bool st_ref_pic_set(Walker& walk, Set& set, const Sps& sps, unsigned int stRpsIdx,
+                                  const Sets& sets) {
+    walk.set(set.stRpsIdx, stRpsIdx);
+    walk.set(set.RefRpsIdx, stRpsIdx);
+    walk.set(set.NumDeltaPocs, 0);
+    walk.set(set.valid, false);
+
+    if (stRpsIdx == 0) {
+        walk.set(set.inter_ref_pic_set_prediction_flag, false);
+    } else {
+        walk.u(1, ELEMENT(set, inter_ref_pic_set_prediction_flag));
+    }
+    if (set.inter_ref_pic_set_prediction_flag) {
+        if (!predicted_st_ref_pic_set(walk, set, sps, stRpsIdx, sets)) {
+            return false;
+        }
+        walk.set(set.valid, true);
+        return true;
+    }
+
+    walk.ue(ELEMENT(set, num_negative_pics));
+    walk.ue(ELEMENT(set, num_positive_pics));
+    if (set.num_negative_pics > Walker::rules::max_pics_in_one_direction ||
+        !walk.grow(set.num_negative_pics, set.delta_poc_s0_minus1, set.used_by_curr_pic_s0_flag)) {
+        return false;
+    }
+    for (unsigned int i = 0; i < set.num_negative_pics; ++i) {
+        walk.ue(ELEMENT(set, delta_poc_s0_minus1)[i]);
+        walk.u(1, ELEMENT(set, used_by_curr_pic_s0_flag)[i]);
+    }
+    if (set.num_positive_pics > Walker::rules::max_pics_in_one_direction ||
+        !walk.grow(set.num_positive_pics, set.delta_poc_s1_minus1, set.used_by_curr_pic_s1_flag)) {
+        return false;
+    }
+    for (unsigned int i = 0; i < set.num_positive_pics; ++i) {
+        walk.ue(ELEMENT(set, delta_poc_s1_minus1)[i]);
+        walk.u(1, ELEMENT(set, used_by_curr_pic_s1_flag)[i]);
+    }
+    walk.set(set.NumDeltaPocs, set.num_negative_pics + set.num_positive_pics);
+    walk.set(set.valid, true);
+    return true;
+}
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H265_H265_ST_REF_PIC_SET_SYNTAX_H

@@ -1,0 +1,131 @@
+#ifndef KOVRAN_SRC_H265_H265_VUI_PARAMETERS_SYNTAX_H
+#define KOVRAN_SRC_H265_H265_VUI_PARAMETERS_SYNTAX_H
+
+#include "h2645_common/element.h"
+#include "h265/h265_hrd_parameters.syntax.h"
+
+#include <array>
+#include <cstddef>
+
+namespace kovran {
+
+struct sample_aspect_ratio {
+    unsigned short width;
+    unsigned short height;
+};
+
+// aspect_ratio_idc 0 to 16, table E.1.
+inline constexpr std::array<sample_aspect_ratio, 17> sample_aspect_ratios = {{
+    {0, 0},
+    {1, 1},
+    {12, 11},
+    {10, 11},
+    {16, 11},
+    {40, 33},
+    {24, 11},
+    {20, 11},
+    {32, 11},
+    {80, 33},
+    {18, 11},
+    {15, 11},
+    {64, 33},
+    {160, 99},
+    {4, 3},
+    {3, 2},
+    {2, 1},
+}};
+
+inline constexpr unsigned int extended_sar = 255;
+
+// vui_parameters(), clause E.2.1.
+template <class Walker, class Vui, class Sps>
+[[nodiscard]] bool vui_parameters(Walker& walk, Vui& vui, const Sps& sps) {
+    walk.set(vui.valid, false);
+
+    walk.u(1, ELEMENT(vui, aspect_ratio_info_present_flag));
+    if (vui.aspect_ratio_info_present_flag) {
+        walk.u(8, ELEMENT(vui, aspect_ratio_idc));
+        if (vui.aspect_ratio_idc == extended_sar) {
+            walk.set(vui.extended_sar_flag, true);
+            walk.u(16, ELEMENT(vui, sar_width));
+            walk.u(16, ELEMENT(vui, sar_height));
+        } else {
+            const bool reserved = vui.aspect_ratio_idc >= sample_aspect_ratios.size();
+            const auto ratio = sample_aspect_ratios[reserved ? 0 : vui.aspect_ratio_idc];
+            Walker::rules::end_extended_sar(walk, vui);
+            walk.set(vui.sar_width, ratio.width);
+            walk.set(vui.sar_height, ratio.height);
+        }
+    }
+
+    walk.u(1, ELEMENT(vui, overscan_info_present_flag));
+    if (vui.overscan_info_present_flag) {
+        walk.u(1, ELEMENT(vui, overscan_appropriate_flag));
+    }
+
+    walk.u(1, ELEMENT(vui, video_signal_type_present_flag));
+    if (vui.video_signal_type_present_flag) {
+        walk.u(3, ELEMENT(vui, video_format));
+        walk.u(1, ELEMENT(vui, video_full_range_flag));
+        walk.u(1, ELEMENT(vui, colour_description_present_flag));
+        if (vui.colour_description_present_flag) {
+            walk.u(8, ELEMENT(vui, colour_primaries));
+            walk.u(8, ELEMENT(vui, transfer_characteristics));
+            walk.u(8, ELEMENT(vui, matrix_coeffs));
+        }
+    }
+
+    walk.u(1, ELEMENT(vui, chroma_loc_info_present_flag));
+    if (vui.chroma_loc_info_present_flag) {
+        walk.ue(ELEMENT(vui, chroma_sample_loc_type_top_field));
+        walk.ue(ELEMENT(vui, chroma_sample_loc_type_bottom_field));
+    }
+
+    walk.u(1, ELEMENT(vui, neutral_chroma_indication_flag));
+    walk.u(1, ELEMENT(vui, field_seq_flag));
+    walk.u(1, ELEMENT(vui, frame_field_info_present_flag));
+
+    walk.u(1, ELEMENT(vui, default_display_window_flag));
+    if (vui.default_display_window_flag) {
+        walk.ue(ELEMENT(vui, def_disp_win_left_offset));
+        walk.ue(ELEMENT(vui, def_disp_win_right_offset));
+        walk.ue(ELEMENT(vui, def_disp_win_top_offset));
+        walk.ue(ELEMENT(vui, def_disp_win_bottom_offset));
+    }
+
+    walk.u(1, ELEMENT(vui, vui_timing_info_present_flag));
+    if (vui.vui_timing_info_present_flag) {
+        walk.u(32, ELEMENT(vui, vui_num_units_in_tick));
+        walk.u(32, ELEMENT(vui, vui_time_scale));
+        walk.u(1, ELEMENT(vui, vui_poc_proportional_to_timing_flag));
+        if (vui.vui_poc_proportional_to_timing_flag) {
+            walk.ue(ELEMENT(vui, vui_num_ticks_poc_diff_one_minus1));
+        }
+        walk.u(1, ELEMENT(vui, vui_hrd_parameters_present_flag));
+        if (vui.vui_hrd_parameters_present_flag &&
+            !walk.structure(ELEMENT(vui, hrd_parameters), [&](auto& hrd) {
+                return hrd_parameters(walk, hrd, /*commonInfPresentFlag=*/true,
+                                      sps.sps_max_sub_layers_minus1);
+            })) {
+            return false;
+        }
+    }
+
+    walk.u(1, ELEMENT(vui, bitstream_restriction_flag));
+    if (vui.bitstream_restriction_flag) {
+        walk.u(1, ELEMENT(vui, tiles_fixed_structure_flag));
+        walk.u(1, ELEMENT(vui, motion_vectors_over_pic_boundaries_flag));
+        walk.u(1, ELEMENT(vui, restricted_ref_pic_lists_flag));
+        walk.ue(ELEMENT(vui, min_spatial_segmentation_idc));
+        walk.ue(ELEMENT(vui, max_bytes_per_pic_denom));
+        walk.ue(ELEMENT(vui, max_bits_per_min_cu_denom));
+        walk.ue(ELEMENT(vui, log2_max_mv_length_horizontal));
+        walk.ue(ELEMENT(vui, log2_max_mv_length_vertical));
+    }
+    walk.set(vui.valid, true);
+    return true;
+}
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H265_H265_VUI_PARAMETERS_SYNTAX_H
