@@ -4,7 +4,7 @@
 #include <kovran/h2645_common/h2645_common_bitreader.h>
 
 #include "h2645_common/element.h"
-#include "h2645_common/try_resize.h"
+#include "h2645_common/resize.h"
 
 #include <cstddef>
 #include <type_traits>
@@ -69,6 +69,12 @@ public:
     template <class... Arrays>
     [[nodiscard]] bool grow(std::size_t count, Arrays&... arrays) {
         return try_resize(count, arrays...);
+    }
+
+    // Sizes arrays to a count that has no bound; throws when there is no memory.
+    template <class... Arrays>
+    void grow_or_throw(std::size_t count, Arrays&... arrays) {
+        resize_or_throw(count, arrays...);
     }
 
 private:

@@ -2,7 +2,7 @@
 #define KOVRAN_SRC_H265_H265_NAL_PPS_SYNTAX_H
 
 #include "h2645_common/element.h"
-#include "h2645_common/valid_entry.h"
+#include "h2645_common/store_lookup.h"
 #include "h265/h265_scaling_list_data.syntax.h"
 
 namespace kovran {
@@ -32,7 +32,7 @@ template <class Walker, class Pps, class SpsStore>
 
     walk.ue(ELEMENT(pps, pps_pic_parameter_set_id));
     walk.ue(ELEMENT(pps, pps_seq_parameter_set_id));
-    if (valid_entry(sps_store, pps.pps_seq_parameter_set_id) == nullptr) {
+    if (find_valid_entry(sps_store, pps.pps_seq_parameter_set_id) == nullptr) {
         return false;
     }
 

@@ -2,7 +2,7 @@
 #define KOVRAN_SRC_H265_H265_NAL_SPS_SYNTAX_H
 
 #include "h2645_common/element.h"
-#include "h2645_common/valid_entry.h"
+#include "h2645_common/store_lookup.h"
 #include "h265/h265_profile_tier_level.syntax.h"
 #include "h265/h265_scaling_list_data.syntax.h"
 #include "h265/h265_st_ref_pic_set.syntax.h"
@@ -16,7 +16,7 @@ template <class Walker, class Sps, class VpsStore>
     walk.set(sps.valid, false);
 
     walk.u(4, ELEMENT(sps, sps_video_parameter_set_id));
-    if (valid_entry(vps_store, sps.sps_video_parameter_set_id) == nullptr) {
+    if (find_valid_entry(vps_store, sps.sps_video_parameter_set_id) == nullptr) {
         return false;
     }
     walk.u(3, ELEMENT(sps, sps_max_sub_layers_minus1));

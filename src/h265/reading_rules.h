@@ -1,6 +1,9 @@
 #ifndef KOVRAN_SRC_H265_READING_RULES_H
 #define KOVRAN_SRC_H265_READING_RULES_H
 
+#include <algorithm>
+#include <cstddef>
+
 namespace kovran {
 
 // The places where kovran reads otherwise than the standard says, on purpose. A description asks
@@ -66,6 +69,76 @@ struct own_rules {
     static void end_predicted_set(Walker& walk, Set& set) {
         walk.set(set.NumDeltaPocs, set.num_negative_pics + set.num_positive_pics);
     }
+
+    // Slice segment headers.
+
+    // Differs from clauses 7.4.7.1 and 7.4.7.2, where it is Ceil(Log2(count)): the number of binary
+    // digits of a count that is not 0, one more when the count is a power of two.
+    static unsigned char index_width(unsigned int count) {
+        unsigned char digits = 0;
+        for (; count != 0; count >>= 1) {
+            ++digits;
+        }
+        return digits;
+    }
+
+    // Differs from clause 7.4.7.1, where the flag is 0 unless it is read: in the first segment of a
+    // picture it is what the record held.
+    template <class Slice>
+    static bool is_dependent(const Slice& slice) {
+        return slice.dependent_slice_segment_flag;
+    }
+
+    // Differs from clause 7.3.6.1: where the SPS has no long-term candidates, a slice cannot have
+    // long-term pictures of its own.
+    template <class Sps>
+    static bool can_read_long_term_pics(const Sps& sps) {
+        return sps.num_long_term_ref_pics_sps != 0;
+    }
+
+    // Differs from clause 7.3.6.1: not read unless long-term pictures are.
+    template <class Sps>
+    static bool has_temporal_mvp_flag(const Sps& sps) {
+        return sps.long_term_ref_pics_present_flag && sps.sps_temporal_mvp_enabled_flag;
+    }
+
+    // Differs from equation 7-55: the flags of the SPS are counted by the number of the long-term
+    // entry, for entries that the slice itself codes as well as for those that it takes from the
+    // SPS.
+    template <class Slice, class Sps>
+    static unsigned int count_long_term_pics(const Slice& slice, const Sps& sps) {
+        const auto& flags = sps.used_by_curr_pic_lt_sps_flag;
+        const std::size_t entries = slice.num_long_term_sps + slice.num_long_term_pics;
+        return static_cast<unsigned int>(std::count(
+            flags.begin(),
+            flags.begin() + static_cast<std::ptrdiff_t>(std::min(entries, flags.size())), true));
+    }
+
+    // SEI messages.
+
+    // Differs from clause D.2.3, which asks for both flags.
+    template <class Hrd>
+    static bool has_decoding_unit_info(const Hrd& hrd) {
+        return hrd.sub_pic_hrd_params_present_flag || hrd.sub_pic_cpb_params_in_pic_timing_sei_flag;
+    }
+
+    // Differs from clause D.3.2, where an absent irap_cpb_params_present_flag is 0: it is what the
+    // record held.
+    template <class Walker, class BufferingPeriod>
+    static void infer_irap_cpb_params_present_flag(Walker&, BufferingPeriod&) {}
+
+    // Differs from clause D.3.2, where it is that of the highest sub-layer: the CPB count of
+    // sub-layer 0.
+    template <class Hrd>
+    static unsigned int cpb_cnt_minus1(const Hrd& hrd) {
+        return hrd.cpb_cnt_minus1.front();
+    }
+
+    // Differs from clause D.3.3: as many as fit NumDecodingUnits, up to the picture's coding tree
+    // blocks.
+    static constexpr unsigned int max_decoding_units = 128;
+    // Differs from clause D.3.21: 16 SPS identifiers, and layer indices up to 62.
+    static constexpr unsigned int max_active_sps_ids = 128;
 };
 
 }  // namespace kovran

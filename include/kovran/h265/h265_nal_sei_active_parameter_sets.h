@@ -1,0 +1,36 @@
+#ifndef KOVRAN_H265_H265_NAL_SEI_ACTIVE_PARAMETER_SETS_H
+#define KOVRAN_H265_H265_NAL_SEI_ACTIVE_PARAMETER_SETS_H
+
+#include <kovran/export.h>
+#include <kovran/h2645_common/h2645_common_base_store.h>
+#include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_nal_vps.h>
+
+#include <vector>
+
+namespace kovran {
+
+// active_parameter_sets(), clause D.2.21.
+struct h265_nal_sei_active_parameter_sets {
+    unsigned char active_video_parameter_set_id = 0;        // u(4)
+    bool self_contained_cvs_flag = false;                   // u(1)
+    bool no_parameter_set_update_flag = false;              // u(1)
+    unsigned int num_sps_ids_minus1 = 0;                    // ue(v)
+    std::vector<unsigned int> active_seq_parameter_set_id;  // ue(v), num_sps_ids_minus1 + 1 entries
+    std::vector<unsigned int> layer_sps_idx;  // ue(v), vps_max_layers_minus1 + 1 entries
+
+    bool valid = false;  // the latest parse succeeded
+
+    // Reads one payload. Of the VPS vps_base_layer_internal_flag and vps_max_layers_minus1 are
+    // used; with the flag, entry 0 of layer_sps_idx is not in the stream. Nothing is inserted into
+    // `vps_store`.
+    //
+    // False, with `valid` false: the VPS is not in the store, num_sps_ids_minus1 is above 127, or
+    // there is no memory. What was read before stays.
+    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                                        h2645_common_base_store<h265_nal_vps>& vps_store);
+};
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H265_H265_NAL_SEI_ACTIVE_PARAMETER_SETS_H

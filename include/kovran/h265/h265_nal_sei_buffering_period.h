@@ -1,0 +1,58 @@
+#ifndef KOVRAN_H265_H265_NAL_SEI_BUFFERING_PERIOD_H
+#define KOVRAN_H265_H265_NAL_SEI_BUFFERING_PERIOD_H
+
+#include <kovran/export.h>
+#include <kovran/h2645_common/h2645_common_base_store.h>
+#include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_nal_sps.h>
+
+#include <vector>
+
+namespace kovran {
+
+// buffering_period(), clause D.2.2.
+struct h265_nal_sei_buffering_period {
+    unsigned int bp_seq_parameter_set_id = 0;   // ue(v)
+    bool irap_cpb_params_present_flag = false;  // u(1), unless sub_pic_hrd_params_present_flag
+    unsigned int cpb_delay_offset = 0;          // u(v), when irap_cpb_params_present_flag
+    unsigned int dpb_delay_offset = 0;          // u(v), likewise
+
+    bool concatenation_flag = false;                     // u(1)
+    unsigned int au_cpb_removal_delay_delta_minus1 = 0;  // u(v)
+
+    // CpbCnt entries, when NalHrdBpPresentFlag.
+    std::vector<unsigned int> nal_initial_cpb_removal_delay;       // u(v)
+    std::vector<unsigned int> nal_initial_cpb_removal_offset;      // u(v)
+    std::vector<unsigned int> nal_initial_alt_cpb_removal_delay;   // u(v)
+    std::vector<unsigned int> nal_initial_alt_cpb_removal_offset;  // u(v)
+
+    // CpbCnt entries, when VclHrdBpPresentFlag.
+    std::vector<unsigned int> vcl_initial_cpb_removal_delay;       // u(v)
+    std::vector<unsigned int> vcl_initial_cpb_removal_offset;      // u(v)
+    std::vector<unsigned int> vcl_initial_alt_cpb_removal_delay;   // u(v)
+    std::vector<unsigned int> vcl_initial_alt_cpb_removal_offset;  // u(v)
+
+    bool use_alt_cpb_params_flag = false;  // u(1), when use_alt_cpb_params_flag_present
+    unsigned int reserved_u32 = 0;         // 0
+
+    unsigned int CpbCnt = 0;                       // cpb_cnt_minus1[0] + 1
+    bool NalHrdBpPresentFlag = false;              // nal_hrd_parameters_present_flag of the SPS
+    bool VclHrdBpPresentFlag = false;              // vcl_hrd_parameters_present_flag of the SPS
+    bool use_alt_cpb_params_flag_present = false;  // the payload had it
+
+    bool valid = false;  // a parse has succeeded and no SPS was missing since
+
+    // Reads one payload; `reader` ends where the payload does. The HRD parameters in the VUI of the
+    // SPS are used as they stand: neither their presence flags nor `valid` of the SPS are looked
+    // at. Elements that are absent keep what their fields held.
+    //
+    // False, with `valid` false: the SPS is not in the store. False, with `valid` as it was (go by
+    // the return value): the SPS never had HRD parameters, cpb_cnt_minus1[0] is above 127, or there
+    // is no memory.
+    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                                        const h2645_common_base_store<h265_nal_sps>& sps_store);
+};
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H265_H265_NAL_SEI_BUFFERING_PERIOD_H

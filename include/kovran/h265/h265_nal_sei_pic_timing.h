@@ -1,0 +1,56 @@
+#ifndef KOVRAN_H265_H265_NAL_SEI_PIC_TIMING_H
+#define KOVRAN_H265_H265_NAL_SEI_PIC_TIMING_H
+
+#include <kovran/export.h>
+#include <kovran/h2645_common/h2645_common_base_store.h>
+#include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_nal_sps.h>
+
+#include <vector>
+
+namespace kovran {
+
+// pic_timing(), clause D.2.3.
+struct h265_nal_sei_pic_timing {
+    unsigned char pic_struct = 0;        // u(4), when frame_field_info_present_flag
+    unsigned char source_scan_type = 0;  // u(2), likewise
+    bool duplicate_flag = false;         // u(1), likewise
+
+    unsigned int au_cpb_removal_delay_minus1 = 0;  // u(v), when cpb_dpb_delays_present
+    unsigned int pic_dpb_output_delay = 0;         // u(v), likewise
+    unsigned int pic_dpb_output_du_delay = 0;      // u(v), when sub_pic_hrd_params_present_flag
+
+    // Decoding unit information; the arrays have num_decoding_units_minus1 + 1 entries.
+    unsigned int num_decoding_units_minus1 = 0;                     // ue(v)
+    bool du_common_cpb_removal_delay_flag = false;                  // u(1)
+    unsigned int du_common_cpb_removal_delay_increment_minus1 = 0;  // u(v), when that is set
+    std::vector<unsigned int> num_nalus_in_du_minus1;               // ue(v)
+    std::vector<unsigned int>
+        du_cpb_removal_delay_increment_minus1;  // u(v), unless common; not for the last
+
+    bool du_info_present = false;         // decoding unit information was read, ever
+    bool cpb_dpb_delays_present = false;  // CpbDpbDelaysPresentFlag
+
+    bool valid = false;  // a parse has succeeded and no active SPS was missing since
+
+    // Reads one payload, by the VUI and HRD parameters of `sps` as they stand: neither their
+    // presence flags nor `valid` are looked at. Elements that are absent keep what their fields
+    // held.
+    //
+    // False, with `valid` and du_info_present as they were (go by the return value):
+    // num_decoding_units_minus1 is above 127, or there is no memory.
+    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_nal_sps& sps);
+
+    // The same with the store's active SPS. False, with `valid` false, when there is none.
+    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                                        const h2645_common_base_store<h265_nal_sps>& store);
+
+    // pic_struct and source_scan_type in words, tables D.2 and D.3; "?" for reserved values, never
+    // null.
+    [[nodiscard]] KOVRAN_API const char* pic_struct_to_str() const;
+    [[nodiscard]] KOVRAN_API const char* source_scan_type_to_str() const;
+};
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H265_H265_NAL_SEI_PIC_TIMING_H

@@ -1,0 +1,96 @@
+#ifndef KOVRAN_H265_H265_SLICE_SEGMENT_HEADER_H
+#define KOVRAN_H265_H265_SLICE_SEGMENT_HEADER_H
+
+#include <kovran/export.h>
+#include <kovran/h2645_common/h2645_common_base_store.h>
+#include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_nal.h>
+#include <kovran/h265/h265_nal_pps.h>
+#include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_nal_vps.h>
+#include <kovran/h265/h265_ref_pic_lists_modification.h>
+#include <kovran/h265/h265_st_ref_pic_set.h>
+
+#include <vector>
+
+namespace kovran {
+
+// slice_segment_header(), clause 7.3.6.1, from its start to ref_pic_lists_modification(): what
+// tells which picture it belongs to, with which parameter sets, reference picture set and lists.
+struct h265_slice_segment_header {
+    bool first_slice_segment_in_pic_flag = false;  // u(1)
+    bool no_output_of_prior_pics_flag = false;     // u(1) for IRAP types, or false
+    unsigned int slice_pic_parameter_set_id = 0;   // ue(v)
+
+    bool dependent_slice_segment_flag = false;  // u(1), or false
+    unsigned int slice_segment_address = 0;     // u(v), unless first_slice_segment_in_pic_flag
+
+    unsigned int slice_type = 0;        // ue(v): 0 B, 1 P, 2 I
+    bool pic_output_flag = false;       // u(1), or true
+    unsigned char colour_plane_id = 0;  // u(2), when separate_colour_plane_flag
+
+    unsigned int slice_pic_order_cnt_lsb = 0;      // u(v), unless IDR
+    bool short_term_ref_pic_set_sps_flag = false;  // u(1), likewise
+    h265_st_ref_pic_set st_ref_pic_set;            // unless that flag is set
+    unsigned int short_term_ref_pic_set_idx = 0;   // u(v), when that flag is set
+
+    unsigned int num_long_term_sps = 0;   // ue(v), when num_long_term_ref_pics_sps
+    unsigned int num_long_term_pics = 0;  // ue(v), when long_term_ref_pics_present_flag
+    // num_long_term_sps + num_long_term_pics entries.
+    std::vector<unsigned int> lt_idx_sps;              // u(v)
+    std::vector<unsigned int> poc_lsb_lt;              // u(v)
+    std::vector<bool> used_by_curr_pic_lt_flag;        // u(1)
+    std::vector<bool> delta_poc_msb_present_flag;      // u(1)
+    std::vector<unsigned int> delta_poc_msb_cycle_lt;  // ue(v)
+
+    bool slice_temporal_mvp_enabled_flag = false;  // u(1), after long-term pictures only
+
+    bool slice_sao_luma_flag = false;    // u(1), when sample_adaptive_offset_enabled_flag
+    bool slice_sao_chroma_flag = false;  // u(1), likewise, unless ChromaArrayType is 0
+
+    bool num_ref_idx_active_override_flag = false;  // u(1), P and B
+    unsigned int num_ref_idx_l0_active_minus1 = 0;  // ue(v), or the PPS's default
+    unsigned int num_ref_idx_l1_active_minus1 = 0;  // ue(v), or the PPS's default
+
+    // When lists_modification_present_flag and NumPicTotalCurr is above 1.
+    h265_ref_pic_lists_modification ref_pic_lists_modification;
+
+    // Derived: the reference pictures that the current picture may use, and the short-term set in
+    // use.
+    unsigned int NumPicTotalCurr = 0;  // P and B, else 0
+    unsigned int CurrRpsIdx = 0;       // num_short_term_ref_pic_sets stands for st_ref_pic_set
+
+    bool valid = false;  // the latest parse succeeded
+
+    // Reads the header of a VCL NAL unit of the given type; `reader` stands right after the two NAL
+    // unit header bytes, and afterwards where reading stopped. That is after slice_segment_address
+    // in a dependent slice segment, before num_ref_idx_active_override_flag in an I slice, and
+    // after the list modification otherwise. Nothing is inserted into the stores. Elements that are
+    // absent keep what their fields held, so that in a record that is used again:
+    //
+    //  - a dependent_slice_segment_flag that an earlier parse left set ends this one as well, when
+    //  the
+    //    segment is the first of its picture;
+    //  - of the long-term arrays only entry 0 is cleared.
+    //
+    // False, with `valid` false: the PPS, its SPS or its VPS is not in the store (their `valid`
+    // does not matter); the SPS has no picture size or coding tree block size; st_ref_pic_set
+    // cannot be read; or the SPS allows long-term pictures and has num_long_term_ref_pics_sps 0.
+    //
+    // Throws std::bad_alloc or std::length_error when an array cannot grow: the long-term arrays,
+    // and the lists of the modification, have no bound in the syntax. More than 1,048,576 entries
+    // are refused that way before anything is allocated. `valid` is then false. A host that catches
+    // keeps its record; one that does not want this parses into a copy.
+    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                                        h2645_common_base_store<h265_nal_pps>& pps_store,
+                                        h2645_common_base_store<h265_nal_sps>& sps_store,
+                                        h2645_common_base_store<h265_nal_vps>& vps_store,
+                                        h265_nal_unit_type nal_unit_type);
+
+    // "B", "P" or "I" by slice_type, "?" for any other value; never null.
+    [[nodiscard]] KOVRAN_API const char* slice_type_to_str() const;
+};
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H265_H265_SLICE_SEGMENT_HEADER_H

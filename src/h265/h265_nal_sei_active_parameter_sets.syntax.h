@@ -1,0 +1,42 @@
+#ifndef KOVRAN_SRC_H265_H265_NAL_SEI_ACTIVE_PARAMETER_SETS_SYNTAX_H
+#define KOVRAN_SRC_H265_H265_NAL_SEI_ACTIVE_PARAMETER_SETS_SYNTAX_H
+
+#include "h2645_common/element.h"
+#include "h2645_common/store_lookup.h"
+
+namespace kovran {
+
+// active_parameter_sets(), clause D.2.21.
+template <class Walker, class ActiveSets, class VpsStore>
+[[nodiscard]] bool active_parameter_sets(Walker& walk, ActiveSets& active, VpsStore& vps_store) {
+    walk.set(active.valid, false);
+
+    walk.u(4, ELEMENT(active, active_video_parameter_set_id));
+    const auto* const vps = find_entry(vps_store, active.active_video_parameter_set_id);
+    if (vps == nullptr) {
+        return false;
+    }
+    walk.u(1, ELEMENT(active, self_contained_cvs_flag));
+    walk.u(1, ELEMENT(active, no_parameter_set_update_flag));
+    walk.ue(ELEMENT(active, num_sps_ids_minus1));
+    if (active.num_sps_ids_minus1 > Walker::rules::max_active_sps_ids - 1 ||
+        !walk.grow(active.num_sps_ids_minus1 + 1, active.active_seq_parameter_set_id)) {
+        return false;
+    }
+    for (unsigned int i = 0; i <= active.num_sps_ids_minus1; ++i) {
+        walk.ue(ELEMENT(active, active_seq_parameter_set_id)[i]);
+    }
+    if (!walk.grow(vps->vps_max_layers_minus1 + 1U, active.layer_sps_idx)) {
+        return false;
+    }
+    for (unsigned int i = vps->vps_base_layer_internal_flag ? 1 : 0;
+         i <= vps->vps_max_layers_minus1; ++i) {
+        walk.ue(ELEMENT(active, layer_sps_idx)[i]);
+    }
+    walk.set(active.valid, true);
+    return true;
+}
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H265_H265_NAL_SEI_ACTIVE_PARAMETER_SETS_SYNTAX_H

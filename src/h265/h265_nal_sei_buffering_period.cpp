@@ -1,0 +1,15 @@
+#include <kovran/h265/h265_nal_sei_buffering_period.h>
+
+#include "h2645_common/reading.h"
+#include "h265/h265_nal_sei_buffering_period.syntax.h"
+#include "h265/reading_rules.h"
+
+namespace kovran {
+
+bool h265_nal_sei_buffering_period::parse(h2645_common_bitreader& reader,
+                                          const h2645_common_base_store<h265_nal_sps>& sps_store) {
+    reading<own_rules> walk(reader);
+    return buffering_period(walk, *this, sps_store);
+}
+
+}  // namespace kovran

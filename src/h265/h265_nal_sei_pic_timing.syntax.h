@@ -1,0 +1,66 @@
+#ifndef KOVRAN_SRC_H265_H265_NAL_SEI_PIC_TIMING_SYNTAX_H
+#define KOVRAN_SRC_H265_H265_NAL_SEI_PIC_TIMING_SYNTAX_H
+
+#include "h2645_common/element.h"
+
+namespace kovran {
+
+// The decoding units of pic_timing(), clause D.2.3.
+template <class Walker, class PicTiming>
+[[nodiscard]] bool pic_timing_decoding_units(Walker& walk, PicTiming& timing,
+                                             unsigned char increment_bits) {
+    walk.set(timing.du_info_present, true);
+    walk.ue(ELEMENT(timing, num_decoding_units_minus1));
+    walk.u(1, ELEMENT(timing, du_common_cpb_removal_delay_flag));
+    if (timing.du_common_cpb_removal_delay_flag) {
+        walk.u_v(increment_bits, ELEMENT(timing, du_common_cpb_removal_delay_increment_minus1));
+    }
+    if (timing.num_decoding_units_minus1 > Walker::rules::max_decoding_units - 1 ||
+        !walk.grow(timing.num_decoding_units_minus1 + 1, timing.num_nalus_in_du_minus1,
+                   timing.du_cpb_removal_delay_increment_minus1)) {
+        return false;
+    }
+    for (unsigned int i = 0; i <= timing.num_decoding_units_minus1; ++i) {
+        walk.ue(ELEMENT(timing, num_nalus_in_du_minus1)[i]);
+        if (!timing.du_common_cpb_removal_delay_flag && i < timing.num_decoding_units_minus1) {
+            walk.u_v(increment_bits, ELEMENT(timing, du_cpb_removal_delay_increment_minus1)[i]);
+        }
+    }
+    return true;
+}
+
+// pic_timing(), clause D.2.3.
+template <class Walker, class PicTiming, class Sps>
+[[nodiscard]] bool pic_timing(Walker& walk, PicTiming& timing, const Sps& sps) {
+    const auto& hrd = sps.vui_parameters.hrd_parameters;
+    const auto bits = [](unsigned char length_minus1) {
+        return static_cast<unsigned char>(length_minus1 + 1);
+    };
+    if (sps.vui_parameters.frame_field_info_present_flag) {
+        walk.u(4, ELEMENT(timing, pic_struct));
+        walk.u(2, ELEMENT(timing, source_scan_type));
+        walk.u(1, ELEMENT(timing, duplicate_flag));
+    }
+    walk.set(timing.cpb_dpb_delays_present,
+             hrd.nal_hrd_parameters_present_flag || hrd.vcl_hrd_parameters_present_flag);
+    if (timing.cpb_dpb_delays_present) {
+        walk.u_v(bits(hrd.au_cpb_removal_delay_length_minus1),
+                 ELEMENT(timing, au_cpb_removal_delay_minus1));
+        walk.u_v(bits(hrd.dpb_output_delay_length_minus1), ELEMENT(timing, pic_dpb_output_delay));
+        if (hrd.sub_pic_hrd_params_present_flag) {
+            walk.u_v(bits(hrd.dpb_output_delay_du_length_minus1),
+                     ELEMENT(timing, pic_dpb_output_du_delay));
+        }
+        if (Walker::rules::has_decoding_unit_info(hrd) &&
+            !pic_timing_decoding_units(walk, timing,
+                                       bits(hrd.du_cpb_removal_delay_increment_length_minus1))) {
+            return false;
+        }
+    }
+    walk.set(timing.valid, true);
+    return true;
+}
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H265_H265_NAL_SEI_PIC_TIMING_SYNTAX_H

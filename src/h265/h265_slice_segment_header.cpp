@@ -1,0 +1,31 @@
+#include <kovran/h265/h265_slice_segment_header.h>
+
+#include "h2645_common/reading.h"
+#include "h265/h265_slice_segment_header.syntax.h"
+#include "h265/reading_rules.h"
+
+namespace kovran {
+
+bool h265_slice_segment_header::parse(h2645_common_bitreader& reader,
+                                      h2645_common_base_store<h265_nal_pps>& pps_store,
+                                      h2645_common_base_store<h265_nal_sps>& sps_store,
+                                      h2645_common_base_store<h265_nal_vps>& vps_store,
+                                      h265_nal_unit_type nal_unit_type) {
+    reading<own_rules> walk(reader);
+    return slice_segment_header(walk, *this, pps_store, sps_store, vps_store, nal_unit_type);
+}
+
+const char* h265_slice_segment_header::slice_type_to_str() const {
+    switch (slice_type) {
+        case slice_type_b:
+            return "B";
+        case slice_type_p:
+            return "P";
+        case slice_type_i:
+            return "I";
+        default:
+            return "?";
+    }
+}
+
+}  // namespace kovran

@@ -1,0 +1,221 @@
+#ifndef KOVRAN_SRC_H265_H265_SLICE_SEGMENT_HEADER_SYNTAX_H
+#define KOVRAN_SRC_H265_H265_SLICE_SEGMENT_HEADER_SYNTAX_H
+
+#include <kovran/h265/h265_nal.h>
+
+#include "h2645_common/element.h"
+#include "h2645_common/store_lookup.h"
+#include "h265/h265_ref_pic_lists_modification.syntax.h"
+#include "h265/h265_st_ref_pic_set.syntax.h"
+#include "h265/slice_type.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+namespace kovran {
+
+// PicSizeInCtbsY, equations 7-10 to 7-19, in 32 bits; 0 when the SPS's sizes make no sense.
+template <class Sps>
+[[nodiscard]] unsigned int pic_size_in_ctbs(const Sps& sps) {
+    const unsigned int CtbLog2SizeY = sps.log2_min_luma_coding_block_size_minus3 + 3 +
+                                      sps.log2_diff_max_min_luma_coding_block_size;
+    if (CtbLog2SizeY >= 32) {
+        return 0;
+    }
+    const unsigned int CtbSizeY = 1U << CtbLog2SizeY;
+    const auto in_ctbs = [CtbSizeY](unsigned int samples) {
+        return samples / CtbSizeY + (samples % CtbSizeY != 0 ? 1 : 0);
+    };
+    return in_ctbs(sps.pic_width_in_luma_samples) * in_ctbs(sps.pic_height_in_luma_samples);
+}
+
+// The long-term pictures of slice_segment_header(), clause 7.3.6.1.
+template <class Walker, class Slice, class Sps>
+[[nodiscard]] bool slice_long_term_pics(Walker& walk, Slice& slice, const Sps& sps,
+                                        unsigned char lsb_bits) {
+    if (sps.num_long_term_ref_pics_sps > 0) {
+        walk.ue(ELEMENT(slice, num_long_term_sps));
+    }
+    walk.ue(ELEMENT(slice, num_long_term_pics));
+    const unsigned int entries = slice.num_long_term_sps + slice.num_long_term_pics;
+    walk.grow_or_throw(entries, slice.lt_idx_sps, slice.poc_lsb_lt, slice.used_by_curr_pic_lt_flag,
+                       slice.delta_poc_msb_present_flag, slice.delta_poc_msb_cycle_lt);
+    if (entries != 0) {
+        walk.set(slice.lt_idx_sps[0], 0);
+        walk.set(slice.poc_lsb_lt[0], 0);
+        walk.set(slice.used_by_curr_pic_lt_flag[0], false);
+        walk.set(slice.delta_poc_msb_present_flag[0], false);
+        walk.set(slice.delta_poc_msb_cycle_lt[0], 0);
+    }
+    if (!Walker::rules::can_read_long_term_pics(sps)) {
+        return false;
+    }
+    for (unsigned int i = 0; i < entries; ++i) {
+        if (i < slice.num_long_term_sps) {
+            if (sps.num_long_term_ref_pics_sps > 1) {
+                walk.u_v(Walker::rules::index_width(sps.num_long_term_ref_pics_sps),
+                         ELEMENT(slice, lt_idx_sps)[i]);
+            }
+        } else {
+            walk.u_v(lsb_bits, ELEMENT(slice, poc_lsb_lt)[i]);
+            walk.u(1, ELEMENT(slice, used_by_curr_pic_lt_flag)[i]);
+        }
+        walk.u(1, ELEMENT(slice, delta_poc_msb_present_flag)[i]);
+        if (slice.delta_poc_msb_present_flag[i]) {
+            walk.ue(ELEMENT(slice, delta_poc_msb_cycle_lt)[i]);
+        }
+    }
+    return true;
+}
+
+// What slice_segment_header() has of reference pictures unless the picture is IDR, clause 7.3.6.1.
+template <class Walker, class Slice, class Sps>
+[[nodiscard]] bool slice_ref_pic_sets(Walker& walk, Slice& slice, const Sps& sps) {
+    const auto lsb_bits = static_cast<unsigned char>(sps.log2_max_pic_order_cnt_lsb_minus4 + 4);
+    walk.u_v(lsb_bits, ELEMENT(slice, slice_pic_order_cnt_lsb));
+    walk.u(1, ELEMENT(slice, short_term_ref_pic_set_sps_flag));
+    if (!slice.short_term_ref_pic_set_sps_flag) {
+        if (!walk.structure(ELEMENT(slice, st_ref_pic_set), [&](auto& set) {
+                return st_ref_pic_set(walk, set, sps, sps.num_short_term_ref_pic_sets,
+                                      sps.st_ref_pic_set);
+            })) {
+            return false;
+        }
+    } else {
+        if (sps.num_short_term_ref_pic_sets > 1) {
+            walk.u_v(Walker::rules::index_width(sps.num_short_term_ref_pic_sets),
+                     ELEMENT(slice, short_term_ref_pic_set_idx));
+        }
+        walk.set(slice.CurrRpsIdx, slice.short_term_ref_pic_set_idx);
+    }
+    if (sps.long_term_ref_pics_present_flag && !slice_long_term_pics(walk, slice, sps, lsb_bits)) {
+        return false;
+    }
+    if (Walker::rules::has_temporal_mvp_flag(sps)) {
+        walk.u(1, ELEMENT(slice, slice_temporal_mvp_enabled_flag));
+    }
+    return true;
+}
+
+// The pictures of one direction of a short-term set that the current picture may use. The counts of
+// a set whose parse failed can be larger than its arrays.
+inline unsigned int count_used_pics(unsigned int num_pics,
+                                    const std::vector<bool>& used_by_curr_pic) {
+    const auto end = used_by_curr_pic.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(
+                                                    num_pics, used_by_curr_pic.size()));
+    return static_cast<unsigned int>(std::count(used_by_curr_pic.begin(), end, true));
+}
+
+template <class Set>
+[[nodiscard]] unsigned int count_short_term_pics(const Set& set) {
+    return count_used_pics(set.num_negative_pics, set.used_by_curr_pic_s0_flag) +
+           count_used_pics(set.num_positive_pics, set.used_by_curr_pic_s1_flag);
+}
+
+// NumPicTotalCurr, equation 7-55. An SPS whose parse failed can have fewer sets than its count
+// says.
+template <class Walker, class Slice, class Sps>
+[[nodiscard]] unsigned int num_pic_total_curr(const Slice& slice, const Sps& sps) {
+    unsigned int pics = Walker::rules::count_long_term_pics(slice, sps);
+    if (slice.CurrRpsIdx >= sps.num_short_term_ref_pic_sets) {
+        pics += count_short_term_pics(slice.st_ref_pic_set);
+    } else if (slice.CurrRpsIdx < sps.st_ref_pic_set.size()) {
+        pics += count_short_term_pics(sps.st_ref_pic_set[slice.CurrRpsIdx]);
+    }
+    return pics;
+}
+
+// slice_segment_header(), clause 7.3.6.1, up to ref_pic_lists_modification().
+template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsStore>
+[[nodiscard]] bool slice_segment_header(Walker& walk, Slice& slice, PpsStore& pps_store,
+                                        SpsStore& sps_store, VpsStore& vps_store,
+                                        h265_nal_unit_type nal_unit_type) {
+    walk.set(slice.valid, false);
+
+    walk.u(1, ELEMENT(slice, first_slice_segment_in_pic_flag));
+    if (nal_unit_type >= BLA_W_LP && nal_unit_type <= RSV_IRAP_VCL23) {
+        walk.u(1, ELEMENT(slice, no_output_of_prior_pics_flag));
+    } else {
+        walk.set(slice.no_output_of_prior_pics_flag, false);
+    }
+    walk.ue(ELEMENT(slice, slice_pic_parameter_set_id));
+    const auto* const pps = find_entry(pps_store, slice.slice_pic_parameter_set_id);
+    if (pps == nullptr) {
+        return false;
+    }
+    const auto* const sps = find_entry(sps_store, pps->pps_seq_parameter_set_id);
+    if (sps == nullptr || find_entry(vps_store, sps->sps_video_parameter_set_id) == nullptr) {
+        return false;
+    }
+    walk.set(slice.NumPicTotalCurr, 0);
+    walk.set(slice.CurrRpsIdx, sps->num_short_term_ref_pic_sets);
+    walk.set(slice.num_ref_idx_l0_active_minus1, pps->num_ref_idx_l0_default_active_minus1);
+    walk.set(slice.num_ref_idx_l1_active_minus1, pps->num_ref_idx_l1_default_active_minus1);
+
+    if (!slice.first_slice_segment_in_pic_flag) {
+        if (pps->dependent_slice_segments_enabled_flag) {
+            walk.u(1, ELEMENT(slice, dependent_slice_segment_flag));
+        } else {
+            walk.set(slice.dependent_slice_segment_flag, false);
+        }
+        const unsigned int PicSizeInCtbsY = pic_size_in_ctbs(*sps);
+        if (PicSizeInCtbsY == 0) {
+            return false;
+        }
+        walk.u_v(Walker::rules::index_width(PicSizeInCtbsY), ELEMENT(slice, slice_segment_address));
+    }
+    if (Walker::rules::is_dependent(slice)) {
+        walk.set(slice.valid, true);
+        return true;
+    }
+
+    for (unsigned int i = 0; i < pps->num_extra_slice_header_bits; ++i) {
+        walk.skip(1, "slice_reserved_flag", i);
+    }
+    walk.ue(ELEMENT(slice, slice_type));
+    if (pps->output_flag_present_flag) {
+        walk.u(1, ELEMENT(slice, pic_output_flag));
+    } else {
+        walk.set(slice.pic_output_flag, true);
+    }
+    if (sps->separate_colour_plane_flag) {
+        walk.u(2, ELEMENT(slice, colour_plane_id));
+    }
+    if (nal_unit_type != IDR_W_RADL && nal_unit_type != IDR_N_LP &&
+        !slice_ref_pic_sets(walk, slice, *sps)) {
+        return false;
+    }
+
+    if (sps->sample_adaptive_offset_enabled_flag) {
+        walk.u(1, ELEMENT(slice, slice_sao_luma_flag));
+        if (!sps->separate_colour_plane_flag && sps->chroma_format_idc != 0) {
+            walk.u(1, ELEMENT(slice, slice_sao_chroma_flag));
+        }
+    }
+    if (slice.slice_type > slice_type_p) {
+        walk.set(slice.valid, true);
+        return true;
+    }
+
+    walk.u(1, ELEMENT(slice, num_ref_idx_active_override_flag));
+    if (slice.num_ref_idx_active_override_flag) {
+        walk.ue(ELEMENT(slice, num_ref_idx_l0_active_minus1));
+        if (slice.slice_type == slice_type_b) {
+            walk.ue(ELEMENT(slice, num_ref_idx_l1_active_minus1));
+        }
+    }
+    walk.set(slice.NumPicTotalCurr, num_pic_total_curr<Walker>(slice, *sps));
+    if (pps->lists_modification_present_flag && slice.NumPicTotalCurr > 1 &&
+        !walk.structure(ELEMENT(slice, ref_pic_lists_modification), [&](auto& lists) {
+            return ref_pic_lists_modification(walk, lists, slice);
+        })) {
+        return false;
+    }
+    walk.set(slice.valid, true);
+    return true;
+}
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H265_H265_SLICE_SEGMENT_HEADER_SYNTAX_H
