@@ -33,8 +33,9 @@ struct element {
 };
 
 template <class Field>
-[[nodiscard]] constexpr element<Field&> named(const char* name, Field& field) {
-    return {name, field, {}};
+[[nodiscard]] constexpr element<Field&> named(const char* name, Field& field,
+                                              element_indices indices = {}) {
+    return {name, field, indices};
 }
 
 }  // namespace kovran

@@ -48,6 +48,13 @@ public:
         reader.skip(width);
     }
 
+    // All extension data flags: whatever stands before the trailing bits.
+    void extension_data(const char* /*name*/) {
+        while (more_rbsp_data()) {
+            reader.skip(1);
+        }
+    }
+
     void align() { reader.align(); }
     [[nodiscard]] bool more_rbsp_data() { return h2645_common_more_rbsp_data(reader); }
     [[nodiscard]] bool rbsp_trailing_bits() { return h2645_common_skip_rbsp_trailing_bits(reader); }

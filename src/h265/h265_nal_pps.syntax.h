@@ -98,9 +98,7 @@ template <class Walker, class Pps, class SpsStore>
 
     walk.u(1, ELEMENT(pps, pps_extension_present_flag));
     if (pps.pps_extension_present_flag) {
-        while (walk.more_rbsp_data()) {
-            walk.skip(1, "pps_extension_data_flag");
-        }
+        walk.extension_data("pps_extension_data_flag");
     }
     walk.set(pps.valid, walk.rbsp_trailing_bits());
     return pps.valid;

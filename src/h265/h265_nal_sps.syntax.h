@@ -131,9 +131,7 @@ template <class Walker, class Sps, class VpsStore>
 
     walk.u(1, ELEMENT(sps, sps_extension_flag));
     if (sps.sps_extension_flag) {
-        while (walk.more_rbsp_data()) {
-            walk.skip(1, "sps_extension_data_flag");
-        }
+        walk.extension_data("sps_extension_data_flag");
     }
     walk.set(sps.valid, walk.rbsp_trailing_bits());
     return sps.valid;

@@ -98,9 +98,7 @@ template <class Walker, class Vps>
 
     walk.u(1, ELEMENT(vps, vps_extension_flag));
     if (vps.vps_extension_flag) {
-        while (walk.more_rbsp_data()) {
-            walk.skip(1, "vps_extension_data_flag");
-        }
+        walk.extension_data("vps_extension_data_flag");
     }
     walk.set(vps.valid, walk.rbsp_trailing_bits());
     return vps.valid;

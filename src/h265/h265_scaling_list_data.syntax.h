@@ -41,7 +41,8 @@ template <class Walker, class ScalingLists>
             }
             for (unsigned int i = 0; i < coefNum; ++i) {
                 int scaling_list_delta_coef = 0;
-                walk.se(named("scaling_list_delta_coef", scaling_list_delta_coef));
+                walk.se(named("scaling_list_delta_coef", scaling_list_delta_coef,
+                              {{sizeId, matrixId, i}, 3}));
                 nextCoef = (nextCoef + static_cast<unsigned int>(scaling_list_delta_coef)) & 0xFFU;
                 walk.set(coefficients[i], nextCoef);
             }

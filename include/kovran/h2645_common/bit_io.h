@@ -23,7 +23,9 @@ struct data_source_memory_alt1 {
     }
 
     void advance(std::size_t count) {
-        current = reinterpret_cast<Pointer>(address(current) + count * sizeof(Value));
+        const std::uintptr_t place = address(current) + count * sizeof(Value);
+        // Pointer arithmetic ends one past the range, and this has to go on.
+        current = reinterpret_cast<Pointer>(place);  // NOLINT(performance-no-int-to-ptr)
     }
 
     static std::uintptr_t address(Pointer position) {
