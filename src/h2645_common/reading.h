@@ -19,26 +19,32 @@ class reading {
 public:
     using rules = Rules;
 
-    explicit reading(h2645_common_bitreader& source) : reader(source) {}
+    // Takes the reader's state over, and gives it back at the end. A reference would be one more
+    // load at every element.
+    explicit reading(h2645_common_bitreader& source) : reader(source), source_(source) {}
+    reading(const reading&) = delete;
+    reading& operator=(const reading&) = delete;
+    ~reading() { source_ = reader; }
 
-    // Descriptors of clause 7.2. u_v is u(v), a width that comes from the stream.
+    // Descriptors of clause 7.2. u_v is u(v), a width that comes from the stream. They are inlined
+    // at every element, however many a description has, so that known widths stay constants.
     template <class Field>
-    void u(unsigned char width, element<Field> target) {
+    [[gnu::always_inline]] void u(unsigned char width, element<Field> target) {
         store(target, reader.get<unsigned int>(width));
     }
 
     template <class Field>
-    void u_v(unsigned char width, element<Field> target) {
+    [[gnu::always_inline]] void u_v(unsigned char width, element<Field> target) {
         store(target, reader.get_wide(width));
     }
 
     template <class Field>
-    void ue(element<Field> target) {
+    [[gnu::always_inline]] void ue(element<Field> target) {
         store(target, reader.ue());
     }
 
     template <class Field>
-    void se(element<Field> target) {
+    [[gnu::always_inline]] void se(element<Field> target) {
         target.field = reader.se();
     }
 
@@ -61,7 +67,8 @@ public:
 
     // A structure inside this one: `walk_fields` walks the record that it is given.
     template <class Record, class WalkFields>
-    [[nodiscard]] bool structure(element<Record> nested, WalkFields&& walk_fields) {
+    [[nodiscard, gnu::always_inline]] bool structure(element<Record> nested,
+                                                     WalkFields&& walk_fields) {
         return std::forward<WalkFields>(walk_fields)(nested.field);
     }
 
@@ -74,7 +81,7 @@ public:
 
     // Sizes arrays to a count that has been compared with its bound; false when there is no memory.
     template <class... Arrays>
-    [[nodiscard]] bool grow(std::size_t count, Arrays&... arrays) {
+    [[nodiscard, gnu::always_inline]] bool grow(std::size_t count, Arrays&... arrays) {
         return try_resize(count, arrays...);
     }
 
@@ -84,6 +91,9 @@ public:
         resize_or_throw(count, arrays...);
     }
 
+protected:
+    h2645_common_bitreader reader;
+
 private:
     template <class Field>
     static void store(element<Field>& target, unsigned int value) {
@@ -92,7 +102,7 @@ private:
         target.field = static_cast<value_type>(value);
     }
 
-    h2645_common_bitreader& reader;
+    h2645_common_bitreader& source_;
 };
 
 }  // namespace kovran

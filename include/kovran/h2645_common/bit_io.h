@@ -59,19 +59,14 @@ struct reader : Reservoir, Source {
     static constexpr unsigned char widest_get = word_bits - 7;
 
     // The next n bits as an unsigned value: u(n) and f(n), clause 7.2. n = 0 reads nothing and
-    // gives 0; for n above 25 see get_wide.
+    // gives 0; for n above 25 see get_wide. Inlined everywhere, where the tests of a known n
+    // vanish.
     template <class Result>
-    Result get(unsigned char n) {
+    [[gnu::always_inline]] Result get(unsigned char n) {
         if (n > widest_get) {
             return static_cast<Result>(get_wide(n));
         }
-        if (n == 0) {
-            return 0;
-        }
-        refill();
-        const auto value = static_cast<Result>(reservoir >> (word_bits - n));
-        consume(n);
-        return value;
+        return n == 0 ? Result{0} : static_cast<Result>(take(n));
     }
 
     // Any width, in pieces of 25 bits: 0 gives 0, and of more than 32 bits all are consumed and the
@@ -79,10 +74,10 @@ struct reader : Reservoir, Source {
     unsigned int get_wide(unsigned char n) {
         unsigned int value = 0;
         while (n >= widest_get) {
-            value = value << widest_get | get<unsigned int>(widest_get);
+            value = value << widest_get | take(widest_get);
             n = static_cast<unsigned char>(n - widest_get);
         }
-        return value << n | get<unsigned int>(n);
+        return n == 0 ? value : value << n | take(n);
     }
 
     // Passes over n bits, at the same cost for any n.
@@ -120,9 +115,17 @@ struct reader : Reservoir, Source {
     }
 
 protected:
+    // The next n bits, 1 to 25 of them.
+    [[gnu::always_inline]] unsigned int take(unsigned char n) {
+        refill();
+        const unsigned int value = reservoir >> (word_bits - n);
+        consume(n);
+        return value;
+    }
+
     // Feeds whole bytes while there is room for one: afterwards 25 to 32 bits of the stream stand
     // in the reservoir.
-    void refill() {
+    [[gnu::always_inline]] void refill() {
         while (vacant >= 8) {
             vacant = static_cast<unsigned char>(vacant - 8);
             reservoir |= decltype(reservoir){Source::template next<Reservoir::padding>()} << vacant;
@@ -130,7 +133,7 @@ protected:
     }
 
     // Drops n bits of those that refill() has brought in; n is below the width of the word.
-    void consume(unsigned int n) {
+    [[gnu::always_inline]] void consume(unsigned int n) {
         reservoir <<= n;
         vacant = static_cast<unsigned char>(vacant + n);
     }
