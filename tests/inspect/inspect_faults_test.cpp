@@ -1,0 +1,201 @@
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <vector>
+
+#include "byte_string.h"
+#include "program.h"
+
+namespace kovran::test {
+namespace {
+
+outcome nals_of(const std::string& stream, const std::string& format) {
+    return program({"nals", "-", "--json", "--format", format}).input(stream).run();
+}
+
+using list = std::vector<nlohmann::json>;
+
+// The objects of the lines, without those fields of units that other tests hold.
+list stretches(const outcome& result) {
+    list all;
+    std::size_t begin = 0;
+    for (std::size_t end = 0; (end = result.out.find('\n', begin)) != std::string::npos;
+         begin = end + 1) {
+        nlohmann::json line = nlohmann::json::parse(result.out.substr(begin, end - begin));
+        for (const char* const field :
+             {"name", "nal_unit_type", "nuh_layer_id", "nuh_temporal_id_plus1", "prefix"}) {
+            line.erase(field);
+        }
+        all.push_back(line);
+    }
+    return all;
+}
+
+nlohmann::json unit(int index, int offset, int size) {
+    return {{"index", index}, {"offset", offset}, {"size", size}};
+}
+
+nlohmann::json unit(int index, int offset, int size, const std::vector<std::string>& faults) {
+    return {{"index", index}, {"offset", offset}, {"size", size}, {"faults", faults}};
+}
+
+nlohmann::json no_unit(int offset, int size, const std::vector<std::string>& faults) {
+    return {{"offset", offset}, {"size", size}, {"faults", faults}};
+}
+
+void expect_faults(const outcome& result, const list& expected) {
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(stretches(result), expected);
+    std::string messages;
+    for (const nlohmann::json& line : expected) {
+        for (const nlohmann::json& fault : line.value("faults", nlohmann::json::array())) {
+            messages += "kovran: standard input: ";
+            if (line.contains("index")) {
+                messages += "unit " + line.at("index").dump() + ' ';
+            }
+            messages += "at " + line.at("offset").dump() + ": " + fault.get<std::string>() + '\n';
+        }
+    }
+    EXPECT_EQ(result.err, messages);
+}
+
+TEST(InspectFaults, BytesBeforeTheFirstStartCode) {
+    expect_faults(
+        nals_of(bytes("aabb 000001 40010c"), "annexb"),
+        {no_unit(0, 2, {"bytes before the first NAL unit that belong to none: 2"}), unit(0, 5, 3)});
+}
+
+TEST(InspectFaults, ZeroBytesAroundThemAreFine) {
+    const outcome result = nals_of(bytes("0000 aa 00 000001 40010c"), "annexb");
+    expect_faults(
+        result,
+        {no_unit(2, 1, {"bytes before the first NAL unit that belong to none: 1"}), unit(0, 7, 3)});
+    EXPECT_NE(result.out.find("\"prefix\":4"), std::string::npos);
+    EXPECT_EQ(nals_of(bytes("0000000000 000001 40010c"), "annexb").status, 0);
+}
+
+TEST(InspectFaults, ForbiddenZeroBitInsideTheUnitBefore) {
+    expect_faults(
+        nals_of(bytes("000001 40010c 000001 c0010d 000001 420101"), "annexb"),
+        {unit(0, 3, 9, {"start code at 6 passed over, as forbidden_zero_bit is 1 after it"}),
+         unit(1, 15, 3)});
+}
+
+TEST(InspectFaults, ForbiddenZeroBitsAreCounted) {
+    expect_faults(nals_of(bytes("000001 4001 000001 c001 000001 c001 000001 c001"), "annexb"),
+                  {unit(0, 3, 17,
+                        {"start code at 5 passed over, as forbidden_zero_bit is 1 after it "
+                         "(and 2 more)"})});
+}
+
+TEST(InspectFaults, ForbiddenZeroBitBeforeTheFirstUnit) {
+    expect_faults(nals_of(bytes("000001 c0010d 000001 4001"), "annexb"),
+                  {no_unit(2, 4,
+                           {"bytes before the first NAL unit that belong to none: 4",
+                            "start code at 0 passed over, as forbidden_zero_bit is 1 after it"}),
+                   unit(0, 9, 2)});
+}
+
+TEST(InspectFaults, OnlyForbiddenZeroBits) {
+    expect_faults(
+        nals_of(bytes("000001 c0010d0e0f"), "annexb"),
+        {no_unit(2, 2, {"start code at 0 passed over, as forbidden_zero_bit is 1 after it"}),
+         no_unit(0, 0, {"no NAL unit found"})});
+}
+
+TEST(InspectFaults, SequencesThatDoNotOccurInAUnit) {
+    expect_faults(nals_of(bytes("000001 4001 000002 05"), "annexb"),
+                  {unit(0, 3, 6, {"00 00 02 inside, at 5"})});
+    expect_faults(nals_of(bytes("000001 4001 00000005 000002"), "annexb"),
+                  {unit(0, 3, 9, {"00 00 00 inside, at 5 (and 1 more)"})});
+    EXPECT_EQ(nals_of(bytes("000001 4001 00000300000305"), "annexb").status, 0);
+}
+
+TEST(InspectFaults, StartCodeMadeOfAHeader) {
+    expect_faults(nals_of(bytes("000001 0000 01 05"), "annexb"),
+                  {unit(0, 3, 4, {"nuh_temporal_id_plus1 is 0", "00 00 01 inside, at 3"})});
+}
+
+TEST(InspectFaults, TemporalIdOfNone) {
+    expect_faults(nals_of(bytes("000001 4000 0c"), "annexb"),
+                  {unit(0, 3, 3, {"nuh_temporal_id_plus1 is 0"})});
+    const outcome text = program({"nals", "-"}).input(bytes("000001 4000 0c")).run();
+    EXPECT_NE(text.out.find("   -1\n"), std::string::npos);
+}
+
+TEST(InspectFaults, StartCodeAtTheEnd) {
+    const char fault[] = "start code at the end, without a whole NAL unit header";
+    expect_faults(nals_of(bytes("000001 40010c 000001"), "annexb"),
+                  {unit(0, 3, 3), no_unit(6, 3, {fault})});
+    expect_faults(nals_of(bytes("000001 40010c 00000001 42"), "annexb"),
+                  {unit(0, 3, 3), no_unit(7, 4, {fault})});
+    expect_faults(nals_of(bytes("000001 4001 000001"), "annexb"),
+                  {unit(0, 3, 2), no_unit(5, 3, {fault})});
+    expect_faults(nals_of(bytes("000001 40"), "annexb"),
+                  {no_unit(0, 4, {fault}), no_unit(0, 0, {"no NAL unit found"})});
+}
+
+TEST(InspectFaults, NoUnitAtAll) {
+    for (const char* const format : {"annexb", "length8", "length16", "length24", "length32"}) {
+        SCOPED_TRACE(format);
+        expect_faults(nals_of("", format), {no_unit(0, 0, {"no NAL unit found"})});
+    }
+    expect_faults(nals_of("no video", "annexb"), {no_unit(0, 0, {"no NAL unit found"})});
+    expect_faults(nals_of(std::string(100, '\0'), "annexb"),
+                  {no_unit(0, 0, {"no NAL unit found"})});
+}
+
+TEST(InspectFaults, LengthOfZero) {
+    const char fault[] = "length of 0, behind which nothing can be read";
+    expect_faults(nals_of(bytes("0003 40010c 0000 0003 42010c"), "length16"),
+                  {unit(0, 2, 3), no_unit(5, 2, {fault})});
+    expect_faults(nals_of(bytes("00000000 000340010c"), "length32"),
+                  {no_unit(0, 4, {fault}), no_unit(0, 0, {"no NAL unit found"})});
+}
+
+TEST(InspectFaults, LengthOfOne) {
+    expect_faults(nals_of(bytes("01 40 03 42010c"), "length8"),
+                  {no_unit(0, 2, {"length of 1, which leaves no room for a NAL unit header"}),
+                   unit(0, 3, 3)});
+}
+
+TEST(InspectFaults, UnitCutShort) {
+    expect_faults(nals_of(bytes("000003 40010c 00ffff 42010101"), "length24"),
+                  {unit(0, 3, 3), unit(1, 9, 4, {"cut short, 4 of 65535 bytes are there"})});
+    expect_faults(nals_of(bytes("ffffffff 4001"), "length32"),
+                  {unit(0, 4, 2, {"cut short, 2 of 4294967295 bytes are there"})});
+}
+
+TEST(InspectFaults, ForbiddenZeroBitAfterALength) {
+    const char fault[] = "NAL unit passed over, as its forbidden_zero_bit is 1";
+    expect_faults(nals_of(bytes("0003 c0010c 0002 4001"), "length16"),
+                  {no_unit(0, 5, {fault}), unit(0, 7, 2)});
+    expect_faults(nals_of(bytes("0002 4001 00ff c0010c"), "length16"),
+                  {unit(0, 2, 2), no_unit(4, 5, {fault})});
+}
+
+TEST(InspectFaults, BytesLeftOver) {
+    expect_faults(
+        nals_of(bytes("0003 40010c 000342"), "length16"),
+        {unit(0, 2, 3),
+         no_unit(5, 3, {"too few bytes at the end for a length and a NAL unit header: 3"})});
+}
+
+TEST(InspectFaults, SequencesInsideALengthPrefixedUnit) {
+    expect_faults(nals_of(bytes("08 4001 000001 c00102"), "length8"),
+                  {unit(0, 1, 8, {"00 00 01 inside, at 3"})});
+    expect_faults(nals_of(bytes("05 4001 000000"), "length8"),
+                  {unit(0, 1, 5, {"00 00 00 inside, at 3"})});
+}
+
+TEST(InspectFaults, AreToldOfUnitsThatAreNotShown) {
+    const std::string stream = bytes("000001 4000 000001 4201 05");
+    const outcome result = program({"nals", "-", "--type", "33"}).input(stream).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "kovran: standard input: unit 0 at 3: nuh_temporal_id_plus1 is 0\n");
+    EXPECT_EQ(result.out.find("VPS_NUT"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kovran::test

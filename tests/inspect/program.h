@@ -1,0 +1,59 @@
+#ifndef KOVRAN_TESTS_INSPECT_PROGRAM_H
+#define KOVRAN_TESTS_INSPECT_PROGRAM_H
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace kovran::test {
+
+// What a run of the program left behind.
+struct outcome {
+    int status = 0;               // the exit status, or 128 and the signal that ended the program
+    std::string out;              // standard output
+    std::string err;              // standard error
+    std::size_t peak_memory = 0;  // resident, in bytes
+};
+
+// A run of the program kovran.
+class program {
+public:
+    explicit program(std::vector<std::string> arguments) : arguments_(std::move(arguments)) {}
+
+    // Through a pipe; without one, standard input is empty.
+    program& input(std::string_view contents);
+    // As the other, written by a function that is false once it has no more.
+    program& input(std::function<bool(std::string& piece)> next_piece);
+    program& input_from(const std::string& path);
+    program& output_to(const std::string& path);
+    program& environment(std::string variable);
+    program& address_space(std::size_t bytes);
+    program& output_on_terminal();
+    program& errors_on_terminal();
+    program& without_descriptor(int number);
+
+    [[nodiscard]] outcome run() const;
+
+private:
+    [[noreturn]] void become_program(int in, int out, int err) const;
+
+    std::vector<std::string> arguments_;
+    std::vector<std::string> environment_;
+    std::function<bool(std::string&)> next_piece_;
+    std::string input_path_;
+    std::string output_path_;
+    std::size_t address_space_ = 0;
+    bool output_on_terminal_ = false;
+    bool errors_on_terminal_ = false;
+    int closed_ = -1;
+};
+
+// kovran with these arguments and nothing else.
+[[nodiscard]] outcome run(std::vector<std::string> arguments);
+
+}  // namespace kovran::test
+
+#endif  // KOVRAN_TESTS_INSPECT_PROGRAM_H

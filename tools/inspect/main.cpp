@@ -1,0 +1,52 @@
+#include "bus_error.h"
+#include "command_line.h"
+#include "copy.h"
+#include "exit_status.h"
+#include "message.h"
+#include "output.h"
+#include "show_info.h"
+#include "show_nals.h"
+#include "show_syntax.h"
+#include "standard_streams.h"
+
+#include <exception>
+#include <new>
+#include <variant>
+
+namespace kovran::inspect {
+namespace {
+
+struct runner {
+    exit_status operator()(const text_to_show& shown) const {
+        output out(file_descriptor::standard_output());
+        out.write(shown.text);
+        out.finish();
+        return status_read;
+    }
+    exit_status operator()(const nals_options& options) const { return show_nals(options); }
+    exit_status operator()(const copy_options& options) const { return copy(options); }
+    exit_status operator()(const syntax_options& options) const { return show_syntax(options); }
+    exit_status operator()(const info_options& options) const { return show_info(options); }
+};
+
+exit_status run(int argc, const char* const* argv) noexcept {
+    try {
+        return std::visit(runner{}, parse_command_line(argc, argv));
+    } catch (const std::bad_alloc&) {
+        write_message("kovran: not enough memory\n");
+    } catch (const std::exception& reason) {
+        write_message("kovran: ");
+        write_message(reason.what());
+        write_message("\n");
+    }
+    return status_failed;
+}
+
+}  // namespace
+}  // namespace kovran::inspect
+
+int main(int argc, char** argv) {
+    kovran::inspect::reserve_standard_streams();
+    kovran::inspect::report_bus_errors();
+    return kovran::inspect::run(argc, argv);
+}

@@ -1,0 +1,19 @@
+#ifndef KOVRAN_TOOLS_INSPECT_MEANING_H
+#define KOVRAN_TOOLS_INSPECT_MEANING_H
+
+#include "trace_sink.h"
+
+#include <string>
+
+namespace kovran::inspect {
+
+// What an element's value stands for, by the tables of the standard; empty where there is no table.
+[[nodiscard]] std::string meaning_of(const traced_element& element);
+
+// Bits that say nothing about the stream's content: trailing bits, and the lengths and types of SEI
+// messages, which are known by other names.
+[[nodiscard]] bool is_framing(const traced_element& element);
+
+}  // namespace kovran::inspect
+
+#endif  // KOVRAN_TOOLS_INSPECT_MEANING_H

@@ -1,0 +1,106 @@
+#include "show_syntax.h"
+
+#include "input.h"
+#include "output.h"
+#include "progress.h"
+#include "report.h"
+#include "stream_walk.h"
+#include "syntax_json.h"
+#include "syntax_tree.h"
+#include "trace_lines.h"
+
+#include <memory>
+
+#include <fmt/format.h>
+
+namespace kovran::inspect {
+namespace {
+
+// For units that are read but not shown.
+class no_output : public stream_sink {
+public:
+    void begin_structure(const indexed_name&) override {}
+    void end_structure() override {}
+    void read(const traced_element&) override {}
+    void begin_message(const h265_nal_sei_reader&) override {}
+    void opaque_payload(const h265_nal_sei_reader&) override {}
+    void end_message() override {}
+};
+
+std::string heading(const nal_unit& unit) {
+    return fmt::format("{}: {}, {} bytes, layer {}, temporal id {}\n", place_of(unit),
+                       type_name(unit.header.nal_unit_type), unit.size, unit.header.nuh_layer_id,
+                       unit.header.nuh_temporal_id_plus1 - 1);
+}
+
+std::string as_json(const nal_unit& unit, const nlohmann::ordered_json& syntax) {
+    nlohmann::ordered_json line;
+    line["schema"] = "kovran-dump-1";
+    line["index"] = unit.index;
+    line["offset"] = unit.offset;
+    line["size"] = unit.size;
+    line["nal_unit_type"] = static_cast<unsigned int>(unit.header.nal_unit_type);
+    line["name"] = type_name(unit.header.nal_unit_type);
+    line["nuh_layer_id"] = unit.header.nuh_layer_id;
+    line["nuh_temporal_id_plus1"] = unit.header.nuh_temporal_id_plus1;
+    line["syntax"] = syntax;
+    if (!unit.faults.empty()) {
+        line["faults"] = unit.faults;
+    }
+    return line.dump() + '\n';
+}
+
+std::string shown(stream_walk& walk, nal_unit& unit, syntax_style style) {
+    switch (style) {
+        case syntax_style::tree: {
+            syntax_tree tree;
+            walk.read(unit, tree);
+            return heading(unit) + tree.text() + '\n';
+        }
+        case syntax_style::json: {
+            syntax_json json;
+            walk.read(unit, json);
+            return as_json(unit, json.root());
+        }
+        case syntax_style::trace:
+            break;
+    }
+    trace_lines trace(walk.payload());
+    walk.read(unit, trace);
+    return heading(unit) + trace.text();
+}
+
+}  // namespace
+
+exit_status show_syntax(const syntax_options& options) {
+    const std::unique_ptr<input> stream = open_input(options.file);
+    stream_walk walk(*stream, options.format);
+    output lines(file_descriptor::standard_output());
+    progress shown_progress(*stream);
+    report faults(stream->file().name(), lines, shown_progress);
+
+    nal_unit unit;
+    std::uint64_t count = 0;
+    while (count < options.limit && walk.next(unit)) {
+        const bool selected = unit.readable && options.types.test(unit.header.nal_unit_type) &&
+                              options.nal.value_or(unit.index) == unit.index;
+        if (selected) {
+            shown_progress.clear();
+            lines.write(shown(walk, unit, options.style));
+            ++count;
+        } else {
+            no_output nothing;
+            walk.read(unit, nothing);
+        }
+        faults.tell_faults(unit);
+        shown_progress.show(unit.offset);
+        if (options.nal == unit.index && unit.readable) {
+            break;
+        }
+    }
+    shown_progress.clear();
+    lines.finish();
+    return faults.status();
+}
+
+}  // namespace kovran::inspect
