@@ -1,3 +1,4 @@
+#include "address_space.h"
 #include "bus_error.h"
 #include "command_line.h"
 #include "copy.h"
@@ -48,5 +49,6 @@ exit_status run(int argc, const char* const* argv) noexcept {
 int main(int argc, char** argv) {
     kovran::inspect::reserve_standard_streams();
     kovran::inspect::report_bus_errors();
+    kovran::inspect::cap_address_space();
     return kovran::inspect::run(argc, argv);
 }

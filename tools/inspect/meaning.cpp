@@ -69,6 +69,12 @@ constexpr std::array<std::string_view, 5> framing = {
 
 }  // namespace
 
+bool is_extension_data(const traced_element& element) {
+    constexpr std::string_view ending = "_extension_data_flag";
+    const std::string_view name = element.name.name;
+    return name.size() > ending.size() && name.substr(name.size() - ending.size()) == ending;
+}
+
 std::string meaning_of(const traced_element& element) {
     const auto table = std::find_if(
         tables.begin(), tables.end(),

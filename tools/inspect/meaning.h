@@ -14,6 +14,9 @@ namespace kovran::inspect {
 // messages, which are known by other names.
 [[nodiscard]] bool is_framing(const traced_element& element);
 
+// The bits of an extension, which are told of as one element without a value.
+[[nodiscard]] bool is_extension_data(const traced_element& element);
+
 }  // namespace kovran::inspect
 
 #endif  // KOVRAN_TOOLS_INSPECT_MEANING_H

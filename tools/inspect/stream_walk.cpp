@@ -24,6 +24,10 @@ namespace {
 
 using tracing_walk = tracing<own_rules>;
 
+// Clauses 7.4.3.2.1 and 7.4.3.3.1. They also bound what the stores can grow to.
+constexpr unsigned int highest_sps_id = 15;
+constexpr unsigned int highest_pps_id = 63;
+
 unsigned int bits_before(const unsigned char* begin, const unsigned char* place) {
     return static_cast<unsigned int>(8 * (place - begin));
 }
@@ -107,7 +111,11 @@ void stream_walk::read_sps(nal_unit& unit, stream_sink& sink) {
     auto& sps = record_.emplace<h265_nal_sps>();
     h2645_common_bitreader reader = rbsp_.reader();
     tracing_walk walk(reader, sink);
-    if (seq_parameter_set_rbsp(walk, sps, vps_store_)) {
+    const bool read = seq_parameter_set_rbsp(walk, sps, vps_store_);
+    if (read && sps.sps_seq_parameter_set_id > highest_sps_id) {
+        unit.faults.push_back(fmt::format("SPS {} has an identifier above {}",
+                                          sps.sps_seq_parameter_set_id, highest_sps_id));
+    } else if (read) {
         sps_store_[sps.sps_seq_parameter_set_id] = sps;
         if (sps_store_.active_id == sps_store_.no_id) {
             sps_store_.active_id = sps.sps_seq_parameter_set_id;
@@ -124,7 +132,11 @@ void stream_walk::read_pps(nal_unit& unit, stream_sink& sink) {
     auto& pps = record_.emplace<h265_nal_pps>();
     h2645_common_bitreader reader = rbsp_.reader();
     tracing_walk walk(reader, sink);
-    if (pic_parameter_set_rbsp(walk, pps, sps_store_)) {
+    const bool read = pic_parameter_set_rbsp(walk, pps, sps_store_);
+    if (read && pps.pps_pic_parameter_set_id > highest_pps_id) {
+        unit.faults.push_back(fmt::format("PPS {} has an identifier above {}",
+                                          pps.pps_pic_parameter_set_id, highest_pps_id));
+    } else if (read) {
         pps_store_[pps.pps_pic_parameter_set_id] = pps;
     } else if (lacks(sps_store_, pps.pps_seq_parameter_set_id)) {
         unit.faults.push_back(

@@ -19,7 +19,7 @@ void syntax_json::end_structure() {
 }
 
 void syntax_json::read(const traced_element& read_element) {
-    if (!is_framing(read_element)) {
+    if (!is_framing(read_element) && !is_extension_data(read_element)) {
         at(read_element.name) = read_element.value;
     }
 }

@@ -42,6 +42,11 @@ void syntax_tree::read(const traced_element& read_element) {
     if (is_framing(read_element)) {
         return;
     }
+    if (is_extension_data(read_element)) {
+        end_run();
+        line(to_string(read_element.name), {}, fmt::format("{} bits", read_element.width));
+        return;
+    }
     if (!run_values_.empty() && continues(run_begin_, run_end_, read_element.name)) {
         run_values_ += fmt::format(" {}", read_element.value);
         run_meaning_.clear();

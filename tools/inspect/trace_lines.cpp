@@ -1,6 +1,7 @@
 #include "trace_lines.h"
 
 #include "hexadecimal.h"
+#include "meaning.h"
 #include "sei_name.h"
 
 #include <iterator>
@@ -25,9 +26,11 @@ void trace_lines::end_structure() {
 }
 
 void trace_lines::read(const traced_element& read_element) {
+    const std::string value =
+        is_extension_data(read_element) ? "not read" : fmt::format("{}", read_element.value);
     fmt::format_to(std::back_inserter(text_), line, place(read_element.bit), read_element.bit,
                    read_element.width, path_ + to_string(read_element.name),
-                   read_element.descriptor, read_element.value);
+                   read_element.descriptor, value);
 }
 
 void trace_lines::begin_message(const h265_nal_sei_reader& message) {

@@ -1,0 +1,91 @@
+#include <kovran/kovran.h>
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <new>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// What a host keeps of a stream: its parameter sets.
+struct stream_state {
+    kovran::h2645_common_base_store<kovran::h265_nal_vps> vps;
+    kovran::h2645_common_base_store<kovran::h265_nal_sps> sps;
+    kovran::h2645_common_base_store<kovran::h265_nal_pps> pps;
+};
+
+// Parsed afresh, and stored only when all of it could be read: a broken repetition of a parameter
+// set leaves the good one in force.
+void read_unit(stream_state& state, const kovran::h265_nal& nal,
+               kovran::h2645_common_bitreader bits) {
+    switch (nal.nal_unit_type) {
+        case kovran::VPS_NUT: {
+            kovran::h265_nal_vps vps;
+            vps.cprms_present_flag.assign(1, true);  // read the first HRD structure in full
+            if (vps.parse(bits)) {
+                state.vps[vps.vps_video_parameter_set_id] = std::move(vps);
+            }
+            break;
+        }
+        case kovran::SPS_NUT: {
+            kovran::h265_nal_sps sps;
+            if (sps.parse(bits, state.vps)) {
+                state.sps[sps.sps_seq_parameter_set_id] = std::move(sps);
+            }
+            break;
+        }
+        case kovran::PPS_NUT: {
+            kovran::h265_nal_pps pps;
+            if (pps.parse(bits, state.sps)) {
+                state.pps[pps.pps_pic_parameter_set_id] = std::move(pps);
+            }
+            break;
+        }
+        default:
+            break;
+    }
+    if (nal.nal_unit_type > kovran::RSV_VCL31) {
+        return;
+    }
+    kovran::h265_slice_segment_header slice;
+    try {
+        if (slice.parse(bits, state.pps, state.sps, state.vps, nal.nal_unit_type) &&
+            slice.first_slice_segment_in_pic_flag) {
+            std::printf("%s slice, order count %u: %s\n", slice.slice_type_to_str(),
+                        slice.slice_pic_order_cnt_lsb,
+                        kovran::h265_nal_unit_type_to_str(nal.nal_unit_type));
+        }
+    } catch (const std::bad_alloc&) {
+        std::printf("a slice segment header asks for too much memory\n");
+    }
+}
+
+}  // namespace
+
+// Lists the pictures of an Annex B stream.
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        return 2;
+    }
+    std::ifstream file(argv[1], std::ios::binary);
+    std::vector<unsigned char> stream(std::istreambuf_iterator<char>(file), {});
+    unsigned char* const end = stream.data() + stream.size();
+
+    stream_state state;
+    std::vector<unsigned char> rbsp;
+    kovran::h265_nal_reader next(kovran::nalfmt_annex_b);
+    next.scan(stream.data(), end);
+    while (next.found) {
+        kovran::h265_nal_reader unit = next;
+        next.scan(next.cursor, end);
+        unsigned char* const unit_end = next.found ? next.frame_begin - next.zero_count : end;
+
+        rbsp.resize(static_cast<std::size_t>(unit_end - unit.payload_begin));
+        const std::size_t size = unit.block_decode(rbsp.data(), rbsp.size());
+        if (unit.nal.nuh_layer_id == 0) {
+            read_unit(state, unit.nal, {rbsp.data(), rbsp.data() + size});
+        }
+    }
+}
