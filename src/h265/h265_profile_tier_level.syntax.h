@@ -79,14 +79,9 @@ template <class Walker, class ProfileTierLevel>
         return false;
     }
     for (unsigned int i = 0; i < maxNumSubLayersMinus1; ++i) {
-        const auto walk_present_flags = [&walk](auto& layer) {
-            walk.u(1, ELEMENT(layer, profile_present_flag));
-            walk.u(1, ELEMENT(layer, level_present_flag));
-            return true;
-        };
-        if (!walk.structure(ELEMENT(ptl, sub_layers)[i], walk_present_flags)) {
-            return false;
-        }
+        auto& layer = ptl.sub_layers[i];
+        walk.u(1, named("sub_layer_profile_present_flag", layer.profile_present_flag, {{i}, 1}));
+        walk.u(1, named("sub_layer_level_present_flag", layer.level_present_flag, {{i}, 1}));
     }
     if (maxNumSubLayersMinus1 > 0) {
         for (unsigned int i = maxNumSubLayersMinus1; i < 8; ++i) {
