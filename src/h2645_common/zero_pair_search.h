@@ -214,6 +214,9 @@ struct block {
 // read is still in the nearest cache for the copy.
 inline block next_block(const unsigned char* data, std::size_t size) {
     constexpr std::size_t longest = 4096;
+    if (size >= 3 && data[0] == 0 && data[1] == 0 && data[2] <= 3) {
+        return {0, before::pair};  // they often follow one upon the other
+    }
     const std::size_t looked_at = size <= longest + 2 ? size : longest + 2;
     const unsigned char* const match = find<reserved>(data, data + looked_at);
     if (match != nullptr) {
