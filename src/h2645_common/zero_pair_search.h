@@ -92,10 +92,14 @@ struct sse2 {
 
     template <class Third>
     static int first_match(const unsigned char* p) {
+        const int pairs = zero_bytes(pair(p));
+        if (pairs == 0) {
+            return -1;
+        }
         const __m128i mask = _mm_set1_epi8(static_cast<char>(Third::mask));
         const __m128i value = _mm_set1_epi8(static_cast<char>(Third::value));
         const __m128i third = _mm_xor_si128(_mm_and_si128(load(p + 2), mask), value);
-        const int matches = zero_bytes(_mm_or_si128(pair(p), third));
+        const int matches = pairs & zero_bytes(third);
         return matches != 0 ? __builtin_ctz(static_cast<unsigned int>(matches)) : -1;
     }
 };
@@ -125,10 +129,14 @@ struct avx2 {
 
     template <class Third>
     KOVRAN_AVX2 static int first_match(const unsigned char* p) {
+        const int pairs = zero_bytes(pair(p));
+        if (pairs == 0) {
+            return -1;
+        }
         const __m256i mask = _mm256_set1_epi8(static_cast<char>(Third::mask));
         const __m256i value = _mm256_set1_epi8(static_cast<char>(Third::value));
         const __m256i third = _mm256_xor_si256(_mm256_and_si256(load(p + 2), mask), value);
-        const int matches = zero_bytes(_mm256_or_si256(pair(p), third));
+        const int matches = pairs & zero_bytes(third);
         return matches != 0 ? __builtin_ctz(static_cast<unsigned int>(matches)) : -1;
     }
 };
