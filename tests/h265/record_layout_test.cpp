@@ -1,0 +1,87 @@
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <vector>
+
+#include "support/record_fields.h"
+
+namespace kovran {
+namespace {
+
+// The names and types of the fields are held by test::fields_of, which compiles only where they
+// fit.
+template <class Record>
+class RecordLayout : public testing::Test {};
+
+using parsed_records = testing::Types<h265_profile_tier_level::layer_t, h265_profile_tier_level,
+                                      h265_nal_sub_layer_hrd_parameters, h265_hrd_parameters,
+                                      h265_nal_vps, h265_scaling_list_data, h265_st_ref_pic_set,
+                                      h265_vui_parameters, h265_nal_sps, h265_nal_pps>;
+TYPED_TEST_SUITE(RecordLayout, parsed_records, );
+
+std::size_t aligned(std::size_t offset, std::size_t alignment) {
+    return (offset + alignment - 1) / alignment * alignment;
+}
+
+template <class Record>
+void expect_listed_fields() {
+    const Record record{};
+    const auto* const start = reinterpret_cast<const unsigned char*>(&record);
+    std::size_t end = 0;
+    test::for_each_field(record, [&](const char* name, const auto& field) {
+        const auto offset =
+            static_cast<std::size_t>(reinterpret_cast<const unsigned char*>(&field) - start);
+        EXPECT_EQ(offset, aligned(end, alignof(decltype(field)))) << name;
+        end = offset + sizeof(field);
+    });
+    EXPECT_EQ(aligned(end, alignof(Record)), sizeof(Record));
+}
+
+template <class Value>
+bool zero_and_empty(const Value& value) {
+    if constexpr (test::is_record<Value>::value) {
+        bool all = true;
+        test::for_each_field(value, [&](const char* /*name*/, const auto& field) {
+            all = all && zero_and_empty(field);
+        });
+        return all;
+    } else if constexpr (std::is_arithmetic_v<Value>) {
+        return value == 0;
+    } else {
+        return value.empty();
+    }
+}
+
+TYPED_TEST(RecordLayout, IsThatOfAnAggregate) {
+    static_assert(std::is_aggregate_v<TypeParam>);
+    static_assert(std::is_copy_assignable_v<TypeParam>);
+    static_assert(std::is_nothrow_move_assignable_v<TypeParam>);
+}
+
+TYPED_TEST(RecordLayout, HasTheListedFieldsInTheirOrderAndNoOthers) {
+    expect_listed_fields<TypeParam>();
+}
+
+TYPED_TEST(RecordLayout, EndsWithValid) {
+    constexpr auto list = test::fields_of<TypeParam>::list;
+    constexpr auto last = std::get<std::tuple_size_v<decltype(list)> - 1>(list);
+    static_assert(std::string_view(last.name) == "valid");
+}
+
+TYPED_TEST(RecordLayout, IsZeroAndEmptyAtFirst) {
+    const TypeParam record;
+    test::for_each_field(record, [](const char* name, const auto& field) {
+        EXPECT_TRUE(zero_and_empty(field)) << name;
+    });
+}
+
+TEST(RecordLayoutOfALevel, HasTheListedFieldsInTheirOrderAndNoOthers) {
+    static_assert(std::is_aggregate_v<h265_profile::level_decomposed>);
+    expect_listed_fields<h265_profile::level_decomposed>();
+}
+
+}  // namespace
+}  // namespace kovran

@@ -1,0 +1,421 @@
+#ifndef KOVRAN_TESTS_SUPPORT_RECORD_FIELDS_H
+#define KOVRAN_TESTS_SUPPORT_RECORD_FIELDS_H
+
+#include <kovran/h265/h265_hrd_parameters.h>
+#include <kovran/h265/h265_nal_pps.h>
+#include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_nal_sub_layer_hrd_parameters.h>
+#include <kovran/h265/h265_nal_vps.h>
+#include <kovran/h265/h265_profile.h>
+#include <kovran/h265/h265_profile_tier_level.h>
+#include <kovran/h265/h265_scaling_list_data.h>
+#include <kovran/h265/h265_st_ref_pic_set.h>
+#include <kovran/h265/h265_vui_parameters.h>
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <vector>
+
+// The fields of the parameter set records, in their order and with their types, as hosts rely on
+// them; and a comparison of whole records that goes by these lists.
+namespace kovran::test {
+
+template <class Record, class Type>
+struct record_field {
+    const char* name;
+    Type Record::*member;
+};
+
+// Compiles only for a member of exactly this type.
+template <class Type, class Record>
+constexpr record_field<Record, Type> field(const char* name, Type Record::*member) {
+    return {name, member};
+}
+
+template <class Record>
+struct fields_of;  // has a tuple `list` of record_field
+
+struct field_types {
+    using u8 = unsigned char;
+    using u16 = unsigned short;
+    using u32 = unsigned int;
+    using i32 = int;
+    template <class Element>
+    using array = std::vector<Element>;
+    using bits = std::vector<bool>;
+};
+
+#define FIELD(type, name) field<type>(#name, &record::name)
+
+// One field a line.
+// clang-format off
+template <>
+struct fields_of<h265_profile::level_decomposed> : field_types {
+    using record = h265_profile::level_decomposed;
+    static constexpr auto list = std::make_tuple(
+        FIELD(u8, major),
+        FIELD(u8, minor),
+        FIELD(u8, remainder));
+};
+
+template <>
+struct fields_of<h265_profile_tier_level::layer_t> : field_types {
+    using record = h265_profile_tier_level::layer_t;
+    static constexpr auto list = std::make_tuple(
+        FIELD(bits, profile_compatibility_flag),
+        FIELD(u8, profile_space),
+        FIELD(u8, profile_idc),
+        FIELD(u8, level_idc),
+        FIELD(bool, progressive_source_flag),
+        FIELD(bool, interlaced_source_flag),
+        FIELD(bool, non_packed_constraint_flag),
+        FIELD(bool, frame_only_constraint_flag),
+        FIELD(bool, max_12bit_constraint_flag),
+        FIELD(bool, max_10bit_constraint_flag),
+        FIELD(bool, max_8bit_constraint_flag),
+        FIELD(bool, max_422chroma_constraint_flag),
+        FIELD(bool, max_420chroma_constraint_flag),
+        FIELD(bool, max_monochrome_constraint_flag),
+        FIELD(bool, intra_constraint_flag),
+        FIELD(bool, one_picture_only_constraint_flag),
+        FIELD(bool, lower_bit_rate_constraint_flag),
+        FIELD(bool, max_14bit_constraint_flag),
+        FIELD(bool, inbld_flag),
+        FIELD(bool, tier_flag),
+        FIELD(bool, profile_present_flag),
+        FIELD(bool, level_present_flag),
+        FIELD(bool, valid));
+};
+
+template <>
+struct fields_of<h265_profile_tier_level> : field_types {
+    using record = h265_profile_tier_level;
+    static constexpr auto list = std::make_tuple(
+        FIELD(h265_profile_tier_level::layer_t, general),
+        FIELD(array<h265_profile_tier_level::layer_t>, sub_layers),
+        FIELD(bool, valid));
+};
+
+template <>
+struct fields_of<h265_nal_sub_layer_hrd_parameters> : field_types {
+    using record = h265_nal_sub_layer_hrd_parameters;
+    static constexpr auto list = std::make_tuple(
+        FIELD(u32, subLayerId),
+        FIELD(u32, cpb_count),
+        FIELD(array<u32>, bit_rate_value_minus1),
+        FIELD(array<u32>, cpb_size_value_minus1),
+        FIELD(array<u32>, cpb_size_du_value_minus1),
+        FIELD(array<u32>, bit_rate_du_value_minus1),
+        FIELD(bits, cbr_flag),
+        FIELD(bool, valid));
+};
+
+template <>
+struct fields_of<h265_hrd_parameters> : field_types {
+    using record = h265_hrd_parameters;
+    static constexpr auto list = std::make_tuple(
+        FIELD(bool, commonInfPresentFlag),
+        FIELD(u32, maxNumSubLayersMinus1),
+        FIELD(bool, nal_hrd_parameters_present_flag),
+        FIELD(bool, vcl_hrd_parameters_present_flag),
+        FIELD(bool, sub_pic_hrd_params_present_flag),
+        FIELD(u8, tick_divisor_minus2),
+        FIELD(u8, du_cpb_removal_delay_increment_length_minus1),
+        FIELD(bool, sub_pic_cpb_params_in_pic_timing_sei_flag),
+        FIELD(u8, dpb_output_delay_du_length_minus1),
+        FIELD(u8, bit_rate_scale),
+        FIELD(u8, cpb_size_scale),
+        FIELD(u8, cpb_size_du_scale),
+        FIELD(u8, initial_cpb_removal_delay_length_minus1),
+        FIELD(u8, au_cpb_removal_delay_length_minus1),
+        FIELD(u8, dpb_output_delay_length_minus1),
+        FIELD(bits, fixed_pic_rate_general_flag),
+        FIELD(bits, fixed_pic_rate_within_cvs_flag),
+        FIELD(array<u32>, elemental_duration_in_tc_minus1),
+        FIELD(bits, low_delay_hrd_flag),
+        FIELD(array<u32>, cpb_cnt_minus1),
+        FIELD(array<h265_nal_sub_layer_hrd_parameters>, nal_sub_layer_hrd),
+        FIELD(array<h265_nal_sub_layer_hrd_parameters>, vcl_sub_layer_hrd),
+        FIELD(bool, valid));
+};
+
+template <>
+struct fields_of<h265_nal_vps> : field_types {
+    using record = h265_nal_vps;
+    static constexpr auto list = std::make_tuple(
+        FIELD(u8, vps_video_parameter_set_id),
+        FIELD(bool, vps_base_layer_internal_flag),
+        FIELD(bool, vps_base_layer_available_flag),
+        FIELD(u8, vps_max_layers_minus1),
+        FIELD(u8, vps_max_sub_layers_minus1),
+        FIELD(bool, vps_temporal_id_nesting_flag),
+        FIELD(u16, vps_reserved_0xffff_16bits),
+        FIELD(h265_profile_tier_level, profile_tier_level),
+        FIELD(bool, vps_sub_layer_ordering_info_present_flag),
+        FIELD(array<u32>, vps_max_dec_pic_buffering_minus1),
+        FIELD(array<u32>, vps_max_num_reorder_pics),
+        FIELD(array<u32>, vps_max_latency_increase_plus1),
+        FIELD(u8, vps_max_layer_id),
+        FIELD(u32, vps_num_layer_sets_minus1),
+        FIELD(array<bits>, layer_id_included_flag),
+        FIELD(bool, vps_timing_info_present_flag),
+        FIELD(u32, vps_num_units_in_tick),
+        FIELD(u32, vps_time_scale),
+        FIELD(bool, vps_poc_proportional_to_timing_flag),
+        FIELD(u32, vps_num_ticks_poc_diff_one_minus1),
+        FIELD(u32, vps_num_hrd_parameters),
+        FIELD(array<u32>, hrd_layer_set_idx),
+        FIELD(bits, cprms_present_flag),
+        FIELD(array<h265_hrd_parameters>, hrd_parameters),
+        FIELD(bool, vps_extension_flag),
+        FIELD(bool, valid));
+};
+
+template <>
+struct fields_of<h265_scaling_list_data> : field_types {
+    using record = h265_scaling_list_data;
+    static constexpr auto list = std::make_tuple(
+        FIELD(array<bits>, scaling_list_pred_mode_flag),
+        FIELD(array<array<u32>>, scaling_list_pred_matrix_id_delta),
+        FIELD(array<array<i32>>, scaling_list_dc_coef_minus8),
+        FIELD(array<array<array<i32>>>, ScalingList),
+        FIELD(bool, valid));
+};
+
+template <>
+struct fields_of<h265_st_ref_pic_set> : field_types {
+    using record = h265_st_ref_pic_set;
+    static constexpr auto list = std::make_tuple(
+        FIELD(i32, deltaRps),
+        FIELD(u32, stRpsIdx),
+        FIELD(u32, RefRpsIdx),
+        FIELD(u32, NumDeltaPocs),
+        FIELD(bool, inter_ref_pic_set_prediction_flag),
+        FIELD(u32, delta_idx_minus1),
+        FIELD(bool, delta_rps_sign),
+        FIELD(u32, abs_delta_rps_minus1),
+        FIELD(bits, used_by_curr_pic_flag),
+        FIELD(bits, use_delta_flag),
+        FIELD(u32, num_negative_pics),
+        FIELD(u32, num_positive_pics),
+        FIELD(array<u32>, delta_poc_s0_minus1),
+        FIELD(bits, used_by_curr_pic_s0_flag),
+        FIELD(array<u32>, delta_poc_s1_minus1),
+        FIELD(bits, used_by_curr_pic_s1_flag),
+        FIELD(bool, valid));
+};
+
+template <>
+struct fields_of<h265_vui_parameters> : field_types {
+    using record = h265_vui_parameters;
+    static constexpr auto list = std::make_tuple(
+        FIELD(bool, aspect_ratio_info_present_flag),
+        FIELD(u8, aspect_ratio_idc),
+        FIELD(bool, extended_sar_flag),
+        FIELD(u16, sar_width),
+        FIELD(u16, sar_height),
+        FIELD(bool, overscan_info_present_flag),
+        FIELD(bool, overscan_appropriate_flag),
+        FIELD(bool, video_signal_type_present_flag),
+        FIELD(u8, video_format),
+        FIELD(bool, video_full_range_flag),
+        FIELD(bool, colour_description_present_flag),
+        FIELD(u8, colour_primaries),
+        FIELD(u8, transfer_characteristics),
+        FIELD(u8, matrix_coeffs),
+        FIELD(bool, chroma_loc_info_present_flag),
+        FIELD(u32, chroma_sample_loc_type_top_field),
+        FIELD(u32, chroma_sample_loc_type_bottom_field),
+        FIELD(bool, neutral_chroma_indication_flag),
+        FIELD(bool, field_seq_flag),
+        FIELD(bool, frame_field_info_present_flag),
+        FIELD(bool, default_display_window_flag),
+        FIELD(u32, def_disp_win_left_offset),
+        FIELD(u32, def_disp_win_right_offset),
+        FIELD(u32, def_disp_win_top_offset),
+        FIELD(u32, def_disp_win_bottom_offset),
+        FIELD(bool, vui_timing_info_present_flag),
+        FIELD(u32, vui_num_units_in_tick),
+        FIELD(u32, vui_time_scale),
+        FIELD(bool, vui_poc_proportional_to_timing_flag),
+        FIELD(u32, vui_num_ticks_poc_diff_one_minus1),
+        FIELD(bool, vui_hrd_parameters_present_flag),
+        FIELD(h265_hrd_parameters, hrd_parameters),
+        FIELD(bool, bitstream_restriction_flag),
+        FIELD(bool, tiles_fixed_structure_flag),
+        FIELD(bool, motion_vectors_over_pic_boundaries_flag),
+        FIELD(bool, restricted_ref_pic_lists_flag),
+        FIELD(u32, min_spatial_segmentation_idc),
+        FIELD(u32, max_bytes_per_pic_denom),
+        FIELD(u32, max_bits_per_min_cu_denom),
+        FIELD(u32, log2_max_mv_length_horizontal),
+        FIELD(u32, log2_max_mv_length_vertical),
+        FIELD(bool, valid));
+};
+
+template <>
+struct fields_of<h265_nal_sps> : field_types {
+    using record = h265_nal_sps;
+    static constexpr auto list = std::make_tuple(
+        FIELD(u8, sps_video_parameter_set_id),
+        FIELD(u8, sps_max_sub_layers_minus1),
+        FIELD(bool, sps_temporal_id_nesting_flag),
+        FIELD(h265_profile_tier_level, profile_tier_level),
+        FIELD(u32, sps_seq_parameter_set_id),
+        FIELD(u32, chroma_format_idc),
+        FIELD(bool, separate_colour_plane_flag),
+        FIELD(u32, pic_width_in_luma_samples),
+        FIELD(u32, pic_height_in_luma_samples),
+        FIELD(bool, conformance_window_flag),
+        FIELD(u32, conf_win_left_offset),
+        FIELD(u32, conf_win_right_offset),
+        FIELD(u32, conf_win_top_offset),
+        FIELD(u32, conf_win_bottom_offset),
+        FIELD(u32, bit_depth_luma_minus8),
+        FIELD(u32, bit_depth_chroma_minus8),
+        FIELD(u32, log2_max_pic_order_cnt_lsb_minus4),
+        FIELD(bool, sps_sub_layer_ordering_info_present_flag),
+        FIELD(array<u32>, sps_max_dec_pic_buffering_minus1),
+        FIELD(array<u32>, sps_max_num_reorder_pics),
+        FIELD(array<u32>, sps_max_latency_increase_plus1),
+        FIELD(u32, log2_min_luma_coding_block_size_minus3),
+        FIELD(u32, log2_diff_max_min_luma_coding_block_size),
+        FIELD(u32, log2_min_luma_transform_block_size_minus2),
+        FIELD(u32, log2_diff_max_min_luma_transform_block_size),
+        FIELD(u32, max_transform_hierarchy_depth_inter),
+        FIELD(u32, max_transform_hierarchy_depth_intra),
+        FIELD(bool, scaling_list_enabled_flag),
+        FIELD(bool, sps_scaling_list_data_present_flag),
+        FIELD(h265_scaling_list_data, scaling_list_data),
+        FIELD(bool, amp_enabled_flag),
+        FIELD(bool, sample_adaptive_offset_enabled_flag),
+        FIELD(bool, pcm_enabled_flag),
+        FIELD(u8, pcm_sample_bit_depth_luma_minus1),
+        FIELD(u8, pcm_sample_bit_depth_chroma_minus1),
+        FIELD(u32, log2_min_pcm_luma_coding_block_size_minus3),
+        FIELD(u32, log2_diff_max_min_pcm_luma_coding_block_size),
+        FIELD(bool, pcm_loop_filter_disabled_flag),
+        FIELD(u32, num_short_term_ref_pic_sets),
+        FIELD(array<h265_st_ref_pic_set>, st_ref_pic_set),
+        FIELD(bool, long_term_ref_pics_present_flag),
+        FIELD(u32, num_long_term_ref_pics_sps),
+        FIELD(array<u32>, lt_ref_pic_poc_lsb_sps),
+        FIELD(bits, used_by_curr_pic_lt_sps_flag),
+        FIELD(bool, sps_temporal_mvp_enabled_flag),
+        FIELD(bool, strong_intra_smoothing_enabled_flag),
+        FIELD(bool, vui_parameters_present_flag),
+        FIELD(h265_vui_parameters, vui_parameters),
+        FIELD(bool, sps_extension_flag),
+        FIELD(bool, valid));
+};
+
+template <>
+struct fields_of<h265_nal_pps> : field_types {
+    using record = h265_nal_pps;
+    static constexpr auto list = std::make_tuple(
+        FIELD(u32, pps_pic_parameter_set_id),
+        FIELD(u32, pps_seq_parameter_set_id),
+        FIELD(bool, dependent_slice_segments_enabled_flag),
+        FIELD(bool, output_flag_present_flag),
+        FIELD(u8, num_extra_slice_header_bits),
+        FIELD(bool, sign_data_hiding_enabled_flag),
+        FIELD(bool, cabac_init_present_flag),
+        FIELD(u32, num_ref_idx_l0_default_active_minus1),
+        FIELD(u32, num_ref_idx_l1_default_active_minus1),
+        FIELD(i32, init_qp_minus26),
+        FIELD(bool, constrained_intra_pred_flag),
+        FIELD(bool, transform_skip_enabled_flag),
+        FIELD(bool, cu_qp_delta_enabled_flag),
+        FIELD(u32, diff_cu_qp_delta_depth),
+        FIELD(i32, pps_cb_qp_offset),
+        FIELD(i32, pps_cr_qp_offset),
+        FIELD(bool, pps_slice_chroma_qp_offsets_present_flag),
+        FIELD(bool, weighted_pred_flag),
+        FIELD(bool, weighted_bipred_flag),
+        FIELD(bool, transquant_bypass_enabled_flag),
+        FIELD(bool, tiles_enabled_flag),
+        FIELD(bool, entropy_coding_sync_enabled_flag),
+        FIELD(u32, num_tile_columns_minus1),
+        FIELD(u32, num_tile_rows_minus1),
+        FIELD(bool, uniform_spacing_flag),
+        FIELD(array<u32>, column_width_minus1),
+        FIELD(array<u32>, row_height_minus1),
+        FIELD(bool, loop_filter_across_tiles_enabled_flag),
+        FIELD(bool, pps_loop_filter_across_slices_enabled_flag),
+        FIELD(bool, deblocking_filter_control_present_flag),
+        FIELD(bool, deblocking_filter_override_enabled_flag),
+        FIELD(bool, pps_deblocking_filter_disabled_flag),
+        FIELD(i32, pps_beta_offset_div2),
+        FIELD(i32, pps_tc_offset_div2),
+        FIELD(bool, pps_scaling_list_data_present_flag),
+        FIELD(h265_scaling_list_data, scaling_list_data),
+        FIELD(bool, lists_modification_present_flag),
+        FIELD(u32, log2_parallel_merge_level_minus2),
+        FIELD(bool, slice_segment_header_extension_present_flag),
+        FIELD(bool, pps_extension_present_flag),
+        FIELD(bool, valid));
+};
+// clang-format on
+#undef FIELD
+
+template <class Type, class = void>
+struct is_record : std::false_type {};
+
+template <class Type>
+struct is_record<Type, std::void_t<decltype(fields_of<Type>::list)>> : std::true_type {};
+
+// Calls visit(name, record.field) for each field.
+template <class Record, class Visit>
+void for_each_field(Record& record, Visit visit) {
+    std::apply([&](const auto&... field) { (visit(field.name, record.*(field.member)), ...); },
+               fields_of<std::remove_const_t<Record>>::list);
+}
+
+// Where and how two values differ first, such as ".general.level_idc is 93, not 120"; or nothing.
+template <class Value>
+std::string difference(const Value& value, const Value& expected) {
+    if constexpr (is_record<Value>::value) {
+        std::string found;
+        const auto compare = [&](const auto& field) {
+            if (found.empty()) {
+                found = difference(value.*(field.member), expected.*(field.member));
+                if (!found.empty()) {
+                    found = "." + std::string(field.name) + found;
+                }
+            }
+        };
+        std::apply([&](const auto&... field) { (compare(field), ...); }, fields_of<Value>::list);
+        return found;
+    } else if constexpr (std::is_arithmetic_v<Value> || std::is_same_v<Value, std::vector<bool>>) {
+        return value == expected ? std::string()
+                                 : " is " + testing::PrintToString(value) + ", not " +
+                                       testing::PrintToString(expected);
+    } else {
+        if (value.size() != expected.size()) {
+            return " has " + std::to_string(value.size()) + " entries, not " +
+                   std::to_string(expected.size());
+        }
+        for (std::size_t i = 0; i < value.size(); ++i) {
+            const std::string found = difference(value[i], expected[i]);
+            if (!found.empty()) {
+                return "[" + std::to_string(i) + "]" + found;
+            }
+        }
+        return std::string();
+    }
+}
+
+// For EXPECT_TRUE: every field equals that of `expected`, to the last entry of every array.
+template <class Record>
+testing::AssertionResult same_fields(const Record& record, const Record& expected) {
+    const std::string found = difference(record, expected);
+    return found.empty() ? testing::AssertionSuccess() : testing::AssertionFailure() << found;
+}
+
+}  // namespace kovran::test
+
+#endif  // KOVRAN_TESTS_SUPPORT_RECORD_FIELDS_H
