@@ -26,7 +26,8 @@ template <class Walker, class ActiveSets, class VpsStore>
     for (unsigned int i = 0; i <= active.num_sps_ids_minus1; ++i) {
         walk.ue(ELEMENT(active, active_seq_parameter_set_id)[i]);
     }
-    if (!walk.grow(vps->vps_max_layers_minus1 + 1U, active.layer_sps_idx)) {
+    if (vps->vps_max_layers_minus1 > Walker::rules::max_active_layers - 1 ||
+        !walk.grow(vps->vps_max_layers_minus1 + 1U, active.layer_sps_idx)) {
         return false;
     }
     for (unsigned int i = vps->vps_base_layer_internal_flag ? 1 : 0;

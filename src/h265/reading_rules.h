@@ -137,8 +137,10 @@ struct own_rules {
     // Differs from clause D.3.3: as many as fit NumDecodingUnits, up to the picture's coding tree
     // blocks.
     static constexpr unsigned int max_decoding_units = 128;
-    // Differs from clause D.3.21: 16 SPS identifiers, and layer indices up to 62.
+    // Differs from clause D.3.21: 16 SPS identifiers, and layers up to 62. No VPS that was parsed
+    // has more than 64 layers; a record that a host made can.
     static constexpr unsigned int max_active_sps_ids = 128;
+    static constexpr unsigned int max_active_layers = 128;
 };
 
 }  // namespace kovran

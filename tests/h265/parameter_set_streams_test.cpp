@@ -103,7 +103,7 @@ void expect_elements(const elements& read, const elements& expected) {
 
 void copy_bits(const bytes& from, std::size_t first, std::size_t last, test::bit_writer& to) {
     for (std::size_t bit = first; bit < last; ++bit) {
-        to.u<1>(from[bit / 8] >> (7 - bit % 8) & 1U);
+        to.u<1>(static_cast<unsigned int>(from[bit / 8]) >> (7 - bit % 8) & 1U);
     }
 }
 

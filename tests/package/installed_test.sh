@@ -13,7 +13,7 @@ mkdir "$work/host"
 
 case $way in
 find_package)
-    "$cmake" -S "$host" -B "$work/host" -DCMAKE_PREFIX_PATH="$work/prefix" \
+    "$cmake" -G Ninja -S "$host" -B "$work/host" -DCMAKE_PREFIX_PATH="$work/prefix" \
         -DCMAKE_CXX_COMPILER="$compiler" >"$work/configure.log"
     "$cmake" --build "$work/host"
     ;;

@@ -25,8 +25,8 @@ struct h265_nal_sei_active_parameter_sets {
     // used; with the flag, entry 0 of layer_sps_idx is not in the stream. Nothing is inserted into
     // `vps_store`.
     //
-    // False, with `valid` false: the VPS is not in the store, num_sps_ids_minus1 is above 127, or
-    // there is no memory. What was read before stays.
+    // False, with `valid` false: the VPS is not in the store, num_sps_ids_minus1 or the VPS's
+    // vps_max_layers_minus1 is above 127, or there is no memory. What was read before stays.
     [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
                                         h2645_common_base_store<h265_nal_vps>& vps_store);
 };

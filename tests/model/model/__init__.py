@@ -1,0 +1,1 @@
+"""A second reading of every syntax structure, to hold the library against."""
