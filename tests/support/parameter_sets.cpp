@@ -129,7 +129,7 @@ std::vector<int> write_coefficients(bit_writer& bits, int start, int count) {
 
 bit_writer& append(bit_writer& bits, const bit_writer& more) {
     for (std::size_t i = 0; i < more.size(); ++i) {
-        bits.u<1>(more.bytes()[i / 8] >> (7 - i % 8) & 1U);
+        bits.u<1>(static_cast<unsigned int>(more.bytes()[i / 8]) >> (7 - i % 8) & 1U);
     }
     return bits;
 }
