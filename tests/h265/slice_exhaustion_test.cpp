@@ -1,0 +1,482 @@
+#include <kovran/h265/h265_nal_sei_active_parameter_sets.h>
+#include <kovran/h265/h265_nal_sei_buffering_period.h>
+#include <kovran/h265/h265_nal_sei_pic_timing.h>
+#include <kovran/h265/h265_slice_segment_header.h>
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <new>
+#include <vector>
+
+#include "support/allocation_failure.h"
+#include "support/bit_writer.h"
+#include "support/rbsp.h"
+#include "support/slice_record_fields.h"
+
+namespace kovran {
+namespace {
+
+using bytes = std::vector<unsigned char>;
+using values = std::vector<unsigned int>;
+
+constexpr unsigned int slice_b = 0;
+
+// ---- What is parsed: each with every element that its syntax has
+
+// PPS 2 of SPS 5 of VPS 7. The picture has 10 x 6 coding tree blocks of 64x64.
+struct host {
+    host() {
+        vps_store[7];
+        h265_nal_sps& sps = sps_store[5];
+        sps.sps_video_parameter_set_id = 7;
+        sps.chroma_format_idc = 1;
+        sps.pic_width_in_luma_samples = 640;
+        sps.pic_height_in_luma_samples = 360;
+        sps.log2_diff_max_min_luma_coding_block_size = 3;
+        sps.num_short_term_ref_pic_sets = 2;
+        sps.st_ref_pic_set.resize(2);
+        sps.st_ref_pic_set[1].num_negative_pics = 1;
+        sps.st_ref_pic_set[1].used_by_curr_pic_s0_flag = {true};
+        sps.long_term_ref_pics_present_flag = true;
+        sps.num_long_term_ref_pics_sps = 3;
+        sps.used_by_curr_pic_lt_sps_flag = {true, true, false};
+        sps.sps_temporal_mvp_enabled_flag = true;
+        sps.sample_adaptive_offset_enabled_flag = true;
+        pps_store[2].pps_seq_parameter_set_id = 5;
+        pps_store[2].lists_modification_present_flag = true;
+    }
+
+    bool parse(h265_slice_segment_header& slice, h2645_common_bitreader& reader) {
+        return slice.parse(reader, pps_store, sps_store, vps_store, CRA_NUT);
+    }
+
+    h2645_common_base_store<h265_nal_vps> vps_store;
+    h2645_common_base_store<h265_nal_sps> sps_store;
+    h2645_common_base_store<h265_nal_pps> pps_store;
+};
+
+// A B slice of that host, with three long-term pictures and both lists.
+struct slice_syntax {
+    test::bit_writer start = test::bit_writer().u<1>(0).u<1>(1).ue(2).u<6>(59).ue(slice_b).u<4>(11);
+    test::bit_writer short_term_set = test::bit_writer().u<1>(1).u<2>(1);
+    test::bit_writer long_term_pictures = test::bit_writer()
+                                              .ue(1)
+                                              .ue(2)
+                                              .u<2>(2)
+                                              .u<1>(0)
+                                              .u<4>(13)
+                                              .u<1>(1)
+                                              .u<1>(1)
+                                              .ue(9)
+                                              .u<4>(14)
+                                              .u<1>(0)
+                                              .u<1>(0)
+                                              .u<1>(1);  // slice_temporal_mvp_enabled_flag
+    test::bit_writer reference_indices =
+        test::bit_writer().u<1>(1).u<1>(0).u<1>(1).ue(1).ue(2);  // after both SAO flags
+    test::bit_writer lists =
+        test::bit_writer().u<1>(1).u<2>(2).u<2>(1).u<1>(1).u<2>(3).u<2>(0).u<2>(1);
+
+    test::bit_writer bits() const {
+        test::bit_writer all;
+        for (const test::bit_writer* part :
+             {&start, &short_term_set, &long_term_pictures, &reference_indices, &lists}) {
+            for (std::size_t i = 0; i < part->size(); ++i) {
+                const unsigned int byte = part->bytes()[i / 8];
+                all.u<1>(byte >> (7 - i % 8) & 1U);
+            }
+        }
+        return all;
+    }
+};
+
+// short_term_ref_pic_set_sps_flag 0, and a set with one picture before and one after.
+test::bit_writer own_set() {
+    return test::bit_writer().u<1>(0).u<1>(0).ue(1).ue(1).ue(2).u<1>(1).ue(3).u<1>(0);
+}
+
+// VPS 3 with three layers.
+h2645_common_base_store<h265_nal_vps> vps_store_with_layers() {
+    h2645_common_base_store<h265_nal_vps> store;
+    store[3].vps_base_layer_internal_flag = true;
+    store[3].vps_max_layers_minus1 = 2;
+    return store;
+}
+
+test::bit_writer active_parameter_sets() {
+    return test::bit_writer().u<4>(3).u<1>(1).u<1>(1).ue(1).ue(4).ue(5).ue(6).ue(7);
+}
+
+// SPS 0 with NAL and VCL HRD parameters of two CPB specifications, and all lengths 8 bits.
+h2645_common_base_store<h265_nal_sps> sps_store_with_hrd() {
+    h2645_common_base_store<h265_nal_sps> store;
+    store.active_id = 0;
+    store[0].vui_parameters.frame_field_info_present_flag = true;
+    h265_hrd_parameters& hrd = store[0].vui_parameters.hrd_parameters;
+    hrd.nal_hrd_parameters_present_flag = true;
+    hrd.vcl_hrd_parameters_present_flag = true;
+    hrd.sub_pic_hrd_params_present_flag = true;
+    hrd.initial_cpb_removal_delay_length_minus1 = 7;
+    hrd.au_cpb_removal_delay_length_minus1 = 7;
+    hrd.dpb_output_delay_length_minus1 = 7;
+    hrd.dpb_output_delay_du_length_minus1 = 7;
+    hrd.du_cpb_removal_delay_increment_length_minus1 = 7;
+    hrd.cpb_cnt_minus1 = {1};
+    return store;
+}
+
+test::bit_writer pic_timing() {
+    test::bit_writer bits;
+    bits.u<4>(3).u<2>(1).u<1>(1).u<8>(11).u<8>(12).u<8>(13);
+    return bits.ue(2).u<1>(0).ue(4).u<8>(14).ue(5).u<8>(15).ue(6);
+}
+
+test::bit_writer buffering_period() {
+    test::bit_writer bits;
+    bits.ue(0).u<1>(1).u<8>(21);
+    for (unsigned int i = 0; i < 16; ++i) {
+        bits.u<8>(22 + i);
+    }
+    return bits.u<1>(1).trailing_bits();  // after use_alt_cpb_params_flag
+}
+
+bool parse_slice(h265_slice_segment_header& slice, h2645_common_bitreader& reader) {
+    static host stream;
+    return stream.parse(slice, reader);
+}
+
+bool parse_active_parameter_sets(h265_nal_sei_active_parameter_sets& sets,
+                                 h2645_common_bitreader& reader) {
+    static h2645_common_base_store<h265_nal_vps> store = vps_store_with_layers();
+    return sets.parse(reader, store);
+}
+
+bool parse_pic_timing(h265_nal_sei_pic_timing& timing, h2645_common_bitreader& reader) {
+    static const h2645_common_base_store<h265_nal_sps> store = sps_store_with_hrd();
+    return timing.parse(reader, store);
+}
+
+bool parse_buffering_period(h265_nal_sei_buffering_period& period, h2645_common_bitreader& reader) {
+    static const h2645_common_base_store<h265_nal_sps> store = sps_store_with_hrd();
+    return period.parse(reader, store);
+}
+
+// ---- Truncation
+
+// The first `size` bits; zeros fill the last byte.
+bytes first_bits(const bytes& whole, std::size_t size) {
+    bytes first(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>((size + 7) / 8));
+    if (size % 8 != 0) {
+        first.back() = static_cast<unsigned char>(first.back() & 0xFF00U >> size % 8);
+    }
+    return first;
+}
+
+// Every beginning parses as if zeros stood behind it, and successfully once it has the bit with
+// the number `success`.
+template <class Record, class Parse>
+void expect_zeros_behind_every_end(const test::bit_writer& bits, std::size_t success, Parse parse) {
+    for (std::size_t size = 0; size <= bits.size(); ++size) {
+        const bytes cut = first_bits(bits.bytes(), size);
+        bytes with_zeros = cut;
+        with_zeros.resize(cut.size() + 4096);
+        test::rbsp input{cut};
+        test::rbsp input_with_zeros{with_zeros};
+        Record record;
+        Record record_with_zeros;
+        const bool result = parse(record, input.reader);
+        EXPECT_EQ(result, size > success) << size << " bits of " << bits.size();
+        EXPECT_EQ(record.valid, result) << size << " bits of " << bits.size();
+        EXPECT_EQ(parse(record_with_zeros, input_with_zeros.reader), result);
+        EXPECT_TRUE(test::same_fields(record, record_with_zeros))
+            << size << " bits of " << bits.size();
+    }
+}
+
+// Where in ue(1), 010, and ue(2), 011, the first 1 bit stands.
+constexpr std::size_t first_one = 1;
+
+TEST(SliceTruncation, IsNoticedByTheSetOfItsOwnThatZerosStandFor) {
+    // short_term_ref_pic_set_sps_flag; what comes before it is needed to get there.
+    expect_zeros_behind_every_end<h265_slice_segment_header>(
+        slice_syntax().bits(), slice_syntax().start.size(), parse_slice);
+}
+
+TEST(SliceTruncation, IsNoticedByTheSetOfASliceUpToItsCounts) {
+    slice_syntax syntax;
+    syntax.short_term_set = own_set();
+    // num_positive_pics follows two flags and num_negative_pics of three bits.
+    const std::size_t num_positive_pics = syntax.start.size() + 2 + 3;
+    expect_zeros_behind_every_end<h265_slice_segment_header>(
+        syntax.bits(), num_positive_pics + first_one, parse_slice);
+}
+
+TEST(SliceTruncation, IsNoticedByTheNumberOfActiveSpss) {
+    // num_sps_ids_minus1 follows six bits, without all of which the VPS is another one.
+    expect_zeros_behind_every_end<h265_nal_sei_active_parameter_sets>(
+        active_parameter_sets(), 6 + first_one, parse_active_parameter_sets);
+}
+
+TEST(SliceTruncation, IsNoticedByTheNumberOfDecodingUnits) {
+    // num_decoding_units_minus1 follows 31 bits.
+    expect_zeros_behind_every_end<h265_nal_sei_pic_timing>(pic_timing(), 31 + first_one,
+                                                           parse_pic_timing);
+}
+
+TEST(SliceTruncation, IsNoticedByTheSpsOfABufferingPeriod) {
+    const test::bit_writer bits = buffering_period();
+    for (std::size_t size = 0; size <= bits.size(); ++size) {
+        test::rbsp input{first_bits(bits.bytes(), size)};
+        h265_nal_sei_buffering_period period;
+        const bool result = parse_buffering_period(period, input.reader);
+        EXPECT_EQ(result, size > 0) << size << " bits of " << bits.size();
+        EXPECT_EQ(period.valid, result) << size << " bits of " << bits.size();
+    }
+}
+
+// ---- Memory exhaustion
+
+enum class ending { success, failure, exception };
+
+template <class Record, class Parse>
+ending ending_of(Record& record, h2645_common_bitreader& reader, Parse parse) {
+    try {
+        return parse(record, reader) ? ending::success : ending::failure;
+    } catch (const std::bad_alloc&) {
+        return ending::exception;
+    }
+}
+
+// Fails the first allocation of a parse, in another parse the second, and so on until there are no
+// more.
+template <class Record, class Parse, class ValidAfter>
+void expect_ending_at_every_allocation(const test::bit_writer& bits, ending expected, Parse parse,
+                                       ValidAfter valid_after) {
+    Record undisturbed;
+    test::rbsp undisturbed_input{bits.bytes()};
+    ASSERT_TRUE(parse(undisturbed, undisturbed_input.reader));
+
+    for (const bool valid_before : {false, true}) {
+        std::size_t failures = 0;
+        for (bool exhausted = true; exhausted; failures += exhausted ? 1 : 0) {
+            const test::allocation_count memory;
+            {
+                Record record;
+                record.valid = valid_before;
+                test::rbsp first{bits.bytes()};
+                ending result = ending::success;
+                {
+                    const test::allocation_failure failure(failures + 1);
+                    result = ending_of(record, first.reader, parse);
+                    exhausted = failure.happened();
+                }
+                EXPECT_EQ(result, exhausted ? expected : ending::success)
+                    << "allocation " << failures + 1;
+                if (exhausted) {
+                    EXPECT_EQ(record.valid, valid_after(valid_before))
+                        << "allocation " << failures + 1;
+                    test::rbsp second{bits.bytes()};
+                    EXPECT_TRUE(parse(record, second.reader));
+                }
+                EXPECT_TRUE(test::same_fields(record, undisturbed))
+                    << "allocation " << failures + 1;
+            }
+            EXPECT_TRUE(memory.all_freed()) << "allocation " << failures + 1;
+        }
+        EXPECT_GT(failures, 0U);
+    }
+}
+
+bool becomes_false(bool /*valid_before*/) {
+    return false;
+}
+
+bool stays(bool valid_before) {
+    return valid_before;
+}
+
+TEST(SliceExhaustion, ReachesTheCallerFromTheLongTermArraysAndTheLists) {
+    expect_ending_at_every_allocation<h265_slice_segment_header>(
+        slice_syntax().bits(), ending::exception, parse_slice, becomes_false);
+}
+
+TEST(SliceExhaustion, FailsInTheSetOfASlice) {
+    // An I slice without long-term pictures.
+    test::bit_writer bits;
+    bits.u<1>(0).u<1>(1).ue(2).u<6>(59).ue(2).u<4>(11);
+    bits.u<1>(0).u<1>(0).ue(1).ue(1).ue(2).u<1>(1).ue(3).u<1>(0);
+    bits.ue(0).ue(0).u<1>(1).u<1>(1).u<1>(0);
+    expect_ending_at_every_allocation<h265_slice_segment_header>(bits, ending::failure, parse_slice,
+                                                                 becomes_false);
+}
+
+TEST(SliceExhaustion, ReachesTheCallerFromAListModification) {
+    const auto parse = [](h265_ref_pic_lists_modification& lists, h2645_common_bitreader& reader) {
+        static const h265_slice_segment_header header = [] {
+            h265_slice_segment_header prepared;
+            prepared.NumPicTotalCurr = 3;
+            prepared.num_ref_idx_l0_active_minus1 = 1;
+            prepared.num_ref_idx_l1_active_minus1 = 2;
+            return prepared;
+        }();
+        return lists.parse(reader, header);
+    };
+    expect_ending_at_every_allocation<h265_ref_pic_lists_modification>(
+        slice_syntax().lists, ending::exception, parse, becomes_false);
+}
+
+TEST(SliceExhaustion, ClearsValidOfActiveParameterSets) {
+    expect_ending_at_every_allocation<h265_nal_sei_active_parameter_sets>(
+        active_parameter_sets(), ending::failure, parse_active_parameter_sets, becomes_false);
+}
+
+TEST(SliceExhaustion, LeavesValidOfPicTiming) {
+    expect_ending_at_every_allocation<h265_nal_sei_pic_timing>(pic_timing(), ending::failure,
+                                                               parse_pic_timing, stays);
+}
+
+TEST(SliceExhaustion, LeavesValidOfABufferingPeriod) {
+    expect_ending_at_every_allocation<h265_nal_sei_buffering_period>(
+        buffering_period(), ending::failure, parse_buffering_period, stays);
+}
+
+// ---- The limit of entries
+
+constexpr unsigned int most_entries = 1048576;
+
+// Parses a slice with this many long-term pictures, of which nothing else is in the data.
+ending ending_with_long_term_pictures(h265_slice_segment_header& slice,
+                                      unsigned int num_long_term_pics) {
+    test::bit_writer bits;
+    bits.u<1>(0).u<1>(1).ue(2).u<6>(59).ue(2).u<4>(11).u<1>(1).u<2>(1);
+    bits.ue(0).ue(num_long_term_pics);
+    test::rbsp input{bits.bytes()};
+    return ending_of(slice, input.reader, parse_slice);
+}
+
+TEST(SliceEntryLimit, TakesAsManyLongTermPicturesAsTheLimit) {
+    h265_slice_segment_header slice;
+    EXPECT_EQ(ending_with_long_term_pictures(slice, most_entries), ending::success);
+    EXPECT_EQ(slice.lt_idx_sps.size(), most_entries);
+    EXPECT_EQ(slice.poc_lsb_lt.size(), most_entries);
+    EXPECT_EQ(slice.used_by_curr_pic_lt_flag.size(), most_entries);
+    EXPECT_EQ(slice.delta_poc_msb_present_flag.size(), most_entries);
+    EXPECT_EQ(slice.delta_poc_msb_cycle_lt.size(), most_entries);
+}
+
+TEST(SliceEntryLimit, ThrowsBeforeItResizesForMoreLongTermPictures) {
+    for (const unsigned int num_long_term_pics : {most_entries + 1, 0x7FFFFFFFU, 0xFFFFFFFEU}) {
+        h265_slice_segment_header slice;
+        slice.lt_idx_sps = {1, 2};
+        slice.poc_lsb_lt = {3, 4};
+        slice.used_by_curr_pic_lt_flag = {true, true};
+        slice.delta_poc_msb_present_flag = {true, true};
+        slice.delta_poc_msb_cycle_lt = {5, 6};
+        slice.valid = true;
+        EXPECT_EQ(ending_with_long_term_pictures(slice, num_long_term_pics), ending::exception);
+        EXPECT_FALSE(slice.valid);
+        EXPECT_EQ(slice.num_long_term_pics, num_long_term_pics);
+        EXPECT_EQ(slice.lt_idx_sps, (values{1, 2}));
+        EXPECT_EQ(slice.poc_lsb_lt, (values{3, 4}));
+        EXPECT_EQ(slice.used_by_curr_pic_lt_flag, std::vector<bool>(2, true));
+        EXPECT_EQ(slice.delta_poc_msb_present_flag, std::vector<bool>(2, true));
+        EXPECT_EQ(slice.delta_poc_msb_cycle_lt, (values{5, 6}));
+    }
+}
+
+TEST(SliceEntryLimit, IsThatOfTheSumOfBothCounts) {
+    test::bit_writer bits;
+    bits.u<1>(0).u<1>(1).ue(2).u<6>(59).ue(2).u<4>(11).u<1>(1).u<2>(1);
+    bits.ue(most_entries / 2).ue(most_entries / 2 + 1);
+    test::rbsp input{bits.bytes()};
+    h265_slice_segment_header slice;
+    EXPECT_EQ(ending_of(slice, input.reader, parse_slice), ending::exception);
+    EXPECT_TRUE(slice.lt_idx_sps.empty());
+}
+
+TEST(SliceEntryLimit, HoldsBeforeAnSpsWithoutLongTermPicturesFails) {
+    host stream;
+    stream.sps_store.at(5).num_long_term_ref_pics_sps = 0;
+    test::bit_writer bits;
+    bits.u<1>(0).u<1>(1).ue(2).u<6>(59).ue(2).u<4>(11).u<1>(1).u<2>(1);
+    bits.ue(most_entries + 1);
+    test::rbsp input{bits.bytes()};
+    h265_slice_segment_header slice;
+    const auto parse = [&](h265_slice_segment_header& record, h2645_common_bitreader& reader) {
+        return stream.parse(record, reader);
+    };
+    EXPECT_EQ(ending_of(slice, input.reader, parse), ending::exception);
+    EXPECT_FALSE(slice.valid);
+}
+
+TEST(SliceEntryLimit, ReachesTheCallerOfASliceFromItsLists) {
+    slice_syntax syntax;
+    syntax.reference_indices = test::bit_writer().u<1>(1).u<1>(0).u<1>(1).ue(most_entries).ue(0);
+    test::rbsp first_list{syntax.bits().bytes()};
+    h265_slice_segment_header slice;
+    EXPECT_EQ(ending_of(slice, first_list.reader, parse_slice), ending::exception);
+    EXPECT_FALSE(slice.valid);
+    EXPECT_FALSE(slice.ref_pic_lists_modification.valid);
+    EXPECT_TRUE(slice.ref_pic_lists_modification.list_entry_l0.empty());
+
+    syntax.reference_indices = test::bit_writer().u<1>(1).u<1>(0).u<1>(1).ue(0).ue(0xFFFFFFFE);
+    syntax.lists = test::bit_writer().u<1>(0).u<1>(1);
+    test::rbsp second_list{syntax.bits().bytes()};
+    EXPECT_EQ(ending_of(slice, second_list.reader, parse_slice), ending::exception);
+    EXPECT_TRUE(slice.ref_pic_lists_modification.list_entry_l1.empty());
+}
+
+TEST(SliceEntryLimit, AllocatesNothingBeforeItThrows) {
+    test::bit_writer bits;
+    bits.u<1>(0).u<1>(1).ue(2).u<6>(59).ue(2).u<4>(11).u<1>(1).u<2>(1);
+    bits.ue(0).ue(most_entries + 1);
+    test::rbsp input{bits.bytes()};
+    host stream;
+    const auto parse = [&](h265_slice_segment_header& record, h2645_common_bitreader& reader) {
+        return stream.parse(record, reader);
+    };
+    h265_slice_segment_header slice;
+    const test::allocation_count memory;
+    const ending result = ending_of(slice, input.reader, parse);
+    EXPECT_EQ(memory.allocations(), 0U);
+    EXPECT_EQ(result, ending::exception);
+}
+
+// ---- Records used again
+
+// A second parse into a record that has the storage, and then a third.
+template <class Record, class Parse>
+void expect_no_allocation_when_parsed_again(const test::bit_writer& bits, Parse parse) {
+    Record record;
+    test::rbsp first{bits.bytes()};
+    ASSERT_TRUE(parse(record, first.reader));
+    const Record after_first = record;
+    for (int again = 0; again < 2; ++again) {
+        test::rbsp next{bits.bytes()};
+        const test::allocation_count memory;
+        const bool result = parse(record, next.reader);
+        EXPECT_EQ(memory.allocations(), 0U);
+        EXPECT_TRUE(result);
+        EXPECT_TRUE(test::same_fields(record, after_first));
+    }
+}
+
+TEST(SliceReuse, AllocatesNothingForALikeSlice) {
+    expect_no_allocation_when_parsed_again<h265_slice_segment_header>(slice_syntax().bits(),
+                                                                      parse_slice);
+    slice_syntax syntax;
+    syntax.short_term_set = own_set();
+    expect_no_allocation_when_parsed_again<h265_slice_segment_header>(syntax.bits(), parse_slice);
+}
+
+TEST(SliceReuse, AllocatesNothingForALikeMessage) {
+    expect_no_allocation_when_parsed_again<h265_nal_sei_active_parameter_sets>(
+        active_parameter_sets(), parse_active_parameter_sets);
+    expect_no_allocation_when_parsed_again<h265_nal_sei_pic_timing>(pic_timing(), parse_pic_timing);
+    expect_no_allocation_when_parsed_again<h265_nal_sei_buffering_period>(buffering_period(),
+                                                                          parse_buffering_period);
+}
+
+}  // namespace
+}  // namespace kovran

@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+
+#include "support/record_fields.h"
+#include "support/slice_record_fields.h"
+
+namespace kovran {
+namespace {
+
+// The names and types of the fields are held by test::fields_of, which compiles only where they
+// fit.
+template <class Record>
+class SliceRecordLayout : public testing::Test {};
+
+using parsed_records = testing::Types<h265_ref_pic_lists_modification, h265_slice_segment_header,
+                                      h265_nal_sei_pic_timing, h265_nal_sei_buffering_period,
+                                      h265_nal_sei_active_parameter_sets>;
+TYPED_TEST_SUITE(SliceRecordLayout, parsed_records);
+
+std::size_t aligned(std::size_t offset, std::size_t alignment) {
+    return (offset + alignment - 1) / alignment * alignment;
+}
+
+template <class Record>
+void expect_listed_fields() {
+    const Record record{};
+    const auto* const start = reinterpret_cast<const unsigned char*>(&record);
+    std::size_t end = 0;
+    test::for_each_field(record, [&](const char* name, const auto& field) {
+        const auto offset =
+            static_cast<std::size_t>(reinterpret_cast<const unsigned char*>(&field) - start);
+        EXPECT_EQ(offset, aligned(end, alignof(decltype(field)))) << name;
+        end = offset + sizeof(field);
+    });
+    EXPECT_EQ(aligned(end, alignof(Record)), sizeof(Record));
+}
+
+template <class Value>
+bool zero_and_empty(const Value& value) {
+    if constexpr (test::is_record<Value>::value) {
+        bool all = true;
+        test::for_each_field(value, [&](const char* /*name*/, const auto& field) {
+            all = all && zero_and_empty(field);
+        });
+        return all;
+    } else if constexpr (std::is_arithmetic_v<Value>) {
+        return value == 0;
+    } else {
+        return value.empty();
+    }
+}
+
+TYPED_TEST(SliceRecordLayout, IsThatOfAnAggregate) {
+    static_assert(std::is_aggregate_v<TypeParam>);
+    static_assert(std::is_copy_assignable_v<TypeParam>);
+    static_assert(std::is_nothrow_move_assignable_v<TypeParam>);
+}
+
+TYPED_TEST(SliceRecordLayout, HasTheListedFieldsInTheirOrderAndNoOthers) {
+    expect_listed_fields<TypeParam>();
+}
+
+TYPED_TEST(SliceRecordLayout, EndsWithValid) {
+    constexpr auto list = test::fields_of<TypeParam>::list;
+    constexpr auto last = std::get<std::tuple_size_v<decltype(list)> - 1>(list);
+    static_assert(std::string_view(last.name) == "valid");
+}
+
+TYPED_TEST(SliceRecordLayout, IsZeroAndEmptyAtFirst) {
+    const TypeParam record;
+    test::for_each_field(record, [](const char* name, const auto& field) {
+        EXPECT_TRUE(zero_and_empty(field)) << name;
+    });
+}
+
+TEST(SeiReaderLayout, HasTheListedFieldsInTheirOrderAndNoOthers) {
+    static_assert(std::is_trivially_copyable_v<h265_nal_sei_reader>);
+    expect_listed_fields<h265_nal_sei_reader>();
+}
+
+}  // namespace
+}  // namespace kovran
