@@ -23,7 +23,7 @@ struct element_indices {
 // field that holds it. `Field` is a reference or, for a flag in a bit vector, what stands for one.
 template <class Field>
 struct element {
-    const char* name;
+    const char* name = nullptr;
     Field field;
     element_indices indices;
 

@@ -72,11 +72,18 @@ public:
         return std::forward<WalkFields>(walk_fields)(nested.field);
     }
 
-    // A field that gets its value without a read.
+    // Fields that get their value without a read: flags, and others.
+    template <class Flag>
+    void set(Flag&& flag) {
+        flag = true;
+    }
+    template <class Flag>
+    void clear(Flag&& flag) {
+        flag = false;
+    }
     template <class Field, class Value>
-    void set(Field&& field, Value value) {
-        field = static_cast<std::conditional_t<std::is_lvalue_reference_v<Field>,
-                                               std::remove_reference_t<Field>, bool>>(value);
+    void assign(Field& field, Value value) {
+        field = static_cast<Field>(value);
     }
 
     // Sizes arrays to a count that has been compared with its bound; false when there is no memory.

@@ -10,11 +10,11 @@ namespace kovran {
 template <class Walker, class Hrd>
 [[nodiscard]] bool hrd_parameters(Walker& walk, Hrd& hrd, bool commonInfPresentFlag,
                                   unsigned int maxNumSubLayersMinus1) {
-    walk.set(hrd.valid, false);
-    walk.set(hrd.commonInfPresentFlag, commonInfPresentFlag);
-    walk.set(hrd.maxNumSubLayersMinus1, maxNumSubLayersMinus1);
-    walk.set(hrd.initial_cpb_removal_delay_length_minus1, 23);
-    walk.set(hrd.au_cpb_removal_delay_length_minus1, 23);
+    walk.clear(hrd.valid);
+    walk.assign(hrd.commonInfPresentFlag, commonInfPresentFlag);
+    walk.assign(hrd.maxNumSubLayersMinus1, maxNumSubLayersMinus1);
+    walk.assign(hrd.initial_cpb_removal_delay_length_minus1, 23);
+    walk.assign(hrd.au_cpb_removal_delay_length_minus1, 23);
 
     if (commonInfPresentFlag) {
         walk.u(1, ELEMENT(hrd, nal_hrd_parameters_present_flag));
@@ -48,7 +48,7 @@ template <class Walker, class Hrd>
     for (unsigned int i = 0; i <= maxNumSubLayersMinus1; ++i) {
         walk.u(1, ELEMENT(hrd, fixed_pic_rate_general_flag)[i]);
         if (hrd.fixed_pic_rate_general_flag[i]) {
-            walk.set(hrd.fixed_pic_rate_within_cvs_flag[i], true);
+            walk.set(hrd.fixed_pic_rate_within_cvs_flag[i]);
         } else {
             walk.u(1, ELEMENT(hrd, fixed_pic_rate_within_cvs_flag)[i]);
         }
@@ -74,7 +74,7 @@ template <class Walker, class Hrd>
             return false;
         }
     }
-    walk.set(hrd.valid, true);
+    walk.set(hrd.valid);
     return true;
 }
 

@@ -28,7 +28,7 @@ template <class Walker, class Pps>
 // pic_parameter_set_rbsp(), clause 7.3.2.3.
 template <class Walker, class Pps, class SpsStore>
 [[nodiscard]] bool pic_parameter_set_rbsp(Walker& walk, Pps& pps, SpsStore& sps_store) {
-    walk.set(pps.valid, false);
+    walk.clear(pps.valid);
 
     walk.ue(ELEMENT(pps, pps_pic_parameter_set_id));
     walk.ue(ELEMENT(pps, pps_seq_parameter_set_id));
@@ -52,7 +52,7 @@ template <class Walker, class Pps, class SpsStore>
     if (pps.cu_qp_delta_enabled_flag) {
         walk.ue(ELEMENT(pps, diff_cu_qp_delta_depth));
     } else {
-        walk.set(pps.diff_cu_qp_delta_depth, 0);
+        walk.assign(pps.diff_cu_qp_delta_depth, 0);
     }
 
     walk.se(ELEMENT(pps, pps_cb_qp_offset));
@@ -100,7 +100,7 @@ template <class Walker, class Pps, class SpsStore>
     if (pps.pps_extension_present_flag) {
         walk.extension_data("pps_extension_data_flag");
     }
-    walk.set(pps.valid, walk.rbsp_trailing_bits());
+    walk.assign(pps.valid, walk.rbsp_trailing_bits());
     return pps.valid;
 }
 

@@ -9,7 +9,7 @@ namespace kovran {
 // active_parameter_sets(), clause D.2.21.
 template <class Walker, class ActiveSets, class VpsStore>
 [[nodiscard]] bool active_parameter_sets(Walker& walk, ActiveSets& active, VpsStore& vps_store) {
-    walk.set(active.valid, false);
+    walk.clear(active.valid);
 
     walk.u(4, ELEMENT(active, active_video_parameter_set_id));
     const auto* const vps = find_entry(vps_store, active.active_video_parameter_set_id);
@@ -34,7 +34,7 @@ template <class Walker, class ActiveSets, class VpsStore>
          i <= vps->vps_max_layers_minus1; ++i) {
         walk.ue(ELEMENT(active, layer_sps_idx)[i]);
     }
-    walk.set(active.valid, true);
+    walk.set(active.valid);
     return true;
 }
 

@@ -37,7 +37,7 @@ template <class Walker, class BufferingPeriod, class SpsStore>
     walk.ue(ELEMENT(period, bp_seq_parameter_set_id));
     const auto* const sps = find_entry(sps_store, period.bp_seq_parameter_set_id);
     if (sps == nullptr) {
-        walk.set(period.valid, false);
+        walk.clear(period.valid);
         return false;
     }
     const auto& hrd = sps->vui_parameters.hrd_parameters;
@@ -58,18 +58,18 @@ template <class Walker, class BufferingPeriod, class SpsStore>
     walk.u_v(bits(hrd.au_cpb_removal_delay_length_minus1),
              ELEMENT(period, au_cpb_removal_delay_delta_minus1));
 
-    walk.set(period.reserved_u32, 0);
+    walk.assign(period.reserved_u32, 0);
     if (hrd.cpb_cnt_minus1.empty()) {
         return false;
     }
-    walk.set(period.CpbCnt, Walker::rules::cpb_cnt_minus1(hrd) + 1);
+    walk.assign(period.CpbCnt, Walker::rules::cpb_cnt_minus1(hrd) + 1);
     if (period.CpbCnt > Walker::rules::max_hrd_cpbs) {
         return false;
     }
     const initial_cpb_removal_bits removal_bits = {
         bits(hrd.initial_cpb_removal_delay_length_minus1),
         hrd.sub_pic_hrd_params_present_flag || period.irap_cpb_params_present_flag};
-    walk.set(period.NalHrdBpPresentFlag, hrd.nal_hrd_parameters_present_flag);
+    walk.assign(period.NalHrdBpPresentFlag, hrd.nal_hrd_parameters_present_flag);
     if (period.NalHrdBpPresentFlag &&
         !initial_cpb_removal(walk, period.CpbCnt, removal_bits,
                              ELEMENT(period, nal_initial_cpb_removal_delay),
@@ -78,7 +78,7 @@ template <class Walker, class BufferingPeriod, class SpsStore>
                              ELEMENT(period, nal_initial_alt_cpb_removal_offset))) {
         return false;
     }
-    walk.set(period.VclHrdBpPresentFlag, hrd.vcl_hrd_parameters_present_flag);
+    walk.assign(period.VclHrdBpPresentFlag, hrd.vcl_hrd_parameters_present_flag);
     if (period.VclHrdBpPresentFlag &&
         !initial_cpb_removal(walk, period.CpbCnt, removal_bits,
                              ELEMENT(period, vcl_initial_cpb_removal_delay),
@@ -88,11 +88,11 @@ template <class Walker, class BufferingPeriod, class SpsStore>
         return false;
     }
 
-    walk.set(period.use_alt_cpb_params_flag_present, walk.more_rbsp_data());
+    walk.assign(period.use_alt_cpb_params_flag_present, walk.more_rbsp_data());
     if (period.use_alt_cpb_params_flag_present) {
         walk.u(1, ELEMENT(period, use_alt_cpb_params_flag));
     }
-    walk.set(period.valid, true);
+    walk.set(period.valid);
     return true;
 }
 

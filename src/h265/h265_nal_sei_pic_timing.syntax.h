@@ -9,7 +9,7 @@ namespace kovran {
 template <class Walker, class PicTiming>
 [[nodiscard]] bool pic_timing_decoding_units(Walker& walk, PicTiming& timing,
                                              unsigned char increment_bits) {
-    walk.set(timing.du_info_present, true);
+    walk.set(timing.du_info_present);
     walk.ue(ELEMENT(timing, num_decoding_units_minus1));
     walk.u(1, ELEMENT(timing, du_common_cpb_removal_delay_flag));
     if (timing.du_common_cpb_removal_delay_flag) {
@@ -41,8 +41,8 @@ template <class Walker, class PicTiming, class Sps>
         walk.u(2, ELEMENT(timing, source_scan_type));
         walk.u(1, ELEMENT(timing, duplicate_flag));
     }
-    walk.set(timing.cpb_dpb_delays_present,
-             hrd.nal_hrd_parameters_present_flag || hrd.vcl_hrd_parameters_present_flag);
+    walk.assign(timing.cpb_dpb_delays_present,
+                hrd.nal_hrd_parameters_present_flag || hrd.vcl_hrd_parameters_present_flag);
     if (timing.cpb_dpb_delays_present) {
         walk.u_v(bits(hrd.au_cpb_removal_delay_length_minus1),
                  ELEMENT(timing, au_cpb_removal_delay_minus1));
@@ -57,7 +57,7 @@ template <class Walker, class PicTiming, class Sps>
             return false;
         }
     }
-    walk.set(timing.valid, true);
+    walk.set(timing.valid);
     return true;
 }
 

@@ -13,7 +13,7 @@ namespace kovran {
 // seq_parameter_set_rbsp(), clause 7.3.2.2.
 template <class Walker, class Sps, class VpsStore>
 [[nodiscard]] bool seq_parameter_set_rbsp(Walker& walk, Sps& sps, VpsStore& vps_store) {
-    walk.set(sps.valid, false);
+    walk.clear(sps.valid);
 
     walk.u(4, ELEMENT(sps, sps_video_parameter_set_id));
     if (find_valid_entry(vps_store, sps.sps_video_parameter_set_id) == nullptr) {
@@ -133,7 +133,7 @@ template <class Walker, class Sps, class VpsStore>
     if (sps.sps_extension_flag) {
         walk.extension_data("sps_extension_data_flag");
     }
-    walk.set(sps.valid, walk.rbsp_trailing_bits());
+    walk.assign(sps.valid, walk.rbsp_trailing_bits());
     return sps.valid;
 }
 

@@ -10,9 +10,9 @@ template <class Walker, class SubLayerHrd, class Hrd>
 [[nodiscard]] bool sub_layer_hrd_parameters(Walker& walk, SubLayerHrd& sub_layer,
                                             unsigned int subLayerId, unsigned int cpb_count,
                                             const Hrd& hrd) {
-    walk.set(sub_layer.valid, false);
-    walk.set(sub_layer.subLayerId, subLayerId);
-    walk.set(sub_layer.cpb_count, cpb_count);
+    walk.clear(sub_layer.valid);
+    walk.assign(sub_layer.subLayerId, subLayerId);
+    walk.assign(sub_layer.cpb_count, cpb_count);
     if (cpb_count > Walker::rules::max_hrd_cpbs ||
         !walk.grow(cpb_count, sub_layer.bit_rate_value_minus1, sub_layer.cpb_size_value_minus1,
                    sub_layer.cpb_size_du_value_minus1, sub_layer.bit_rate_du_value_minus1,
@@ -28,7 +28,7 @@ template <class Walker, class SubLayerHrd, class Hrd>
         }
         walk.u(1, ELEMENT(sub_layer, cbr_flag)[i]);
     }
-    walk.set(sub_layer.valid, true);
+    walk.set(sub_layer.valid);
     return true;
 }
 

@@ -45,7 +45,7 @@ template <class Walker, class Vps>
             return profile_tier_level(walk, ptl, /*profilePresentFlag=*/true,
                                       vps.vps_max_sub_layers_minus1);
         })) {
-        walk.set(vps.valid, false);
+        walk.clear(vps.valid);
         return false;
     }
 
@@ -100,7 +100,7 @@ template <class Walker, class Vps>
     if (vps.vps_extension_flag) {
         walk.extension_data("vps_extension_data_flag");
     }
-    walk.set(vps.valid, walk.rbsp_trailing_bits());
+    walk.assign(vps.valid, walk.rbsp_trailing_bits());
     return vps.valid;
 }
 

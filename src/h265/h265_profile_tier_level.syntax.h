@@ -58,7 +58,7 @@ template <class Walker, class Layer>
     if (layer.level_present_flag) {
         walk.u(8, ELEMENT(layer, level_idc));
     }
-    walk.set(layer.valid, true);
+    walk.set(layer.valid);
     return true;
 }
 
@@ -68,10 +68,10 @@ template <class Walker, class ProfileTierLevel>
                                       unsigned int maxNumSubLayersMinus1) {
     const auto walk_layer = [&walk](auto& layer) { return profile_tier_level_layer(walk, layer); };
 
-    walk.set(ptl.general.profile_present_flag, profilePresentFlag);
-    walk.set(ptl.general.level_present_flag, true);
+    walk.assign(ptl.general.profile_present_flag, profilePresentFlag);
+    walk.set(ptl.general.level_present_flag);
     if (!walk.structure(ELEMENT(ptl, general), walk_layer)) {
-        walk.set(ptl.valid, false);
+        walk.clear(ptl.valid);
         return false;
     }
     if (maxNumSubLayersMinus1 > Walker::rules::max_profile_tier_level_sub_layers ||
@@ -90,12 +90,12 @@ template <class Walker, class ProfileTierLevel>
     }
     for (unsigned int i = 0; i < maxNumSubLayersMinus1; ++i) {
         if (!walk.structure(ELEMENT(ptl, sub_layers)[i], walk_layer)) {
-            walk.set(ptl.valid, false);
+            walk.clear(ptl.valid);
             return false;
         }
         Walker::rules::infer_absent_sub_layer(walk, ptl.sub_layers[i]);
     }
-    walk.set(ptl.valid, true);
+    walk.set(ptl.valid);
     return true;
 }
 

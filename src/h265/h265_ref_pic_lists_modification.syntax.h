@@ -22,7 +22,7 @@ void list_entries(Walker& walk, element<Entries&> list_entry,
 // ref_pic_lists_modification(), clause 7.3.6.2.
 template <class Walker, class Lists, class Slice>
 [[nodiscard]] bool ref_pic_lists_modification(Walker& walk, Lists& lists, const Slice& slice) {
-    walk.set(lists.valid, false);
+    walk.clear(lists.valid);
     if (slice.NumPicTotalCurr == 0) {
         return false;
     }
@@ -40,7 +40,7 @@ template <class Walker, class Lists, class Slice>
                          width);
         }
     }
-    walk.set(lists.valid, true);
+    walk.set(lists.valid);
     return true;
 }
 

@@ -10,7 +10,7 @@ namespace kovran {
 // scaling_list_data(), clause 7.3.4.
 template <class Walker, class ScalingLists>
 [[nodiscard]] bool scaling_list_data(Walker& walk, ScalingLists& lists) {
-    walk.set(lists.valid, false);
+    walk.clear(lists.valid);
     if (!walk.grow(4, lists.ScalingList, lists.scaling_list_pred_mode_flag) ||
         !walk.grow(2, lists.scaling_list_dc_coef_minus8) ||
         !walk.grow(4, lists.scaling_list_pred_matrix_id_delta)) {
@@ -44,11 +44,11 @@ template <class Walker, class ScalingLists>
                 walk.se(named("scaling_list_delta_coef", scaling_list_delta_coef,
                               {{sizeId, matrixId, i}, 3}));
                 nextCoef = (nextCoef + static_cast<unsigned int>(scaling_list_delta_coef)) & 0xFFU;
-                walk.set(coefficients[i], nextCoef);
+                walk.assign(coefficients[i], nextCoef);
             }
         }
     }
-    walk.set(lists.valid, true);
+    walk.set(lists.valid);
     return true;
 }
 

@@ -42,11 +42,11 @@ template <class Walker, class Slice, class Sps>
     walk.grow_or_throw(entries, slice.lt_idx_sps, slice.poc_lsb_lt, slice.used_by_curr_pic_lt_flag,
                        slice.delta_poc_msb_present_flag, slice.delta_poc_msb_cycle_lt);
     if (entries != 0) {
-        walk.set(slice.lt_idx_sps[0], 0);
-        walk.set(slice.poc_lsb_lt[0], 0);
-        walk.set(slice.used_by_curr_pic_lt_flag[0], false);
-        walk.set(slice.delta_poc_msb_present_flag[0], false);
-        walk.set(slice.delta_poc_msb_cycle_lt[0], 0);
+        walk.assign(slice.lt_idx_sps[0], 0);
+        walk.assign(slice.poc_lsb_lt[0], 0);
+        walk.clear(slice.used_by_curr_pic_lt_flag[0]);
+        walk.clear(slice.delta_poc_msb_present_flag[0]);
+        walk.assign(slice.delta_poc_msb_cycle_lt[0], 0);
     }
     if (!Walker::rules::can_read_long_term_pics(sps)) {
         return false;
@@ -87,7 +87,7 @@ template <class Walker, class Slice, class Sps>
             walk.u_v(Walker::rules::index_width(sps.num_short_term_ref_pic_sets),
                      ELEMENT(slice, short_term_ref_pic_set_idx));
         }
-        walk.set(slice.CurrRpsIdx, slice.short_term_ref_pic_set_idx);
+        walk.assign(slice.CurrRpsIdx, slice.short_term_ref_pic_set_idx);
     }
     if (sps.long_term_ref_pics_present_flag && !slice_long_term_pics(walk, slice, sps, lsb_bits)) {
         return false;
@@ -131,13 +131,13 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
 [[nodiscard]] bool slice_segment_header(Walker& walk, Slice& slice, PpsStore& pps_store,
                                         SpsStore& sps_store, VpsStore& vps_store,
                                         h265_nal_unit_type nal_unit_type) {
-    walk.set(slice.valid, false);
+    walk.clear(slice.valid);
 
     walk.u(1, ELEMENT(slice, first_slice_segment_in_pic_flag));
     if (nal_unit_type >= BLA_W_LP && nal_unit_type <= RSV_IRAP_VCL23) {
         walk.u(1, ELEMENT(slice, no_output_of_prior_pics_flag));
     } else {
-        walk.set(slice.no_output_of_prior_pics_flag, false);
+        walk.clear(slice.no_output_of_prior_pics_flag);
     }
     walk.ue(ELEMENT(slice, slice_pic_parameter_set_id));
     const auto* const pps = find_entry(pps_store, slice.slice_pic_parameter_set_id);
@@ -148,16 +148,16 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
     if (sps == nullptr || find_entry(vps_store, sps->sps_video_parameter_set_id) == nullptr) {
         return false;
     }
-    walk.set(slice.NumPicTotalCurr, 0);
-    walk.set(slice.CurrRpsIdx, sps->num_short_term_ref_pic_sets);
-    walk.set(slice.num_ref_idx_l0_active_minus1, pps->num_ref_idx_l0_default_active_minus1);
-    walk.set(slice.num_ref_idx_l1_active_minus1, pps->num_ref_idx_l1_default_active_minus1);
+    walk.assign(slice.NumPicTotalCurr, 0);
+    walk.assign(slice.CurrRpsIdx, sps->num_short_term_ref_pic_sets);
+    walk.assign(slice.num_ref_idx_l0_active_minus1, pps->num_ref_idx_l0_default_active_minus1);
+    walk.assign(slice.num_ref_idx_l1_active_minus1, pps->num_ref_idx_l1_default_active_minus1);
 
     if (!slice.first_slice_segment_in_pic_flag) {
         if (pps->dependent_slice_segments_enabled_flag) {
             walk.u(1, ELEMENT(slice, dependent_slice_segment_flag));
         } else {
-            walk.set(slice.dependent_slice_segment_flag, false);
+            walk.clear(slice.dependent_slice_segment_flag);
         }
         const unsigned int PicSizeInCtbsY = pic_size_in_ctbs(*sps);
         if (PicSizeInCtbsY == 0) {
@@ -166,7 +166,7 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         walk.u_v(Walker::rules::index_width(PicSizeInCtbsY), ELEMENT(slice, slice_segment_address));
     }
     if (Walker::rules::is_dependent(slice)) {
-        walk.set(slice.valid, true);
+        walk.set(slice.valid);
         return true;
     }
 
@@ -177,7 +177,7 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
     if (pps->output_flag_present_flag) {
         walk.u(1, ELEMENT(slice, pic_output_flag));
     } else {
-        walk.set(slice.pic_output_flag, true);
+        walk.set(slice.pic_output_flag);
     }
     if (sps->separate_colour_plane_flag) {
         walk.u(2, ELEMENT(slice, colour_plane_id));
@@ -194,7 +194,7 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         }
     }
     if (slice.slice_type > slice_type_p) {
-        walk.set(slice.valid, true);
+        walk.set(slice.valid);
         return true;
     }
 
@@ -205,14 +205,14 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
             walk.ue(ELEMENT(slice, num_ref_idx_l1_active_minus1));
         }
     }
-    walk.set(slice.NumPicTotalCurr, num_pic_total_curr<Walker>(slice, *sps));
+    walk.assign(slice.NumPicTotalCurr, num_pic_total_curr<Walker>(slice, *sps));
     if (pps->lists_modification_present_flag && slice.NumPicTotalCurr > 1 &&
         !walk.structure(ELEMENT(slice, ref_pic_lists_modification), [&](auto& lists) {
             return ref_pic_lists_modification(walk, lists, slice);
         })) {
         return false;
     }
-    walk.set(slice.valid, true);
+    walk.set(slice.valid);
     return true;
 }
 

@@ -12,24 +12,24 @@ template <class Walker, class Set, class Sps, class Sets>
     if (stRpsIdx == sps.num_short_term_ref_pic_sets) {
         walk.ue(ELEMENT(set, delta_idx_minus1));
     } else {
-        walk.set(set.delta_idx_minus1, 0);
+        walk.assign(set.delta_idx_minus1, 0);
     }
     walk.u(1, ELEMENT(set, delta_rps_sign));
     walk.ue(ELEMENT(set, abs_delta_rps_minus1));
-    walk.set(set.RefRpsIdx, stRpsIdx - 1 - set.delta_idx_minus1);
+    walk.assign(set.RefRpsIdx, stRpsIdx - 1 - set.delta_idx_minus1);
     const unsigned int absDeltaRps = set.abs_delta_rps_minus1 + 1;
-    walk.set(set.deltaRps, set.delta_rps_sign ? 0 - absDeltaRps : absDeltaRps);
+    walk.assign(set.deltaRps, set.delta_rps_sign ? 0 - absDeltaRps : absDeltaRps);
     if (set.RefRpsIdx >= sets.size()) {
         return false;
     }
 
-    walk.set(set.num_negative_pics, 0);
-    walk.set(set.num_positive_pics, 0);
+    walk.assign(set.num_negative_pics, 0);
+    walk.assign(set.num_positive_pics, 0);
     // Copied, as the reference may be this record, or move when it grows.
     const auto& reference = sets[set.RefRpsIdx];
     const unsigned int reference_pics = reference.NumDeltaPocs;
     const unsigned int reference_counts = reference.num_negative_pics + reference.num_positive_pics;
-    walk.set(set.NumDeltaPocs, reference_pics);
+    walk.assign(set.NumDeltaPocs, reference_pics);
     if (reference_pics < reference_counts ||
         reference_pics > Walker::rules::max_pics_in_reference_set ||
         !walk.grow(reference_pics + 1, set.use_delta_flag, set.used_by_curr_pic_flag)) {
@@ -38,7 +38,7 @@ template <class Walker, class Set, class Sps, class Sets>
     for (unsigned int j = 0; j <= reference_pics; ++j) {
         walk.u(1, ELEMENT(set, used_by_curr_pic_flag)[j]);
         if (set.used_by_curr_pic_flag[j]) {
-            walk.set(set.use_delta_flag[j], true);
+            walk.set(set.use_delta_flag[j]);
         } else {
             walk.u(1, ELEMENT(set, use_delta_flag)[j]);
         }
@@ -51,13 +51,13 @@ template <class Walker, class Set, class Sps, class Sets>
 template <class Walker, class Set, class Sps, class Sets>
 [[nodiscard]] bool st_ref_pic_set(Walker& walk, Set& set, const Sps& sps, unsigned int stRpsIdx,
                                   const Sets& sets) {
-    walk.set(set.stRpsIdx, stRpsIdx);
-    walk.set(set.RefRpsIdx, stRpsIdx);
-    walk.set(set.NumDeltaPocs, 0);
-    walk.set(set.valid, false);
+    walk.assign(set.stRpsIdx, stRpsIdx);
+    walk.assign(set.RefRpsIdx, stRpsIdx);
+    walk.assign(set.NumDeltaPocs, 0);
+    walk.clear(set.valid);
 
     if (stRpsIdx == 0) {
-        walk.set(set.inter_ref_pic_set_prediction_flag, false);
+        walk.clear(set.inter_ref_pic_set_prediction_flag);
     } else {
         walk.u(1, ELEMENT(set, inter_ref_pic_set_prediction_flag));
     }
@@ -65,7 +65,7 @@ template <class Walker, class Set, class Sps, class Sets>
         if (!predicted_st_ref_pic_set(walk, set, sps, stRpsIdx, sets)) {
             return false;
         }
-        walk.set(set.valid, true);
+        walk.set(set.valid);
         return true;
     }
 
@@ -87,8 +87,8 @@ template <class Walker, class Set, class Sps, class Sets>
         walk.ue(ELEMENT(set, delta_poc_s1_minus1)[i]);
         walk.u(1, ELEMENT(set, used_by_curr_pic_s1_flag)[i]);
     }
-    walk.set(set.NumDeltaPocs, set.num_negative_pics + set.num_positive_pics);
-    walk.set(set.valid, true);
+    walk.assign(set.NumDeltaPocs, set.num_negative_pics + set.num_positive_pics);
+    walk.set(set.valid);
     return true;
 }
 

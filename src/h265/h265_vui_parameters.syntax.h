@@ -40,21 +40,21 @@ inline constexpr unsigned int extended_sar = 255;
 // vui_parameters(), clause E.2.1.
 template <class Walker, class Vui, class Sps>
 [[nodiscard]] bool vui_parameters(Walker& walk, Vui& vui, const Sps& sps) {
-    walk.set(vui.valid, false);
+    walk.clear(vui.valid);
 
     walk.u(1, ELEMENT(vui, aspect_ratio_info_present_flag));
     if (vui.aspect_ratio_info_present_flag) {
         walk.u(8, ELEMENT(vui, aspect_ratio_idc));
         if (vui.aspect_ratio_idc == extended_sar) {
-            walk.set(vui.extended_sar_flag, true);
+            walk.set(vui.extended_sar_flag);
             walk.u(16, ELEMENT(vui, sar_width));
             walk.u(16, ELEMENT(vui, sar_height));
         } else {
             const bool reserved = vui.aspect_ratio_idc >= sample_aspect_ratios.size();
             const auto ratio = sample_aspect_ratios[reserved ? 0 : vui.aspect_ratio_idc];
             Walker::rules::end_extended_sar(walk, vui);
-            walk.set(vui.sar_width, ratio.width);
-            walk.set(vui.sar_height, ratio.height);
+            walk.assign(vui.sar_width, ratio.width);
+            walk.assign(vui.sar_height, ratio.height);
         }
     }
 
@@ -122,7 +122,7 @@ template <class Walker, class Vui, class Sps>
         walk.ue(ELEMENT(vui, log2_max_mv_length_horizontal));
         walk.ue(ELEMENT(vui, log2_max_mv_length_vertical));
     }
-    walk.set(vui.valid, true);
+    walk.set(vui.valid);
     return true;
 }
 

@@ -67,7 +67,7 @@ struct own_rules {
     // left to the host, and a set that is predicted from this one has one flag pair to read.
     template <class Walker, class Set>
     static void end_predicted_set(Walker& walk, Set& set) {
-        walk.set(set.NumDeltaPocs, set.num_negative_pics + set.num_positive_pics);
+        walk.assign(set.NumDeltaPocs, set.num_negative_pics + set.num_positive_pics);
     }
 
     // Slice segment headers.

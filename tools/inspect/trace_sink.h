@@ -20,10 +20,10 @@ struct indexed_name {
 // without emulation prevention bytes.
 struct traced_element {
     indexed_name name;
-    const char* descriptor;  // as in clause 7.2, "ue(v)"
-    std::size_t bit;
-    std::size_t width;
-    std::int64_t value;  // of extension data none, 0
+    const char* descriptor = nullptr;  // as in clause 7.2, "ue(v)"
+    std::size_t bit = 0;
+    std::size_t width = 0;
+    std::int64_t value = 0;  // of extension data none, 0
 };
 
 // Takes what a tracing walk reads, in the order of the bits.
