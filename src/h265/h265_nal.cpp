@@ -12,6 +12,7 @@ constexpr char reserved_non_irap[] = "Reserved non-IRAP VCL NAL unit types";
 
 }  // namespace
 
+// NOLINTBEGIN(bugprone-suspicious-missing-comma): two of the texts are longer than a line.
 const char* const h265_nal_unit_type_str[41] = {
     "TRAIL_N, Coded slice segment of a non-TSA, non-STSA trailing picture, "
     "slice_segment_layer_rbsp()",
@@ -57,6 +58,7 @@ const char* const h265_nal_unit_type_str[41] = {
     "PREFIX_SEI_NUT, Supplemental enhancement information, sei_rbsp()",
     "SUFFIX_SEI_NUT, Supplemental enhancement information, sei_rbsp()",
 };
+// NOLINTEND(bugprone-suspicious-missing-comma)
 
 const char* h265_nal_unit_type_to_str(h265_nal_unit_type t) {
     return t < std::size(h265_nal_unit_type_str) ? h265_nal_unit_type_str[t] : "";

@@ -25,7 +25,7 @@ test::bit_writer fixed_rate_sub_layer(unsigned int elemental_duration,
 // Common information with the two present flags as given, without sub-picture parameters.
 test::bit_writer common_information(bool nal, bool vcl) {
     test::bit_writer bits;
-    bits.u<1>(nal).u<1>(vcl);
+    bits.u<1>(static_cast<std::uint64_t>(nal)).u<1>(static_cast<std::uint64_t>(vcl));
     bits.u<1>(0);                     // sub_pic_hrd_params_present_flag
     bits.u<4>(1).u<4>(2);             // bit_rate_scale, cpb_size_scale
     bits.u<5>(10).u<5>(11).u<5>(12);  // the three delay lengths
@@ -114,7 +114,7 @@ TEST(H265HrdParameters, ReadsNalAndVclStructuresEachByItsFlag) {
 }
 
 TEST(H265HrdParameters, ReadsTheNalStructureOfASubLayerBeforeTheVclOne) {
-    test::bit_writer bits = common_information(true, true);
+    test::bit_writer bits = common_information(/*nal=*/true, /*vcl=*/true);
     test::append(bits, fixed_rate_sub_layer(0, 0));
     bits.ue(1).ue(2).u<1>(0);
     bits.ue(3).ue(4).u<1>(1);
@@ -164,7 +164,7 @@ TEST(H265HrdParameters, ReadsACpbCountWithoutLowDelay) {
 }
 
 TEST(H265HrdParameters, ReadsOneCpbAtLowDelay) {
-    test::bit_writer bits = common_information(true, false);
+    test::bit_writer bits = common_information(/*nal=*/true, /*vcl=*/false);
     bits.u<1>(0).u<1>(0).u<1>(1);
     bits.ue(70).ue(71).u<1>(1);
     test::rbsp input{bits.bytes()};
@@ -178,7 +178,7 @@ TEST(H265HrdParameters, ReadsOneCpbAtLowDelay) {
 }
 
 TEST(H265HrdParameters, ReadsUpTo128Cpbs) {
-    test::bit_writer bits = common_information(true, false);
+    test::bit_writer bits = common_information(/*nal=*/true, /*vcl=*/false);
     test::append(bits, fixed_rate_sub_layer(0, 127));
     for (unsigned int i = 0; i < 128; ++i) {
         bits.ue(i).ue(i).u<1>(0);
@@ -193,7 +193,7 @@ TEST(H265HrdParameters, ReadsUpTo128Cpbs) {
 
 TEST(H265HrdParameters, RejectsMoreThan128CpbsAndKeepsEarlierSubLayers) {
     for (const unsigned int cpb_cnt_minus1 : {128U, 0xFFFFFFFEU}) {
-        test::bit_writer bits = common_information(false, true);
+        test::bit_writer bits = common_information(/*nal=*/false, /*vcl=*/true);
         test::append(bits, fixed_rate_sub_layer(1, 0));
         bits.ue(33).ue(34).u<1>(1);
         test::append(bits, fixed_rate_sub_layer(2, cpb_cnt_minus1));
@@ -227,7 +227,7 @@ TEST(H265HrdParameters, AcceptsAnyCpbCountThatSizesNothing) {
 }
 
 TEST(H265HrdParameters, TakesACpbCountThatWrapsForNone) {
-    test::bit_writer bits = common_information(true, true);
+    test::bit_writer bits = common_information(/*nal=*/true, /*vcl=*/true);
     bits.u<1>(0).u<1>(0).u<1>(1);  // low delay, so that the held count stays
     const std::size_t read = bits.size();
     bits.u<16>(0xFFFF);
@@ -264,7 +264,7 @@ TEST(H265HrdParameters, ReadsUpTo128SubLayers) {
 
 TEST(H265HrdParameters, RejectsMoreThan128SubLayersBehindTheCommonInformation) {
     for (const unsigned int maxNumSubLayersMinus1 : {128U, 0x7FFFFFFFU, 0xFFFFFFFEU, 0xFFFFFFFFU}) {
-        const test::bit_writer bits = common_information(true, false);
+        const test::bit_writer bits = common_information(/*nal=*/true, /*vcl=*/false);
         test::rbsp input{bits.bytes()};
         h265_hrd_parameters hrd;
         hrd.cpb_cnt_minus1 = {1, 2};
@@ -325,7 +325,7 @@ TEST(H265HrdParameters, KeepsCommonInformationThatIsAbsentNow) {
 
 TEST(H265HrdParameters, KeepsSubPictureParametersThatAreAbsentNow) {
     h265_hrd_parameters hrd = test::full_hrd_parameters().record;
-    test::bit_writer bits = common_information(true, false);
+    test::bit_writer bits = common_information(/*nal=*/true, /*vcl=*/false);
     test::append(bits, fixed_rate_sub_layer(0, 0));
     bits.ue(0).ue(0).u<1>(0);
     test::rbsp input{bits.bytes()};
@@ -359,7 +359,7 @@ TEST(H265HrdParameters, GoesByTheLowDelayFlagItHoldsAtAFixedRate) {
     h265_hrd_parameters hrd;
     hrd.low_delay_hrd_flag = {true};
     hrd.cpb_cnt_minus1 = {1};
-    test::bit_writer bits = common_information(true, false);
+    test::bit_writer bits = common_information(/*nal=*/true, /*vcl=*/false);
     bits.u<1>(1).ue(9);  // fixed_pic_rate_general_flag, elemental_duration_in_tc_minus1
     bits.ue(1).ue(2).u<1>(0).ue(3).ue(4).u<1>(1);
     test::rbsp input{bits.bytes()};

@@ -39,7 +39,7 @@ h265_nal_sei_active_parameter_sets used_record() {
 TEST(H265NalSeiActiveParameterSets, ReadsTheSmallestMessage) {
     // active_video_parameter_set_id, two flags, num_sps_ids_minus1, active_seq_parameter_set_id[0]
     test::rbsp input{0b0000'0'0'1'1};
-    vps_store store = store_with(0, true, 0);
+    vps_store store = store_with(0, /*vps_base_layer_internal_flag=*/true, 0);
     h265_nal_sei_active_parameter_sets sets;
     EXPECT_TRUE(sets.parse(input.reader, store));
     EXPECT_EQ(sets.active_video_parameter_set_id, 0);
@@ -60,7 +60,7 @@ TEST(H265NalSeiActiveParameterSets, ReadsEveryElement) {
     const std::size_t size = bits.size();
     bits.u<8>(0xFF);
     test::rbsp input{bits.bytes()};
-    vps_store store = store_with(15, true, 2);
+    vps_store store = store_with(15, /*vps_base_layer_internal_flag=*/true, 2);
     h265_nal_sei_active_parameter_sets sets;
     EXPECT_TRUE(sets.parse(input.reader, store));
     EXPECT_EQ(sets.active_video_parameter_set_id, 15);
@@ -74,7 +74,7 @@ TEST(H265NalSeiActiveParameterSets, ReadsEveryElement) {
 }
 
 TEST(H265NalSeiActiveParameterSets, TellsTheTwoFlagsApart) {
-    vps_store store = store_with(0, true, 0);
+    vps_store store = store_with(0, /*vps_base_layer_internal_flag=*/true, 0);
     h265_nal_sei_active_parameter_sets sets;
     test::rbsp first{0b0000'1'0'1'1};
     EXPECT_TRUE(sets.parse(first.reader, store));
@@ -91,7 +91,7 @@ TEST(H265NalSeiActiveParameterSets, ReadsTheBaseLayerIndexOfAnExternalBaseLayer)
     bits.u<4>(0).u<2>(0).ue(0).ue(0);
     bits.ue(4).ue(5).ue(6);  // layer_sps_idx
     test::rbsp input{bits.bytes()};
-    vps_store store = store_with(0, false, 2);
+    vps_store store = store_with(0, /*vps_base_layer_internal_flag=*/false, 2);
     h265_nal_sei_active_parameter_sets sets;
     EXPECT_TRUE(sets.parse(input.reader, store));
     EXPECT_EQ(sets.layer_sps_idx, (values{4, 5, 6}));
@@ -105,7 +105,7 @@ TEST(H265NalSeiActiveParameterSets, ReadsAnIndexForTheLastOf64Layers) {
         bits.ue(i);
     }
     test::rbsp input{bits.bytes()};
-    vps_store store = store_with(0, true, 63);
+    vps_store store = store_with(0, /*vps_base_layer_internal_flag=*/true, 63);
     h265_nal_sei_active_parameter_sets sets;
     EXPECT_TRUE(sets.parse(input.reader, store));
     ASSERT_EQ(sets.layer_sps_idx.size(), 64U);
@@ -118,13 +118,13 @@ TEST(H265NalSeiActiveParameterSets, ReadsAnIndexForTheLastOf64Layers) {
 TEST(H265NalSeiActiveParameterSets, BoundsTheLayersOfAVpsMadeByTheHost) {
     const test::bit_writer bits = test::bit_writer().u<4>(0).u<2>(0).ue(0).ue(9);
     test::rbsp accepted{bits.bytes()};
-    vps_store store = store_with(0, true, 127);
+    vps_store store = store_with(0, /*vps_base_layer_internal_flag=*/true, 127);
     h265_nal_sei_active_parameter_sets sets;
     EXPECT_TRUE(sets.parse(accepted.reader, store));
     EXPECT_EQ(sets.layer_sps_idx.size(), 128U);
 
     test::rbsp rejected{bits.bytes()};
-    store = store_with(0, true, 128);
+    store = store_with(0, /*vps_base_layer_internal_flag=*/true, 128);
     sets = used_record();
     EXPECT_FALSE(sets.parse(rejected.reader, store));
     EXPECT_FALSE(sets.valid);
@@ -140,7 +140,7 @@ TEST(H265NalSeiActiveParameterSets, TakesUpTo128SpsIdentifiers) {
         bits.ue(1000 + i);
     }
     test::rbsp input{bits.bytes()};
-    vps_store store = store_with(0, true, 0);
+    vps_store store = store_with(0, /*vps_base_layer_internal_flag=*/true, 0);
     h265_nal_sei_active_parameter_sets sets;
     EXPECT_TRUE(sets.parse(input.reader, store));
     ASSERT_EQ(sets.active_seq_parameter_set_id.size(), 128U);
@@ -154,7 +154,7 @@ TEST(H265NalSeiActiveParameterSets, RejectsMoreSpsIdentifiersButStoresTheirNumbe
         test::bit_writer bits;
         bits.u<4>(0).u<1>(0).u<1>(1).ue(num_sps_ids_minus1);
         test::rbsp input{bits.bytes()};
-        vps_store store = store_with(0, true, 0);
+        vps_store store = store_with(0, /*vps_base_layer_internal_flag=*/true, 0);
         h265_nal_sei_active_parameter_sets sets = used_record();
         EXPECT_FALSE(sets.parse(input.reader, store));
         h265_nal_sei_active_parameter_sets expected = used_record();
@@ -169,7 +169,7 @@ TEST(H265NalSeiActiveParameterSets, RejectsMoreSpsIdentifiersButStoresTheirNumbe
 
 TEST(H265NalSeiActiveParameterSets, FailsWithoutTheVpsAndInsertsNone) {
     test::rbsp input{0b0101'1'1'1'1};
-    vps_store store = store_with(4, true, 0);
+    vps_store store = store_with(4, /*vps_base_layer_internal_flag=*/true, 0);
     store[6] = store[4];
     h265_nal_sei_active_parameter_sets sets = used_record();
     EXPECT_FALSE(sets.parse(input.reader, store));
@@ -192,7 +192,7 @@ TEST(H265NalSeiActiveParameterSets, FailsWithAnEmptyStore) {
 
 TEST(H265NalSeiActiveParameterSets, GoesByTheIdentifierAndNotByTheActiveOne) {
     test::rbsp input{0b0001'0'0'1'1};
-    vps_store store = store_with(1, true, 0);
+    vps_store store = store_with(1, /*vps_base_layer_internal_flag=*/true, 0);
     store[2].vps_max_layers_minus1 = 40;
     store.active_id = 2;
     h265_nal_sei_active_parameter_sets sets;
@@ -207,7 +207,7 @@ TEST(H265NalSeiActiveParameterSets, KeepsAndFillsArraysWhenParsedAgain) {
     bits.u<4>(0).u<2>(0).ue(0).ue(6);
     bits.ue(8);  // layer_sps_idx[1]
     test::rbsp shrinking{bits.bytes()};
-    vps_store store = store_with(0, true, 1);
+    vps_store store = store_with(0, /*vps_base_layer_internal_flag=*/true, 1);
     h265_nal_sei_active_parameter_sets sets = used_record();
     EXPECT_TRUE(sets.parse(shrinking.reader, store));
     EXPECT_EQ(sets.active_seq_parameter_set_id, values{6});
@@ -221,7 +221,7 @@ TEST(H265NalSeiActiveParameterSets, KeepsAndFillsArraysWhenParsedAgain) {
 
 TEST(H265NalSeiActiveParameterSets, ReadsNoLayerIndexOfASingleLayer) {
     test::rbsp input{0b0000'0'0'1'1, 0b010'00000};
-    vps_store store = store_with(0, true, 0);
+    vps_store store = store_with(0, /*vps_base_layer_internal_flag=*/true, 0);
     h265_nal_sei_active_parameter_sets sets;
     EXPECT_TRUE(sets.parse(input.reader, store));
     EXPECT_EQ(sets.layer_sps_idx, values{0});
