@@ -3,15 +3,14 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <map>
-#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "byte_string.h"
 #include "program.h"
+#include "reading_elements.h"
 #include "readings.h"
 #include "temporary_folder.h"
 
@@ -39,19 +38,37 @@ struct traced_unit {
     std::vector<element> elements;
 };
 
+// Columns are two spaces or more apart; the last one may be empty.
+std::vector<std::string> columns_of(const std::string& line) {
+    std::vector<std::string> columns;
+    for (std::size_t begin = line.find_first_not_of(' '); begin != std::string::npos;) {
+        const std::size_t end = line.find("  ", begin);
+        columns.push_back(line.substr(begin, end - begin));
+        begin = line.find_first_not_of(' ', end);
+    }
+    columns.resize(std::max<std::size_t>(columns.size(), 6));
+    return columns;
+}
+
+element element_of(const std::string& line) {
+    const std::vector<std::string> columns = columns_of(line);
+    EXPECT_EQ(columns.size(), 6U) << line;
+    EXPECT_FALSE(columns[4].empty()) << line;
+    return {columns[0], std::stoul(columns[1]), std::stoul(columns[2]), columns[3], columns[4],
+            columns[5]};
+}
+
 std::vector<traced_unit> units_of(const std::string& trace) {
     std::vector<traced_unit> units;
     std::istringstream lines(trace);
     for (std::string line; std::getline(lines, line);) {
         if (line.rfind("unit ", 0) == 0) {
             units.push_back({line, {}});
-            continue;
+        } else if (units.empty()) {
+            ADD_FAILURE() << line;
+        } else {
+            units.back().elements.push_back(element_of(line));
         }
-        element& each = units.at(units.size() - 1).elements.emplace_back();
-        std::istringstream columns(line);
-        columns >> each.place >> each.bit >> each.width >> each.path >> each.descriptor >>
-            each.value;
-        EXPECT_TRUE(columns || each.descriptor == "bytes") << line;
     }
     return units;
 }
@@ -62,264 +79,312 @@ std::string leaf_of(const std::string& path) {
 
 // ---- What the other reader says
 
-struct expected_element {
-    std::string name;
-    std::int64_t value;
-    std::size_t bit;
-    std::size_t width;
-};
-
-// In the standard's words.
-std::string standard_name(const std::string& name) {
-    static const std::map<std::string, std::string> other_names = {
-        {"matrix_coefficients", "matrix_coeffs"},
-        {"sps_extension_present_flag", "sps_extension_flag"},
-        {"scaling_list_delta_coeff", "scaling_list_delta_coef"},
-    };
-    const std::string base = name.substr(0, name.find('['));
-    const auto found = other_names.find(base);
-    return found == other_names.end() ? name : found->second + name.substr(base.size());
-}
-
-bool is_reserved(const std::string& name) {
-    return name.find("reserved_zero") != std::string::npos;
-}
-
-// Reserved bits, which that reader takes 24 at a time, are put together again.
-std::vector<expected_element> elements_of(const nlohmann::json& unit) {
-    constexpr std::size_t header_bits = 16;
-    std::vector<expected_element> all;
-    for (const nlohmann::json& each : unit.at("elements")) {
-        const std::string name = standard_name(each.at(0));
-        const auto value = each.at(1).get<std::int64_t>();
-        const auto width = each.at(3).get<std::size_t>();
-        if (is_reserved(name) && !all.empty() && all.back().name == name) {
-            all.back().value = all.back().value << width | value;
-            all.back().width += width;
-        } else {
-            all.push_back({name, value, each.at(2).get<std::size_t>() - header_bits, width});
-        }
-    }
-    return all;
-}
-
-bool is_extension_flag(const std::string& name) {
-    return name == "vps_extension_flag" || name == "sps_extension_flag" ||
-           name == "pps_extension_present_flag";
-}
-
-std::size_t index_of(const std::vector<expected_element>& all, const std::string& name,
-                     std::size_t from = 0) {
-    const auto found =
-        std::find_if(all.begin() + static_cast<std::ptrdiff_t>(from), all.end(),
-                     [&](const expected_element& each) { return each.name == name; });
-    return static_cast<std::size_t>(found - all.begin());
-}
-
-// The bits of an extension are passed over in one go, as data without a value.
+// The bits of an extension are passed over in one go.
 void put_extension_together(std::vector<expected_element>& all) {
     const auto flag = std::find_if(all.begin(), all.end(), [](const expected_element& each) {
         return is_extension_flag(each.name);
     });
-    if (flag == all.end() || flag->value == 0) {
+    if (flag == all.end() || flag->value == "0") {
         return;
     }
     const auto stop = std::find_if(flag, all.end(), [](const expected_element& each) {
         return each.name == "rbsp_stop_one_bit";
     });
-    const expected_element data = {flag->name.substr(0, 3) + "_extension_data_flag", 0,
+    const expected_element data = {flag->name.substr(0, 3) + "_extension_data_flag", "not read",
                                    flag->bit + 1, stop->bit - flag->bit - 1};
     all.erase(flag + 1, stop);
     all.insert(flag + 1, data);
 }
 
-// The first element of an SPS that is read otherwise: of a set that is predicted no pictures are
-// kept, so that a set predicted from that has one pair of flags; all.size() when there is none.
-std::size_t first_of_a_chained_prediction(const std::vector<expected_element>& all) {
-    const std::size_t end = index_of(all, "long_term_ref_pics_present_flag");
-    const std::string flag = "inter_ref_pic_set_prediction_flag";
-    bool predicted_before = false;
-    for (std::size_t set = index_of(all, flag); set < end; set = index_of(all, flag, set + 1)) {
-        const bool predicted = all[set].value != 0;
-        const std::size_t second_pair = index_of(all, "used_by_curr_pic_flag[1]", set);
-        if (predicted && predicted_before && second_pair < index_of(all, flag, set + 1)) {
-            return second_pair;
-        }
-        predicted_before = predicted;
+// ---- Comparisons
+
+void expect_element(const element& each, const expected_element& expected) {
+    std::string name = leaf_of(each.path);
+    if (expected.name == "reserved_zero_2bits") {
+        name = name.substr(0, name.find('['));
     }
-    return all.size();
+    EXPECT_EQ(name, expected.name) << to_string(each);
+    EXPECT_EQ(each.bit, expected.bit) << to_string(each);
+    EXPECT_EQ(each.width, expected.width) << to_string(each);
+    EXPECT_EQ(each.value, expected.value) << to_string(each);
 }
 
-// Streams in whose SPSs a set is predicted from a predicted one.
-const std::set<std::string> streams_with_chained_sets = {
-    "hm_2tids",         "hm_deblock_metric", "hm_depslices",     "hm_field",
-    "hm_hash_csum",     "hm_hrd_subpic",     "hm_ld_b",          "hm_ra16",
-    "hm_ra8_cra",       "hm_rext400",        "hm_rext444_all",   "hm_scaling_file444",
-    "hm_slices_bytes",  "hm_tiles_nu",       "hm_tiles_u",       "hm_vui",
-    "hm_wp_b",          "hmx_ext4bits",      "hmx_hrd_lowdelay", "hmx_ids",
-    "hmx_listmod_b",    "hmx_listmod_p4",    "hmx_ltr1",         "hmx_ltr3_unused",
-    "hmx_ltr_msb_part", "hmx_ltrsps5",       "hmx_pocbits16",    "hmx_sublevel_only",
-    "hmx_vps_hrd1",     "hmx_vps_timing",    "scm_act",          "scm_ld420",
-};
+void expect_elements(const std::vector<element>& elements,
+                     const std::vector<expected_element>& expected, std::size_t count) {
+    ASSERT_GE(elements.size(), count);
+    ASSERT_GE(expected.size(), count);
+    for (std::size_t i = 0; i < count; ++i) {
+        expect_element(elements[i], expected[i]);
+        if (testing::Test::HasFailure()) {
+            return;
+        }
+    }
+}
 
-// ---- Places in the file
-
-// Of every bit behind the NAL unit header.
-std::vector<std::string> places_of(const std::string& stream, const nlohmann::json& unit) {
+// Where a unit's elements stand in the file: its bytes but the emulation prevention bytes.
+void expect_places(const std::vector<element>& elements, const std::string& stream,
+                   const nlohmann::json& unit) {
     const auto begin = unit.at("offset").get<std::size_t>();
     const std::size_t end = begin + unit.at("size").get<std::size_t>();
-    std::vector<std::string> places;
+    std::vector<std::size_t> places;
     std::size_t zeros = 0;
     for (std::size_t i = begin + 2; i < end; ++i) {
         const bool emulation_prevention = zeros >= 2 && stream[i] == 3;
         zeros = !emulation_prevention && stream[i] == 0 ? zeros + 1 : 0;
-        for (unsigned int bit = 0; bit < 8 && !emulation_prevention; ++bit) {
-            places.push_back(std::to_string(i) + '.' + std::to_string(bit));
+        if (!emulation_prevention) {
+            places.push_back(i);
         }
     }
-    return places;
+    for (const element& each : elements) {
+        // What is read behind the end of a broken unit has no place.
+        if (each.bit / 8 < places.size()) {
+            ASSERT_EQ(each.place,
+                      std::to_string(places[each.bit / 8]) + '.' + std::to_string(each.bit % 8))
+                << to_string(each);
+        }
+    }
 }
 
-std::string last_line(const std::string& text) {
-    const std::size_t end = text.find_last_not_of('\n') + 1;
-    const std::size_t begin = text.find_last_of('\n', end == 0 ? 0 : end - 1);
-    return text.substr(begin == std::string::npos ? 0 : begin + 1, end);
+// Without gaps; in an SEI unit there are the bits that fill up a payload.
+void expect_elements_in_a_row(const std::vector<element>& elements, bool gaps) {
+    std::size_t bit = 0;
+    for (const element& each : elements) {
+        ASSERT_TRUE(gaps ? each.bit >= bit : each.bit == bit) << to_string(each);
+        bit = each.bit + each.width;
+    }
+}
+
+void expect_heading(const std::string& heading, std::size_t index, const nlohmann::json& unit) {
+    const std::string start =
+        "unit " + std::to_string(index) + " at " + unit.at("offset").dump() + ": ";
+    const std::string end = ", " + unit.at("size").dump() + " bytes, layer " +
+                            unit.at("nuh_layer_id").dump() + ", temporal id " +
+                            std::to_string(unit.at("nuh_temporal_id_plus1").get<int>() - 1);
+    ASSERT_GE(heading.size(), start.size() + end.size());
+    EXPECT_EQ(heading.substr(0, start.size()), start);
+    EXPECT_EQ(heading.substr(heading.size() - end.size()), end);
+}
+
+// The elements of the messages that are taken apart, and type and size of all; those that need an
+// SPS only where that can be read.
+void expect_messages(const std::vector<element>& elements,
+                     const std::vector<expected_element>& reading, bool prefix, bool sps_read) {
+    std::map<std::size_t, const element*> by_bit;
+    for (const element& each : elements) {
+        by_bit[each.bit] = &each;
+    }
+    std::string payload_type;
+    for (const expected_element& expected : reading) {
+        if (expected.name == "last_payload_type_byte") {
+            payload_type = expected.value;
+        }
+        const bool read = prefix && is_taken_apart(payload_type) &&
+                          (sps_read || payload_type == "129") && !is_payload_padding(expected.name);
+        if (read || is_sei_framing(expected.name)) {
+            ASSERT_EQ(by_bit.count(expected.bit), 1U) << expected.name;
+            expect_element(*by_bit[expected.bit], expected);
+        }
+    }
 }
 
 // NOLINTNEXTLINE(readability-identifier-naming): the name of a suite
-class InspectTraceOfStreams : public testing::TestWithParam<std::string> {
-protected:
-    std::vector<traced_unit> trace(const std::vector<std::string>& options) const {
-        std::vector<std::string> arguments = {"trace", stream_path(GetParam())};
-        arguments.insert(arguments.end(), options.begin(), options.end());
-        return units_of(run(arguments).out);
-    }
+class InspectTraceOfStreams : public testing::TestWithParam<std::string> {};
 
+TEST_P(InspectTraceOfStreams, ShowsTheElementsOfTheReadingWhereTheyStand) {
     const nlohmann::json reading = units_of_reading(GetParam());
     const std::string stream = read_file(stream_path(GetParam()));
-};
-
-TEST_P(InspectTraceOfStreams, HasEveryElementOfTheParameterSetsInTheReading) {
-    const std::vector<traced_unit> traced = trace({});
+    const std::vector<traced_unit> traced = units_of(run({"trace", stream_path(GetParam())}).out);
     ASSERT_EQ(traced.size(), reading.size());
-    bool chained = false;
-    for (std::size_t i = 0; i < traced.size(); ++i) {
+    const bool chained = streams_with_chained_sets().count(GetParam()) == 1;
+    bool chained_set_found = false;
+    for (std::size_t i = 0; i < traced.size() && !HasFailure(); ++i) {
+        SCOPED_TRACE(traced[i].heading);
+        expect_heading(traced[i].heading, i, reading[i]);
         const auto type = reading[i].at("nal_unit_type").get<unsigned int>();
-        if (type < 32 || type > 34 || reading[i].at("nuh_layer_id") != 0 ||
-            reading[i].at("elements").empty()) {
-            continue;
-        }
-        SCOPED_TRACE("unit " + std::to_string(i));
-        std::vector<expected_element> expected = elements_of(reading[i]);
-        put_extension_together(expected);
-        const std::size_t common =
-            type == 33 ? first_of_a_chained_prediction(expected) : expected.size();
-        chained = chained || common < expected.size();
+        const bool sei = type == 39 || type == 40;
         const std::vector<element>& elements = traced[i].elements;
-        ASSERT_GE(elements.size(), common);
-        for (std::size_t k = 0; k < common; ++k) {
-            const element& each = elements[k];
-            ASSERT_EQ(leaf_of(each.path), expected[k].name) << to_string(each);
-            ASSERT_EQ(each.bit, expected[k].bit) << to_string(each);
-            ASSERT_EQ(each.width, expected[k].width) << to_string(each);
-            ASSERT_EQ(each.value, std::to_string(expected[k].value)) << to_string(each);
-        }
-        if (common == expected.size()) {
-            EXPECT_EQ(elements.size(), common);
-        }
-    }
-    EXPECT_EQ(chained, streams_with_chained_sets.count(GetParam()) == 1);
-}
-
-TEST_P(InspectTraceOfStreams, HasEveryElementWhereItStandsInTheFile) {
-    const std::vector<traced_unit> traced = trace({});
-    ASSERT_EQ(traced.size(), reading.size());
-    for (std::size_t i = 0; i < traced.size(); ++i) {
-        SCOPED_TRACE("unit " + std::to_string(i));
-        const std::vector<std::string> places = places_of(stream, reading[i]);
-        for (const element& each : traced[i].elements) {
-            // What is read behind the end of a broken unit has no place.
-            if (each.bit < places.size()) {
-                ASSERT_EQ(each.place, places[each.bit]) << to_string(each);
-            }
-        }
-    }
-}
-
-TEST_P(InspectTraceOfStreams, HasElementsThatFollowEachOther) {
-    for (const traced_unit& unit : trace({})) {
-        SCOPED_TRACE(unit.heading);
-        std::size_t bit = 0;
-        for (const element& each : unit.elements) {
-            // Ones and zeros that fill up an SEI payload are no elements of it.
-            if (unit.heading.find("SEI_NUT") == std::string::npos) {
-                EXPECT_EQ(each.bit, bit) << to_string(each);
-            } else {
-                EXPECT_GE(each.bit, bit) << to_string(each);
-            }
-            bit = each.bit + each.width;
-        }
-    }
-}
-
-TEST_P(InspectTraceOfStreams, HasAHeadingForEveryUnit) {
-    const std::vector<traced_unit> traced = trace({});
-    ASSERT_EQ(traced.size(), reading.size());
-    for (std::size_t i = 0; i < traced.size(); ++i) {
-        const nlohmann::json& unit = reading[i];
-        const std::string& heading = traced[i].heading;
-        const std::string start =
-            "unit " + std::to_string(i) + " at " + unit.at("offset").dump() + ": ";
-        const std::string end =
-            ", " + unit.at("size").dump() + " bytes, layer " + unit.at("nuh_layer_id").dump() +
-            ", temporal id " +
-            std::to_string(unit.at("nuh_temporal_id_plus1").get<unsigned int>() - 1);
-        EXPECT_EQ(heading.substr(0, start.size()), start);
-        ASSERT_GE(heading.size(), start.size() + end.size());
-        EXPECT_EQ(heading.substr(heading.size() - end.size()), end);
-    }
-}
-
-// SEI messages: every element of the three that are taken apart, and the sizes of the others.
-TEST_P(InspectTraceOfStreams, HasEveryElementOfTheMessagesInTheReading) {
-    const std::vector<traced_unit> traced = trace({});
-    ASSERT_EQ(traced.size(), reading.size());
-    for (std::size_t i = 0; i < traced.size(); ++i) {
-        const auto type = reading[i].at("nal_unit_type").get<unsigned int>();
-        if (type != 39 && type != 40) {
+        expect_places(elements, stream, reading[i]);
+        expect_elements_in_a_row(elements, sei);
+        if (reading[i].at("nuh_layer_id") != 0) {
+            EXPECT_TRUE(elements.empty());
             continue;
         }
-        SCOPED_TRACE("unit " + std::to_string(i));
-        std::map<std::size_t, const element*> by_bit;
-        for (const element& each : traced[i].elements) {
-            by_bit[each.bit] = &each;
+        std::vector<expected_element> expected = elements_of(reading[i]);
+        if (expected.empty()) {
+            continue;
         }
-        std::int64_t message_type = -1;
-        for (const expected_element& expected : elements_of(reading[i])) {
-            if (expected.name == "last_payload_type_byte") {
-                message_type = expected.value;
-            }
-            const bool read =
-                expected.name.find("last_payload_") == 0 || expected.name.find("rbsp_") == 0 ||
-                (type == 39 && (message_type == 0 || message_type == 1 || message_type == 129) &&
-                 expected.name.find("bit_equal_to_") != 0 &&
-                 expected.name != "reserved_payload_extension_data");
-            if (!read) {
-                continue;
-            }
-            ASSERT_EQ(by_bit.count(expected.bit), 1U) << expected.name;
-            const element& each = *by_bit[expected.bit];
-            EXPECT_EQ(leaf_of(each.path), expected.name);
-            EXPECT_EQ(each.width, expected.width) << each.path;
-            EXPECT_EQ(each.value, std::to_string(expected.value)) << each.path;
+        put_extension_together(expected);
+        if (sei) {
+            expect_messages(elements, expected, type == 39, !chained);
+            continue;
+        }
+        std::size_t common = expected.size();
+        if (type == 33) {
+            common = first_of_a_chained_prediction(expected);
+            chained_set_found = chained_set_found || common < expected.size();
+        } else if (type == 34 && chained) {
+            common = 2;  // the identifiers: the SPS could not be read
+        } else if (type < 32) {
+            // Without its parameter sets a slice is read up to the identifier of the PPS.
+            common = chained ? index_of(expected, "slice_pic_parameter_set_id") + 1
+                             : std::min(elements.size(),
+                                        index_of(expected, "slice_temporal_mvp_enabled_flag"));
+        }
+        expect_elements(elements, expected, common);
+        if (type >= 32 && !chained) {
+            EXPECT_EQ(elements.size(), common);
+        } else if (type < 32 && !chained) {
+            ASSERT_LT(common, expected.size());
+            EXPECT_TRUE(is_behind_list_modification(expected[common].name))
+                << expected[common].name;
         }
     }
+    EXPECT_EQ(chained_set_found, chained);
 }
 
 INSTANTIATE_TEST_SUITE_P(AllStreams, InspectTraceOfStreams, testing::ValuesIn(stream_names()),
                          [](const testing::TestParamInfo<std::string>& stream) {
                              return stream.param;
                          });
+
+// ---- By hand
+
+TEST(InspectTrace, HasAColumnForEachFact) {
+    const outcome result = program({"trace", "-"}).input(bytes("000001 460150")).run();
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    const std::string path_end(58 - 8, ' ');
+    EXPECT_EQ(result.out.substr(0, result.out.find("rbsp_stop_one_bit")),
+              "unit 0 at 3: AUD_NUT, 3 bytes, layer 0, temporal id 0\n"
+              "         5.0         0      3  pic_type" +
+                  path_end +
+                  "  u(n)    2\n"
+                  "         5.3         3      1  ");
+    const std::vector<traced_unit> units = units_of(result.out);
+    ASSERT_EQ(units.size(), 1U);
+    ASSERT_EQ(units[0].elements.size(), 6U);
+    EXPECT_EQ(to_string(units[0].elements[0]), "5.0 0 3 pic_type u(n) 2");
+    EXPECT_EQ(to_string(units[0].elements[1]), "5.3 3 1 rbsp_stop_one_bit f(1) 1");
+    EXPECT_EQ(to_string(units[0].elements[5]), "5.7 7 1 rbsp_alignment_zero_bit f(1) 0");
+}
+
+// 4e01, 05 and 04 for type and size, 00 00 01 02 with an emulation prevention byte, 80.
+TEST(InspectTrace, CountsPlacesThroughEmulationPreventionBytes) {
+    const std::string stream = bytes("000001 4e01 05 04 0000 03 0102 80");
+    const std::vector<traced_unit> units =
+        units_of(program({"trace", "-"}).input(stream).run().out);
+    ASSERT_EQ(units.size(), 1U);
+    ASSERT_GE(units[0].elements.size(), 4U);
+    EXPECT_EQ(to_string(units[0].elements[0]),
+              "5.0 0 8 user_data_unregistered.last_payload_type_byte u(8) 5");
+    EXPECT_EQ(to_string(units[0].elements[1]),
+              "6.0 8 8 user_data_unregistered.last_payload_size_byte u(8) 4");
+    EXPECT_EQ(to_string(units[0].elements[2]),
+              "7.0 16 32 user_data_unregistered.payload bytes 00000102");
+    EXPECT_EQ(to_string(units[0].elements[3]), "12.0 48 1 rbsp_stop_one_bit f(1) 1");
+}
+
+TEST(InspectTrace, ShowsTheFullBytesOfALongTypeAndSize) {
+    const std::string stream = bytes("000001 5001 ff05 01 aa 80");
+    const std::vector<traced_unit> units =
+        units_of(program({"trace", "-"}).input(stream).run().out);
+    ASSERT_EQ(units.size(), 1U);
+    ASSERT_GE(units[0].elements.size(), 4U);
+    EXPECT_EQ(leaf_of(units[0].elements[0].path), "ff_byte");
+    EXPECT_EQ(units[0].elements[0].value, "255");
+    EXPECT_EQ(leaf_of(units[0].elements[1].path), "last_payload_type_byte");
+    EXPECT_EQ(units[0].elements[1].value, "5");
+    EXPECT_EQ(units[0].elements[1].bit, 8U);
+    EXPECT_EQ(leaf_of(units[0].elements[2].path), "last_payload_size_byte");
+    EXPECT_EQ(units[0].elements[3].value, "aa");
+}
+
+TEST(InspectTrace, CountsPlacesFromTheStartOfALengthPrefixedFile) {
+    const std::string stream = length_prefixed({bytes("460110"), bytes("460150")}, 4);
+    const outcome result = program({"trace", "-", "--format", "length32"}).input(stream).run();
+    EXPECT_EQ(result.status, 0);
+    const std::vector<traced_unit> units = units_of(result.out);
+    ASSERT_EQ(units.size(), 2U);
+    EXPECT_EQ(units[1].heading, "unit 1 at 11: AUD_NUT, 3 bytes, layer 0, temporal id 0");
+    ASSERT_FALSE(units[1].elements.empty());
+    EXPECT_EQ(to_string(units[1].elements[0]), "13.0 0 3 pic_type u(n) 2");
+}
+
+std::vector<std::string> headings_of(const std::vector<std::string>& arguments) {
+    std::vector<std::string> headings;
+    for (const traced_unit& unit : units_of(run(arguments).out)) {
+        headings.push_back(unit.heading.substr(0, unit.heading.find(',')));
+    }
+    return headings;
+}
+
+TEST(InspectTrace, SelectsUnits) {
+    using list = std::vector<std::string>;
+    const std::string path = stream_path("hm_still");
+    EXPECT_EQ(headings_of({"trace", path, "--nal", "3"}), list{"unit 3 at 76: IDR_W_RADL"});
+    EXPECT_EQ(headings_of({"trace", path, "--type", "33,PPS_NUT"}),
+              (list{"unit 1 at 32: SPS_NUT", "unit 2 at 66: PPS_NUT"}));
+    EXPECT_EQ(headings_of({"trace", path, "--limit", "2"}),
+              (list{"unit 0 at 4: VPS_NUT", "unit 1 at 32: SPS_NUT"}));
+    EXPECT_EQ(headings_of({"trace", path, "--limit", "1", "--type", "34"}),
+              list{"unit 2 at 66: PPS_NUT"});
+    EXPECT_EQ(headings_of({"trace", path, "--nal", "3", "--type", "33"}), list{});
+    EXPECT_EQ(headings_of({"trace", path, "--nal", "5"}), list{});
+}
+
+// The slice needs the parameter sets before it.
+TEST(InspectTrace, ReadsUnitsThatItDoesNotShow) {
+    const std::string path = stream_path("hm_still");
+    const std::vector<traced_unit> all = units_of(run({"trace", path}).out);
+    const outcome result = run({"trace", path, "--nal", "3"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    const std::vector<traced_unit> one = units_of(result.out);
+    ASSERT_EQ(one.size(), 1U);
+    ASSERT_EQ(one[0].elements.size(), all.at(3).elements.size());
+    EXPECT_EQ(leaf_of(one[0].elements.back().path), "slice_sao_chroma_flag");
+}
+
+TEST(InspectTrace, TellsFaultsAndGoesOn) {
+    // An access unit delimiter without a stop bit, a PPS without its SPS, and a good delimiter.
+    const std::string stream = bytes("000001 460140 000001 4401 c180 000001 460150");
+    const outcome result = program({"trace", "-"}).input(stream).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err,
+              "kovran: standard input: unit 0 at 3: the access unit delimiter cannot be read\n"
+              "kovran: standard input: unit 1 at 9: the PPS needs SPS 0, which is not there\n");
+    const std::vector<traced_unit> units = units_of(result.out);
+    ASSERT_EQ(units.size(), 3U);
+    ASSERT_EQ(units[1].elements.size(), 2U);
+    EXPECT_EQ(to_string(units[1].elements[0]), "11.0 0 1 pps_pic_parameter_set_id ue(v) 0");
+    EXPECT_EQ(to_string(units[1].elements[1]), "11.1 1 1 pps_seq_parameter_set_id ue(v) 0");
+    EXPECT_EQ(units[2].elements.size(), 6U);
+}
+
+TEST(InspectTrace, FailsWithoutInput) {
+    EXPECT_EQ(run({"trace"}).status, 2);
+    const temporary_folder folder;
+    const outcome missing = run({"trace", folder.file("missing")});
+    EXPECT_EQ(missing.status, 2);
+    EXPECT_EQ(missing.out, "");
+    EXPECT_NE(missing.err, "");
+    const outcome empty = run({"trace", folder.write("empty", "")});
+    EXPECT_EQ(empty.status, 1);
+    EXPECT_EQ(empty.out, "");
+    EXPECT_NE(empty.err.find("no NAL unit found"), std::string::npos);
+}
+
+TEST(InspectTrace, RejectsWrongArguments) {
+    const std::string path = stream_path("hm_still");
+    for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{
+             {"--nal", "x"}, {"--nal", "-1"}, {"--limit", "1x"}, {"--type", "64"}, {"--json"}}) {
+        std::vector<std::string> arguments = {"trace", path};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        const outcome result = run(arguments);
+        EXPECT_EQ(result.status, 2) << options[0];
+        EXPECT_EQ(result.out, "") << options[0];
+    }
+}
 
 }  // namespace
 }  // namespace kovran::test
