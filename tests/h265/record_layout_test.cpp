@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/record_fields.h"
+#include "support/slice_record_fields.h"
 
 namespace kovran {
 namespace {
@@ -16,10 +17,13 @@ namespace {
 template <class Record>
 class RecordLayout : public testing::Test {};
 
-using parsed_records = testing::Types<h265_profile_tier_level::layer_t, h265_profile_tier_level,
-                                      h265_nal_sub_layer_hrd_parameters, h265_hrd_parameters,
-                                      h265_nal_vps, h265_scaling_list_data, h265_st_ref_pic_set,
-                                      h265_vui_parameters, h265_nal_sps, h265_nal_pps>;
+using parsed_records =
+    testing::Types<h265_profile_tier_level::layer_t, h265_profile_tier_level,
+                   h265_nal_sub_layer_hrd_parameters, h265_hrd_parameters, h265_nal_vps,
+                   h265_scaling_list_data, h265_st_ref_pic_set, h265_vui_parameters, h265_nal_sps,
+                   h265_nal_pps, h265_ref_pic_lists_modification, h265_slice_segment_header,
+                   h265_nal_sei_pic_timing, h265_nal_sei_buffering_period,
+                   h265_nal_sei_active_parameter_sets>;
 TYPED_TEST_SUITE(RecordLayout, parsed_records, );
 
 std::size_t aligned(std::size_t offset, std::size_t alignment) {
@@ -81,6 +85,11 @@ TYPED_TEST(RecordLayout, IsZeroAndEmptyAtFirst) {
 TEST(RecordLayoutOfALevel, HasTheListedFieldsInTheirOrderAndNoOthers) {
     static_assert(std::is_aggregate_v<h265_profile::level_decomposed>);
     expect_listed_fields<h265_profile::level_decomposed>();
+}
+
+TEST(RecordLayoutOfTheSeiReader, HasTheListedFieldsInTheirOrderAndNoOthers) {
+    static_assert(std::is_trivially_copyable_v<h265_nal_sei_reader>);
+    expect_listed_fields<h265_nal_sei_reader>();
 }
 
 }  // namespace

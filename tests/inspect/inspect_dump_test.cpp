@@ -1,0 +1,644 @@
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "byte_string.h"
+#include "program.h"
+#include "reading_elements.h"
+#include "readings.h"
+#include "temporary_folder.h"
+
+namespace kovran::test {
+namespace {
+
+// ---- Text
+
+// Worked out from the reading of the stream.
+const char dump_of_hm_still[] =
+    R"(unit 0 at 4: VPS_NUT, 24 bytes, layer 0, temporal id 0
+  vps_video_parameter_set_id                          0
+  vps_base_layer_internal_flag                        1
+  vps_base_layer_available_flag                       1
+  vps_max_layers_minus1                               0
+  vps_max_sub_layers_minus1                           0
+  vps_temporal_id_nesting_flag                        1
+  vps_reserved_0xffff_16bits                          65535
+  profile_tier_level
+    general_profile_space                             0
+    general_tier_flag                                 0  (Main tier)
+    general_profile_idc                               3  (Main Still Picture)
+    general_profile_compatibility_flag[0..31]         0 0 0 1 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0
+    general_progressive_source_flag                   0
+    general_interlaced_source_flag                    0
+    general_non_packed_constraint_flag                0
+    general_frame_only_constraint_flag                0
+    general_reserved_zero_43bits                      0
+    general_inbld_flag                                0
+    general_level_idc                                 123  (level 4.1)
+  vps_sub_layer_ordering_info_present_flag            1
+  vps_max_dec_pic_buffering_minus1[0]                 0
+  vps_max_num_reorder_pics[0]                         0
+  vps_max_latency_increase_plus1[0]                   0
+  vps_max_layer_id                                    0
+  vps_num_layer_sets_minus1                           0
+  vps_timing_info_present_flag                        0
+  vps_extension_flag                                  0
+
+unit 1 at 32: SPS_NUT, 30 bytes, layer 0, temporal id 0
+  sps_video_parameter_set_id                          0
+  sps_max_sub_layers_minus1                           0
+  sps_temporal_id_nesting_flag                        1
+  profile_tier_level
+    general_profile_space                             0
+    general_tier_flag                                 0  (Main tier)
+    general_profile_idc                               3  (Main Still Picture)
+    general_profile_compatibility_flag[0..31]         0 0 0 1 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0
+    general_progressive_source_flag                   0
+    general_interlaced_source_flag                    0
+    general_non_packed_constraint_flag                0
+    general_frame_only_constraint_flag                0
+    general_reserved_zero_43bits                      0
+    general_inbld_flag                                0
+    general_level_idc                                 123  (level 4.1)
+  sps_seq_parameter_set_id                            0
+  chroma_format_idc                                   1  (4:2:0)
+  pic_width_in_luma_samples                           96
+  pic_height_in_luma_samples                          80
+  conformance_window_flag                             1
+  conf_win_left_offset                                0
+  conf_win_right_offset                               0
+  conf_win_top_offset                                 0
+  conf_win_bottom_offset                              0
+  bit_depth_luma_minus8                               0
+  bit_depth_chroma_minus8                             0
+  log2_max_pic_order_cnt_lsb_minus4                   4
+  sps_sub_layer_ordering_info_present_flag            1
+  sps_max_dec_pic_buffering_minus1[0]                 0
+  sps_max_num_reorder_pics[0]                         0
+  sps_max_latency_increase_plus1[0]                   0
+  log2_min_luma_coding_block_size_minus3              0
+  log2_diff_max_min_luma_coding_block_size            3
+  log2_min_luma_transform_block_size_minus2           0
+  log2_diff_max_min_luma_transform_block_size         3
+  max_transform_hierarchy_depth_inter                 2
+  max_transform_hierarchy_depth_intra                 2
+  scaling_list_enabled_flag                           0
+  amp_enabled_flag                                    1
+  sample_adaptive_offset_enabled_flag                 1
+  pcm_enabled_flag                                    0
+  num_short_term_ref_pic_sets                         2
+  st_ref_pic_set[0]
+    num_negative_pics                                 0
+    num_positive_pics                                 0
+  st_ref_pic_set[1]
+    inter_ref_pic_set_prediction_flag                 0
+    num_negative_pics                                 0
+    num_positive_pics                                 0
+  long_term_ref_pics_present_flag                     0
+  sps_temporal_mvp_enabled_flag                       1
+  strong_intra_smoothing_enabled_flag                 1
+  vui_parameters_present_flag                         0
+  sps_extension_flag                                  0
+
+unit 2 at 66: PPS_NUT, 7 bytes, layer 0, temporal id 0
+  pps_pic_parameter_set_id                            0
+  pps_seq_parameter_set_id                            0
+  dependent_slice_segments_enabled_flag               0
+  output_flag_present_flag                            0
+  num_extra_slice_header_bits                         0
+  sign_data_hiding_enabled_flag                       1
+  cabac_init_present_flag                             1
+  num_ref_idx_l0_default_active_minus1                3
+  num_ref_idx_l1_default_active_minus1                3
+  init_qp_minus26                                     0
+  constrained_intra_pred_flag                         0
+  transform_skip_enabled_flag                         1
+  cu_qp_delta_enabled_flag                            0
+  pps_cb_qp_offset                                    0
+  pps_cr_qp_offset                                    0
+  pps_slice_chroma_qp_offsets_present_flag            0
+  weighted_pred_flag                                  0
+  weighted_bipred_flag                                0
+  transquant_bypass_enabled_flag                      0
+  tiles_enabled_flag                                  0
+  entropy_coding_sync_enabled_flag                    0
+  pps_loop_filter_across_slices_enabled_flag          1
+  deblocking_filter_control_present_flag              0
+  pps_scaling_list_data_present_flag                  0
+  lists_modification_present_flag                     0
+  log2_parallel_merge_level_minus2                    0
+  slice_segment_header_extension_present_flag         0
+  pps_extension_present_flag                          0
+
+unit 3 at 76: IDR_W_RADL, 752 bytes, layer 0, temporal id 0
+  first_slice_segment_in_pic_flag                     1
+  no_output_of_prior_pics_flag                        0
+  slice_pic_parameter_set_id                          0
+  slice_type                                          2  (I)
+  slice_sao_luma_flag                                 1
+  slice_sao_chroma_flag                               1
+
+unit 4 at 831: SUFFIX_SEI_NUT, 54 bytes, layer 0, temporal id 0
+  decoded_picture_hash                                (payload type 132, 49 bytes)
+    payload                                           00d3e7f0711ae3d48d89b085b3dd2401175b28a245c041ec52d1db3096fd7b8ba7c39ae38c170d3755300aa573ff8cca28
+
+)";
+
+TEST(InspectDump, ShowsAWholeStream) {
+    const outcome result = run({"dump", stream_path("hm_still")});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out, dump_of_hm_still);
+}
+
+// The lines "element  value  (meaning)" of a dump, without spaces before and with one in between.
+std::set<std::string> lines_of(const std::string& dump) {
+    std::set<std::string> lines;
+    std::istringstream text(dump);
+    for (std::string line; std::getline(text, line);) {
+        std::string shortened;
+        for (const char letter : line) {
+            if (letter != ' ' || (!shortened.empty() && shortened.back() != ' ')) {
+                shortened += letter;
+            }
+        }
+        lines.insert(shortened);
+    }
+    return lines;
+}
+
+// That the dump has a line that begins with the first text and holds the second one behind it.
+void expect_meaning(const std::string& stream, const std::string& element_and_value,
+                    const std::string& meaning) {
+    static std::map<std::string, std::set<std::string>> dumps;
+    std::set<std::string>& lines = dumps[stream];
+    if (lines.empty()) {
+        lines = lines_of(run({"dump", stream_path(stream)}).out);
+    }
+    const auto line = lines.lower_bound(element_and_value + " (");
+    ASSERT_NE(line, lines.end()) << element_and_value;
+    EXPECT_EQ(line->substr(0, element_and_value.size()), element_and_value) << stream;
+    EXPECT_NE(line->find(meaning, element_and_value.size()), std::string::npos) << *line;
+}
+
+TEST(InspectDump, NamesProfileTierAndLevel) {
+    expect_meaning("main_default", "general_profile_idc 1", "(Main)");
+    expect_meaning("svt_main10", "general_profile_idc 2", "(Main 10)");
+    expect_meaning("mainstill", "general_profile_idc 3", "(Main Still Picture)");
+    expect_meaning("mono400", "general_profile_idc 4", "range extensions");
+    expect_meaning("x265_42_scc2", "general_profile_idc 9", "screen content coding extensions");
+    expect_meaning("main_default", "general_tier_flag 0", "(Main tier)");
+    expect_meaning("kvazaar_high_tier", "general_tier_flag 1", "(High tier)");
+    expect_meaning("vui_gbr", "general_level_idc 30", "(level 1)");
+    expect_meaning("mainstill", "general_level_idc 60", "(level 2)");
+    expect_meaning("svt_tiles", "general_level_idc 93", "(level 3.1)");
+    expect_meaning("hm_still", "general_level_idc 123", "(level 4.1)");
+    expect_meaning("uhdbd", "general_level_idc 153", "(level 5.1)");
+    expect_meaning("kvazaar_vui_full", "general_level_idc 186", "(level 6.2)");
+}
+
+TEST(InspectDump, NamesChromaFormatAndAspectRatio) {
+    expect_meaning("mono400", "chroma_format_idc 0", "(monochrome)");
+    expect_meaning("main_default", "chroma_format_idc 1", "(4:2:0)");
+    expect_meaning("confwin_422", "chroma_format_idc 2", "(4:2:2)");
+    expect_meaning("vui_gbr", "chroma_format_idc 3", "(4:4:4)");
+    expect_meaning("vui_gbr", "aspect_ratio_idc 1", "(1:1)");
+    expect_meaning("vui_sar_idc", "aspect_ratio_idc 2", "(12:11)");
+    expect_meaning("kvazaar_vui_full", "aspect_ratio_idc 5", "(40:33)");
+}
+
+TEST(InspectDump, NamesTheColours) {
+    expect_meaning("vui_gbr", "video_format 0", "(Component)");
+    expect_meaning("vui_overscan_crop", "video_format 1", "(PAL)");
+    expect_meaning("kvazaar_vui_full", "video_format 3", "(SECAM)");
+    expect_meaning("vui_bt2020", "video_format 5", "(Unspecified)");
+    expect_meaning("vui_gbr", "colour_primaries 1", "BT.709");
+    expect_meaning("vui_bt2020", "colour_primaries 9", "BT.2020");
+    expect_meaning("vui_gbr", "transfer_characteristics 13", "IEC 61966-2-1");
+    expect_meaning("kvazaar_vui_full", "transfer_characteristics 14", "BT.2020 10 bit");
+    expect_meaning("vui_bt2020", "transfer_characteristics 16", "ST 2084");
+    expect_meaning("vui_gbr", "matrix_coeffs 0", "GBR");
+    expect_meaning("vui_bt2020", "matrix_coeffs 9", "BT.2020 non-constant luminance");
+}
+
+TEST(InspectDump, NamesSlicesAndPictures) {
+    expect_meaning("ff_default", "slice_type 0", "(B)");
+    expect_meaning("ff_default", "slice_type 1", "(P)");
+    expect_meaning("ff_default", "slice_type 2", "(I)");
+    expect_meaning("field_bff_hrd", "pic_struct 3", "(Top field, bottom field, in that order)");
+    expect_meaning("field_bff_hrd", "source_scan_type 0", "(interlaced)");
+    expect_meaning("turing_field", "pic_struct 1", "(Top field)");
+    expect_meaning("turing_field", "source_scan_type 2", "(unknown)");
+    expect_meaning("field_bff_hrd", "pic_type 0", "I slices");
+    expect_meaning("field_bff_hrd", "pic_type 1", "P and I slices");
+    expect_meaning("field_bff_hrd", "pic_type 2", "B, P and I slices");
+}
+
+TEST(InspectDump, KnowsReservedValues) {
+    const std::string stream = bytes("000001 460170");  // pic_type 3
+    const std::set<std::string> lines = lines_of(program({"dump", "-"}).input(stream).run().out);
+    EXPECT_EQ(lines.count("pic_type 3 (reserved)"), 1U);
+}
+
+TEST(InspectDump, NamesSeiMessagesByTypeAndUnit) {
+    // Type 132 is that of a suffix message only, 200 that of a prefix message only.
+    const std::string stream = bytes(
+        "000001 4e01 8401aa 80 000001 5001 8401aa 80 "
+        "000001 4e01 c800 80");
+    const outcome result = program({"dump", "-"}).input(stream).run();
+    EXPECT_EQ(result.status, 0);
+    const std::set<std::string> lines = lines_of(result.out);
+    EXPECT_EQ(lines.count("decoded_picture_hash (payload type 132, 1 bytes)"), 1U);
+    EXPECT_EQ(lines.count("sei_manifest (payload type 200, 0 bytes)"), 1U);
+    EXPECT_NE(result.out.find("payload type 132  "), std::string::npos);
+    EXPECT_EQ(lines.count("payload aa"), 1U);
+}
+
+std::vector<std::string> headings_of(const std::string& dump) {
+    std::vector<std::string> headings;
+    std::istringstream text(dump);
+    for (std::string line; std::getline(text, line);) {
+        if (line.rfind("unit ", 0) == 0) {
+            headings.push_back(line.substr(0, line.find(',')));
+        }
+    }
+    return headings;
+}
+
+TEST(InspectDump, SelectsUnits) {
+    using list = std::vector<std::string>;
+    const std::string path = stream_path("hm_still");
+    const auto shown = [&](std::vector<std::string> options) {
+        options.insert(options.begin(), {"dump", path});
+        return headings_of(run(options).out);
+    };
+    EXPECT_EQ(shown({"--nal", "0"}), list{"unit 0 at 4: VPS_NUT"});
+    EXPECT_EQ(shown({"--nal", "4"}), list{"unit 4 at 831: SUFFIX_SEI_NUT"});
+    EXPECT_EQ(shown({"--nal", "5"}), list{});
+    EXPECT_EQ(shown({"--type", "sps_nut"}), list{"unit 1 at 32: SPS_NUT"});
+    EXPECT_EQ(shown({"--type", "32,34"}), (list{"unit 0 at 4: VPS_NUT", "unit 2 at 66: PPS_NUT"}));
+    EXPECT_EQ(shown({"--type", "63"}), list{});
+    EXPECT_EQ(shown({"--limit", "1"}), list{"unit 0 at 4: VPS_NUT"});
+    EXPECT_EQ(shown({"--limit", "0"}), list{});
+    EXPECT_EQ(shown({"--limit", "1", "--type", "19"}), list{"unit 3 at 76: IDR_W_RADL"});
+    EXPECT_EQ(shown({"--limit", "9"}).size(), 5U);
+}
+
+// Those parts of the whole dump that belong to the unit.
+TEST(InspectDump, ShowsASelectedUnitAsInTheWholeStream) {
+    const std::string whole = dump_of_hm_still;
+    const std::size_t begin = whole.find("unit 3 at 76");
+    const std::size_t end = whole.find("unit 4 at 831");
+    EXPECT_EQ(run({"dump", stream_path("hm_still"), "--nal", "3"}).out,
+              whole.substr(begin, end - begin));
+}
+
+TEST(InspectDump, ReadsNoFurtherThanTheUnitItShows) {
+    const std::string stream = bytes("000001 460150 000001 460140");  // the second without stop bit
+    EXPECT_EQ(program({"dump", "-", "--nal", "0"}).input(stream).run().status, 0);
+    EXPECT_EQ(program({"dump", "-", "--limit", "1"}).input(stream).run().status, 0);
+    EXPECT_EQ(program({"dump", "-"}).input(stream).run().status, 1);
+}
+
+TEST(InspectDump, LeavesHigherLayersAsTheyAre) {
+    const outcome result = run({"dump", stream_path("x265_42_alpha"), "--nal", "2"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "unit 2 at 106: SPS_NUT, 30 bytes, layer 1, temporal id 0\n\n");
+}
+
+// ---- Faults
+
+// Parameter sets of a picture of 64x64 whose SPS has one long-term picture.
+std::string parameter_sets() {
+    return bytes(
+        "000001 4001 0c01ffff01600000030090000003000003005df024"
+        "000001 4201 0101600000030090000003000003005da0208105fe4930d002"
+        "000001 4401 c0718012");
+}
+
+// A P slice with num_long_term_pics 0x7FFFFFFE, and an access unit delimiter behind it.
+std::string hostile_slice() {
+    return bytes("000001 0201 d2e0000003007fffffff80 000001 460150");
+}
+
+TEST(InspectDump, GoesOnAfterASliceThatAsksForTooMuchMemory) {
+    const outcome result = program({"dump", "-"}).input(parameter_sets() + hostile_slice()).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err,
+              "kovran: standard input: unit 3 at 68: "
+              "the slice segment header asks for more memory than there is\n");
+    const std::set<std::string> lines = lines_of(result.out);
+    EXPECT_EQ(lines.count("slice_pic_order_cnt_lsb 5"), 1U);
+    EXPECT_EQ(lines.count("num_long_term_pics 2147483646"), 1U);
+    EXPECT_EQ(lines.count("pic_type 2 (B, P and I slices)"), 1U);
+}
+
+TEST(InspectDump, ReadsTheSliceOfThoseParameterSets) {
+    // num_long_term_pics 0, then num_ref_idx_active_override_flag 0.
+    const std::string stream = parameter_sets() + bytes("000001 0201 d2f4");
+    const outcome result = program({"dump", "-", "--nal", "3"}).input(stream).run();
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(lines_of(result.out).count("num_long_term_pics 0"), 1U);
+    EXPECT_EQ(lines_of(result.out).count("num_ref_idx_active_override_flag 0"), 1U);
+}
+
+TEST(InspectDump, KeepsAParameterSetWhenItsRepetitionIsBroken) {
+    // The second PPS 0 has no stop bit.
+    const std::string stream = parameter_sets() + bytes("000001 4401 c0718010 000001 0201 d2f4");
+    const outcome result = program({"dump", "-"}).input(stream).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "kovran: standard input: unit 3 at 68: the PPS cannot be read\n");
+    EXPECT_EQ(lines_of(result.out).count("num_long_term_pics 0"), 1U);
+}
+
+TEST(InspectDump, TellsWhichParameterSetIsMissing) {
+    const std::string all = parameter_sets();
+    const std::string sps = all.substr(all.find(bytes("000001 4201")));
+    const outcome without_vps = program({"dump", "-"}).input(sps).run();
+    EXPECT_EQ(without_vps.status, 1);
+    EXPECT_NE(without_vps.err.find("unit 0 at 3: the SPS needs VPS 0, which is not there\n"),
+              std::string::npos);
+    EXPECT_NE(without_vps.err.find("the PPS needs SPS 0, which is not there\n"), std::string::npos);
+    const outcome slice = program({"dump", "-"}).input(bytes("000001 0201 d2f4")).run();
+    EXPECT_EQ(slice.status, 1);
+    EXPECT_EQ(slice.err,
+              "kovran: standard input: unit 0 at 3: "
+              "the slice segment needs PPS 0, which is not there\n");
+}
+
+TEST(InspectDump, TellsSeiMessagesThatAreCutOff) {
+    const outcome result = program({"dump", "-"}).input(bytes("000001 4e01 0510 0102")).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.err.find("unit 0 at 3: SEI message user_data_unregistered is cut off: "
+                              "16 bytes, of which 2 are there\n"),
+              std::string::npos);
+    EXPECT_EQ(lines_of(result.out).count("payload 0102"), 1U);
+    EXPECT_EQ(program({"dump", "-"}).input(bytes("000001 4e01 80")).run().status, 1);
+    EXPECT_EQ(program({"dump", "-"}).input(bytes("000001 4e01 0100")).run().status, 1);
+}
+
+TEST(InspectDump, FailsWithoutInput) {
+    EXPECT_EQ(run({"dump"}).status, 2);
+    const temporary_folder folder;
+    EXPECT_EQ(run({"dump", folder.file("missing")}).status, 2);
+    EXPECT_EQ(run({"dump", folder.path()}).status, 2);
+    for (const char* const contents : {"", "no video"}) {
+        const outcome result = run({"dump", folder.write("broken", contents)});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.out, "");
+        EXPECT_NE(result.err.find("no NAL unit found"), std::string::npos);
+    }
+}
+
+TEST(InspectDump, SurvivesEveryBeginningOfAStream) {
+    const std::string stream = parameter_sets() + bytes("000001 0201 d2f4 000001 4e01 0100 80");
+    for (std::size_t size = 0; size < stream.size(); size += 11) {
+        const outcome result = program({"dump", "-"}).input(stream.substr(0, size)).run();
+        EXPECT_LE(result.status, 1) << size;
+    }
+}
+
+// ---- JSON
+
+using values = std::vector<std::pair<std::string, std::string>>;
+
+// All elements below an object, as the standard writes them: names with their indices, without
+// those of the structures around them.
+void collect(const nlohmann::ordered_json& node, const std::string& name, values& found) {
+    if (node.is_object()) {
+        for (const auto& [key, child] : node.items()) {
+            collect(child, key, found);
+        }
+    } else if (node.is_array()) {
+        std::size_t index = 0;
+        for (const nlohmann::ordered_json& child : node) {
+            collect(child, name + '[' + std::to_string(index++) + ']', found);
+        }
+    } else if (!node.is_null()) {
+        found.emplace_back(name, node.dump());
+    }
+}
+
+values elements_in(const nlohmann::ordered_json& syntax) {
+    values found;
+    collect(syntax, "", found);
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+std::vector<nlohmann::ordered_json> json_lines(const std::string& text) {
+    std::vector<nlohmann::ordered_json> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(nlohmann::ordered_json::parse(line));
+    }
+    return lines;
+}
+
+// What a reading has of a unit: all, or a part when the rest is read otherwise.
+struct expected_values {
+    values elements;
+    bool all = true;
+};
+
+expected_values expected_of(const std::vector<expected_element>& reading, unsigned int type,
+                            bool chained) {
+    std::size_t end = reading.size();
+    expected_values expected;
+    if (type == 33) {
+        end = first_of_a_chained_prediction(reading);
+        expected.all = end == reading.size();
+    } else if (type == 34 && chained) {
+        end = 2;
+        expected.all = false;
+    } else if (type < 32) {
+        end = 0;
+        while (!is_behind_list_modification(reading.at(end).name)) {
+            ++end;
+        }
+        expected.all = !chained && reading[end].name != "slice_temporal_mvp_enabled_flag";
+        if (chained) {
+            end = std::min(end, index_of(reading, "slice_pic_parameter_set_id") + 1);
+        }
+    }
+    std::size_t sub_layer = 0;
+    for (std::size_t i = 0; i < end && reading[i].name != "rbsp_stop_one_bit"; ++i) {
+        std::string name = reading[i].name;
+        if (name.rfind("sub_layer_level_present_flag", 0) == 0) {
+            ++sub_layer;
+        } else if (name == "reserved_zero_2bits") {
+            name += '[' + std::to_string(sub_layer++) + ']';
+        }
+        expected.elements.emplace_back(name, reading[i].value);
+        if (is_extension_flag(name)) {
+            break;
+        }
+    }
+    std::sort(expected.elements.begin(), expected.elements.end());
+    return expected;
+}
+
+void expect_unit(const nlohmann::ordered_json& line, std::size_t index,
+                 const nlohmann::json& unit) {
+    EXPECT_EQ(line.at("schema"), "kovran-dump-1");
+    EXPECT_EQ(line.at("index"), index);
+    for (const char* const field :
+         {"offset", "size", "nal_unit_type", "nuh_layer_id", "nuh_temporal_id_plus1"}) {
+        EXPECT_EQ(line.at(field).dump(), unit.at(field).dump()) << field;
+    }
+}
+
+void expect_messages(const nlohmann::ordered_json& syntax,
+                     const std::vector<expected_element>& reading, bool prefix, bool chained) {
+    const nlohmann::ordered_json& messages = syntax.at("sei_message");
+    std::size_t count = 0;
+    values expected;
+    const auto compare = [&] {
+        if (count == 0) {
+            return;
+        }
+        const nlohmann::ordered_json& message = messages.at(count - 1);
+        const std::string type = message.at("payload_type").dump();
+        if (!prefix || !is_taken_apart(type)) {
+            EXPECT_EQ(message.at("payload").get<std::string>().size(),
+                      2 * message.at("payload_size").get<std::size_t>());
+        } else if (!chained || type == "129") {
+            values elements;
+            for (auto& each : elements_in(message)) {
+                if (each.first.rfind("payload_", 0) != 0 && each.first != "name") {
+                    elements.push_back(each);
+                }
+            }
+            std::sort(expected.begin(), expected.end());
+            EXPECT_TRUE(
+                std::includes(elements.begin(), elements.end(), expected.begin(), expected.end()));
+            // The reading of some messages is cut short.
+            if (index_of(reading, "rbsp_stop_one_bit") != reading.size()) {
+                EXPECT_EQ(elements, expected);
+            }
+        }
+        expected.clear();
+    };
+    for (const expected_element& each : reading) {
+        if (each.name == "last_payload_type_byte") {
+            compare();
+            EXPECT_EQ(messages.at(count).at("payload_type").dump(), each.value);
+            ++count;
+        } else if (each.name == "last_payload_size_byte") {
+            const auto size = messages.at(count - 1).at("payload_size").get<unsigned int>();
+            EXPECT_EQ(std::to_string(size % 255), each.value);
+        } else if (!is_sei_framing(each.name) && !is_payload_padding(each.name)) {
+            expected.emplace_back(each.name, each.value);
+        }
+    }
+    compare();
+    EXPECT_EQ(messages.size(), count);
+}
+
+// NOLINTNEXTLINE(readability-identifier-naming): the name of a suite
+class InspectDumpOfStreams : public testing::TestWithParam<std::string> {};
+
+TEST_P(InspectDumpOfStreams, HasTheElementsOfTheReadingInItsJson) {
+    const nlohmann::json reading = units_of_reading(GetParam());
+    const outcome result = run({"dump", "--json", stream_path(GetParam())});
+    const std::vector<nlohmann::ordered_json> lines = json_lines(result.out);
+    ASSERT_EQ(lines.size(), reading.size());
+    const bool chained = streams_with_chained_sets().count(GetParam()) == 1;
+    bool faults = false;
+    for (std::size_t i = 0; i < lines.size() && !HasFailure(); ++i) {
+        SCOPED_TRACE("unit " + std::to_string(i));
+        expect_unit(lines[i], i, reading[i]);
+        faults = faults || lines[i].contains("faults");
+        const auto type = reading[i].at("nal_unit_type").get<unsigned int>();
+        const nlohmann::ordered_json& syntax = lines[i].at("syntax");
+        if (reading[i].at("nuh_layer_id") != 0) {
+            EXPECT_TRUE(syntax.empty());
+            continue;
+        }
+        const std::vector<expected_element> elements = elements_of(reading[i]);
+        if (elements.empty()) {
+            continue;
+        }
+        if (type == 39 || type == 40) {
+            expect_messages(syntax, elements, type == 39, chained);
+            continue;
+        }
+        const expected_values expected = expected_of(elements, type, chained);
+        const values found = elements_in(syntax);
+        EXPECT_TRUE(std::includes(found.begin(), found.end(), expected.elements.begin(),
+                                  expected.elements.end()));
+        if (expected.all) {
+            EXPECT_EQ(found, expected.elements);
+        }
+    }
+    EXPECT_EQ(result.status, faults ? 1 : 0);
+    EXPECT_EQ(result.err.empty(), !faults);
+}
+
+INSTANTIATE_TEST_SUITE_P(AllStreams, InspectDumpOfStreams, testing::ValuesIn(stream_names()),
+                         [](const testing::TestParamInfo<std::string>& stream) {
+                             return stream.param;
+                         });
+
+TEST(InspectDumpJson, KeepsTheKeysInOrder) {
+    EXPECT_EQ(program({"dump", "-", "--json"}).input(bytes("000001 460150")).run().out,
+              "{\"schema\":\"kovran-dump-1\",\"index\":0,\"offset\":3,\"size\":3,"
+              "\"nal_unit_type\":35,\"name\":\"AUD_NUT\",\"nuh_layer_id\":0,"
+              "\"nuh_temporal_id_plus1\":1,\"syntax\":{\"pic_type\":2}}\n");
+}
+
+TEST(InspectDumpJson, HasStructuresAsObjectsAndIndicesAsArrays) {
+    const outcome result = run({"dump", "--json", "--nal", "1", stream_path("hm_still")});
+    const nlohmann::ordered_json sps = json_lines(result.out).at(0).at("syntax");
+    EXPECT_EQ(sps.at("profile_tier_level").at("general_level_idc"), 123);
+    EXPECT_EQ(sps.at("profile_tier_level").at("general_profile_compatibility_flag").size(), 32U);
+    EXPECT_EQ(sps.at("profile_tier_level").at("general_profile_compatibility_flag").at(3), 1);
+    EXPECT_EQ(sps.at("sps_max_dec_pic_buffering_minus1").dump(), "[0]");
+    EXPECT_EQ(sps.at("st_ref_pic_set").dump(),
+              "[{\"num_negative_pics\":0,\"num_positive_pics\":0},"
+              "{\"inter_ref_pic_set_prediction_flag\":0,\"num_negative_pics\":0,"
+              "\"num_positive_pics\":0}]");
+}
+
+TEST(InspectDumpJson, LeavesExtensionDataOut) {
+    const outcome result = run({"dump", "--json", "--type", "33", stream_path("x265_42_scc2")});
+    const nlohmann::ordered_json sps = json_lines(result.out).at(0).at("syntax");
+    EXPECT_EQ(sps.at("sps_extension_flag"), 1);
+    EXPECT_FALSE(sps.contains("sps_extension_data_flag"));
+}
+
+TEST(InspectDumpJson, HasFaultsOnlyWhereThereAreAny) {
+    const std::string stream = bytes("000001 460140 000001 460150");
+    const outcome result = program({"dump", "--json", "-"}).input(stream).run();
+    EXPECT_EQ(result.status, 1);
+    const std::vector<nlohmann::ordered_json> lines = json_lines(result.out);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[0].at("faults").dump(), "[\"the access unit delimiter cannot be read\"]");
+    EXPECT_EQ(lines[0].at("syntax").at("pic_type"), 2);
+    EXPECT_FALSE(lines[1].contains("faults"));
+}
+
+TEST(InspectDumpJson, HasNullForEntriesThatAreNotInTheStream) {
+    // vps_max_sub_layers_minus1 1 without sub-layer ordering information: entry 1 only.
+    const outcome result = run({"dump", "--json", "--type", "32", stream_path("hm_2tids")});
+    const nlohmann::json reading = units_of_reading("hm_2tids");
+    const std::vector<expected_element> vps = elements_of(reading.at(0));
+    const nlohmann::ordered_json syntax = json_lines(result.out).at(0).at("syntax");
+    const nlohmann::ordered_json& entries = syntax.at("vps_max_dec_pic_buffering_minus1");
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const std::string name = "vps_max_dec_pic_buffering_minus1[" + std::to_string(i) + ']';
+        EXPECT_EQ(entries.at(i).is_null(), index_of(vps, name) == vps.size());
+    }
+}
+
+}  // namespace
+}  // namespace kovran::test

@@ -1,0 +1,51 @@
+#ifndef KOVRAN_TESTS_INSPECT_READING_ELEMENTS_H
+#define KOVRAN_TESTS_INSPECT_READING_ELEMENTS_H
+
+#include <nlohmann/json.hpp>
+
+#include <cstddef>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace kovran::test {
+
+// A syntax element of a reading, with the standard's name.
+struct expected_element {
+    std::string name;
+    std::string value;
+    std::size_t bit;  // from the first one behind the NAL unit header
+    std::size_t width;
+};
+
+// Of one unit. Reserved bits, which the other reader takes 24 at a time, are put together again.
+[[nodiscard]] std::vector<expected_element> elements_of(const nlohmann::json& unit);
+
+// The place of the next element with this name; all.size() when there is none.
+[[nodiscard]] std::size_t index_of(const std::vector<expected_element>& all,
+                                   const std::string& name, std::size_t from = 0);
+
+[[nodiscard]] bool is_extension_flag(const std::string& name);
+
+// The first element of an SPS that is read otherwise: of a set that is predicted no pictures are
+// kept, so that a set predicted from that has one pair of flags; all.size() when there is none.
+[[nodiscard]] std::size_t first_of_a_chained_prediction(const std::vector<expected_element>& all);
+
+// Streams in whose SPSs a set is predicted from a predicted one.
+[[nodiscard]] const std::set<std::string>& streams_with_chained_sets();
+
+// Whether an element of a slice segment header stands behind the part that is read.
+[[nodiscard]] bool is_behind_list_modification(const std::string& name);
+
+// Whether the messages of this type are taken apart.
+[[nodiscard]] bool is_taken_apart(const std::string& payload_type);
+
+// What an SEI unit has beside payloads.
+[[nodiscard]] bool is_sei_framing(const std::string& name);
+
+// The bits that fill up a payload, or extend it.
+[[nodiscard]] bool is_payload_padding(const std::string& name);
+
+}  // namespace kovran::test
+
+#endif  // KOVRAN_TESTS_INSPECT_READING_ELEMENTS_H
