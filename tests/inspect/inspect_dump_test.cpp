@@ -258,7 +258,7 @@ TEST(InspectDump, NamesSeiMessagesByTypeAndUnit) {
     const std::set<std::string> lines = lines_of(result.out);
     EXPECT_EQ(lines.count("decoded_picture_hash (payload type 132, 1 bytes)"), 1U);
     EXPECT_EQ(lines.count("sei_manifest (payload type 200, 0 bytes)"), 1U);
-    EXPECT_NE(result.out.find("payload type 132  "), std::string::npos);
+    EXPECT_NE(result.out.find("payload_type_132  "), std::string::npos);
     EXPECT_EQ(lines.count("payload aa"), 1U);
 }
 

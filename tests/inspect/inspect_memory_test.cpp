@@ -23,7 +23,8 @@ constexpr bool sanitized = __has_feature(address_sanitizer);
 #else
 constexpr bool sanitized = false;
 #endif
-// A sanitized program occupies some memory of its own.
+// A sanitized program occupies some memory of its own. The peak of a program counts that of the
+// process that started it, so that each test is to run in a process of its own, as CTest runs them.
 constexpr std::size_t bound = (sanitized ? 96 : 40) * mebibyte;
 
 program measured(std::vector<std::string> arguments) {

@@ -7,7 +7,7 @@
 
 namespace kovran::inspect {
 
-// As the standard calls the payload, or "payload type 200" where it has no name for it.
+// As the standard calls the payload, or "payload_type_200" where it has no name for it.
 [[nodiscard]] std::string sei_name(const h265_nal_sei_reader& message);
 
 }  // namespace kovran::inspect

@@ -37,7 +37,7 @@ struct h265_nal_sei_pic_timing {
     // presence flags nor `valid` are looked at. Elements that are absent keep what their fields
     // held.
     //
-    // False, with `valid` and du_info_present as they were (go by the return value):
+    // False, with `valid` as it was (go by the return value) and du_info_present set:
     // num_decoding_units_minus1 is above 127, or there is no memory.
     [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_nal_sps& sps);
 

@@ -68,9 +68,8 @@ struct h265_slice_segment_header {
     // after the list modification otherwise. Nothing is inserted into the stores. Elements that are
     // absent keep what their fields held, so that in a record that is used again:
     //
-    //  - a dependent_slice_segment_flag that an earlier parse left set ends this one as well, when
-    //  the
-    //    segment is the first of its picture;
+    //  - a dependent_slice_segment_flag that an earlier parse left set ends this one as well, in
+    //    the first segment of a picture;
     //  - of the long-term arrays only entry 0 is cleared.
     //
     // False, with `valid` false: the PPS, its SPS or its VPS is not in the store (their `valid`
