@@ -1,0 +1,125 @@
+#ifndef KOVRAN_BENCHMARKS_HOST_H
+#define KOVRAN_BENCHMARKS_HOST_H
+
+#include <kovran/kovran.h>
+
+#include <algorithm>
+#include <cstddef>
+
+#include "inputs.h"
+#include "nal_units.h"
+
+namespace kovran::benchmarks {
+
+// Reads the headers of a stream as a host of the library does that keeps its records: whatever can
+// be used again is. The records may be looked at after each read.
+struct host {
+    // Longer than any slice header that ends where kovran stops reading.
+    static constexpr std::size_t first_bytes_of_slice = 128;
+
+    h2645_common_base_store<h265_nal_vps> vps_store;
+    h2645_common_base_store<h265_nal_sps> sps_store;
+    h2645_common_base_store<h265_nal_pps> pps_store;
+    h265_nal_vps vps;
+    h265_nal_sps sps;
+    h265_nal_pps pps;
+    h265_slice_segment_header slice;
+    h265_nal_sei_buffering_period buffering_period;
+    h265_nal_sei_pic_timing pic_timing;
+    h265_nal_sei_active_parameter_sets active_parameter_sets;
+
+    // Each takes a unit that ends where its decode_fence says.
+
+    [[nodiscard]] bool read_vps(const h265_nal_reader& unit) {
+        vps.cprms_present_flag.assign(1, true);
+        h2645_common_bitreader bits = rbsp_of(unit, size_of(unit));
+        return vps.parse(bits);
+    }
+
+    [[nodiscard]] bool read_sps(const h265_nal_reader& unit) {
+        h2645_common_bitreader bits = rbsp_of(unit, size_of(unit));
+        return sps.parse(bits, vps_store);
+    }
+
+    [[nodiscard]] bool read_pps(const h265_nal_reader& unit) {
+        h2645_common_bitreader bits = rbsp_of(unit, size_of(unit));
+        return pps.parse(bits, sps_store);
+    }
+
+    [[nodiscard]] bool read_slice(const h265_nal_reader& unit) {
+        slice.dependent_slice_segment_flag = false;
+        h2645_common_bitreader bits = rbsp_of(unit, first_bytes_of_slice);
+        return slice.parse(bits, pps_store, sps_store, vps_store, unit.nal.nal_unit_type);
+    }
+
+    // `see` is called with each message, after its record has been read where there is one.
+    template <class See>
+    [[nodiscard]] bool read_sei(const h265_nal_reader& unit, See&& see) {
+        const h2645_common_bitreader bits = rbsp_of(unit, size_of(unit));
+        h265_nal_sei_reader messages(rbsp_.data(), rbsp_.data() + (bits.end - bits.start),
+                                     unit.nal.nal_unit_type);
+        bool all_read = true;
+        while (messages.next_message()) {
+            all_read = read_message(messages) && all_read;
+            see(messages);
+        }
+        return all_read;
+    }
+
+    // A unit of any type; parameter sets go into their stores.
+    template <class See>
+    [[nodiscard]] bool read(const h265_nal_reader& unit, See&& see) {
+        switch (unit.nal.nal_unit_type) {
+            case VPS_NUT:
+                return read_vps(unit) && (vps_store[vps.vps_video_parameter_set_id] = vps).valid;
+            case SPS_NUT:
+                return read_sps(unit) && (sps_store[sps.sps_seq_parameter_set_id] = sps).valid;
+            case PPS_NUT:
+                return read_pps(unit) && (pps_store[pps.pps_pic_parameter_set_id] = pps).valid;
+            case PREFIX_SEI_NUT:
+            case SUFFIX_SEI_NUT:
+                return read_sei(unit, see);
+            default:
+                return unit.nal.nal_unit_type > CRA_NUT || read_slice(unit);
+        }
+    }
+
+private:
+    [[nodiscard]] h2645_common_bitreader rbsp_of(h265_nal_reader unit, std::size_t longest) {
+        const std::size_t size = std::min(size_of(unit), longest);
+        if (rbsp_.size() < size) {
+            rbsp_.resize(size);
+        }
+        return {rbsp_.data(), rbsp_.data() + unit.block_decode(rbsp_.data(), size)};
+    }
+
+    [[nodiscard]] bool read_message(const h265_nal_sei_reader& message) {
+        if (message.nal_unit_type != PREFIX_SEI_NUT) {
+            return true;
+        }
+        h2645_common_bitreader bits(message.payload_begin, message.payload_end);
+        switch (message.payload_type) {
+            case h265_nal_sei_payload_type_prefix_buffering_period:
+                if (!buffering_period.parse(bits, sps_store)) {
+                    return false;
+                }
+                sps_store.active_id = buffering_period.bp_seq_parameter_set_id;
+                return true;
+            case h265_nal_sei_payload_type_prefix_pic_timing:
+                return pic_timing.parse(bits, sps_store);
+            case h265_nal_sei_payload_type_prefix_active_parameter_sets:
+                return active_parameter_sets.parse(bits, vps_store);
+            default:
+                return true;
+        }
+    }
+
+    bytes rbsp_;
+};
+
+// Sees SEI messages and does nothing.
+inline void look_away(const h265_nal_sei_reader& /*message*/) {}
+
+}  // namespace kovran::benchmarks
+
+#endif  // KOVRAN_BENCHMARKS_HOST_H
