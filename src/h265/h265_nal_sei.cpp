@@ -1,6 +1,10 @@
 #include <kovran/h265/h265_nal_sei.h>
 
+#include "h265/reading_rules.h"
+
 namespace kovran {
+
+static_assert(h265_nal_sei_payload_type_suffix_filler_payload == own_rules::suffix_filler_payload);
 
 const char* h265_nal_sei_payload_type_prefix_to_str(h265_nal_sei_payload_type_prefix t) {
     switch (t) {

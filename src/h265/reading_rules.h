@@ -116,6 +116,10 @@ struct own_rules {
 
     // SEI messages.
 
+    // Differs from clause D.2.1, where it is 3 as among the prefix messages: the suffix payload
+    // type that is called filler_payload.
+    static constexpr unsigned int suffix_filler_payload = 0;
+
     // Differs from clause D.2.3, which asks for both flags.
     template <class Hrd>
     static bool has_decoding_unit_info(const Hrd& hrd) {
