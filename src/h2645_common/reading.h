@@ -82,8 +82,8 @@ public:
         flag = false;
     }
     template <class Field, class Value>
-    void assign(Field& field, Value value) {
-        field = static_cast<Field>(value);
+    void assign(Field&& field, Value value) {
+        field = static_cast<value_type<Field&&>>(value);
     }
 
     // Sizes arrays to a count that has been compared with its bound; false when there is no memory.
@@ -102,11 +102,14 @@ protected:
     h2645_common_bitreader reader;
 
 private:
+    // What a field holds, by its reference; a flag of a bit vector has an object in place of one.
+    template <class Field>
+    using value_type = std::conditional_t<std::is_lvalue_reference_v<Field>,
+                                          std::remove_reference_t<Field>, bool>;
+
     template <class Field>
     static void store(element<Field>& target, unsigned int value) {
-        using value_type =
-            std::conditional_t<std::is_reference_v<Field>, std::remove_reference_t<Field>, bool>;
-        target.field = static_cast<value_type>(value);
+        target.field = static_cast<value_type<Field>>(value);
     }
 
     h2645_common_bitreader& source_;

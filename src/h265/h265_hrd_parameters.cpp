@@ -12,4 +12,12 @@ bool h265_hrd_parameters::parse(bool commonInfPresentFlag_, unsigned int maxNumS
     return hrd_parameters(walk, *this, commonInfPresentFlag_, maxNumSubLayersMinus1_);
 }
 
+bool h265_hrd_parameters::parse_standard(bool commonInfPresentFlag_,
+                                         unsigned int maxNumSubLayersMinus1_,
+                                         h2645_common_bitreader& reader) {
+    *this = {};
+    reading<standard_rules> walk(reader);
+    return hrd_parameters(walk, *this, commonInfPresentFlag_, maxNumSubLayersMinus1_);
+}
+
 }  // namespace kovran

@@ -6,15 +6,17 @@
 
 namespace kovran {
 
-// hrd_parameters(), clause E.2.2.
+// hrd_parameters(), clause E.2.2. `earlier` is the structure before it, in a VPS.
 template <class Walker, class Hrd>
 [[nodiscard]] bool hrd_parameters(Walker& walk, Hrd& hrd, bool commonInfPresentFlag,
-                                  unsigned int maxNumSubLayersMinus1) {
+                                  unsigned int maxNumSubLayersMinus1,
+                                  const Hrd* earlier = nullptr) {
     walk.clear(hrd.valid);
     walk.assign(hrd.commonInfPresentFlag, commonInfPresentFlag);
     walk.assign(hrd.maxNumSubLayersMinus1, maxNumSubLayersMinus1);
     walk.assign(hrd.initial_cpb_removal_delay_length_minus1, 23);
     walk.assign(hrd.au_cpb_removal_delay_length_minus1, 23);
+    Walker::rules::infer_dpb_output_delay_length(walk, hrd);
 
     if (commonInfPresentFlag) {
         walk.u(1, ELEMENT(hrd, nal_hrd_parameters_present_flag));
@@ -36,6 +38,8 @@ template <class Walker, class Hrd>
             walk.u(5, ELEMENT(hrd, au_cpb_removal_delay_length_minus1));
             walk.u(5, ELEMENT(hrd, dpb_output_delay_length_minus1));
         }
+    } else {
+        Walker::rules::infer_common_information(walk, hrd, earlier);
     }
 
     if (maxNumSubLayersMinus1 > Walker::rules::max_hrd_sub_layers - 1 ||

@@ -8,11 +8,11 @@
 namespace kovran {
 
 // The widths and heights of tiles that are not spaced uniformly, clause 7.3.2.3.1.
-template <class Walker, class Pps>
-[[nodiscard]] bool pps_tile_sizes(Walker& walk, Pps& pps) {
-    if (pps.num_tile_columns_minus1 > Walker::rules::max_tile_columns_minus1 ||
+template <class Walker, class Pps, class Sps>
+[[nodiscard]] bool pps_tile_sizes(Walker& walk, Pps& pps, const Sps& sps) {
+    if (pps.num_tile_columns_minus1 > Walker::rules::max_tile_columns_minus1(sps) ||
         !walk.grow(pps.num_tile_columns_minus1, pps.column_width_minus1) ||
-        pps.num_tile_rows_minus1 > Walker::rules::max_tile_rows_minus1 ||
+        pps.num_tile_rows_minus1 > Walker::rules::max_tile_rows_minus1(sps) ||
         !walk.grow(pps.num_tile_rows_minus1, pps.row_height_minus1)) {
         return false;
     }
@@ -32,7 +32,12 @@ template <class Walker, class Pps, class SpsStore>
 
     walk.ue(ELEMENT(pps, pps_pic_parameter_set_id));
     walk.ue(ELEMENT(pps, pps_seq_parameter_set_id));
-    if (find_valid_entry(sps_store, pps.pps_seq_parameter_set_id) == nullptr) {
+    if (pps.pps_pic_parameter_set_id > Walker::rules::max_pps_id ||
+        pps.pps_seq_parameter_set_id > Walker::rules::max_sps_id) {
+        return false;
+    }
+    const auto* const sps = find_valid_entry(sps_store, pps.pps_seq_parameter_set_id);
+    if (sps == nullptr) {
         return false;
     }
 
@@ -44,6 +49,10 @@ template <class Walker, class Pps, class SpsStore>
 
     walk.ue(ELEMENT(pps, num_ref_idx_l0_default_active_minus1));
     walk.ue(ELEMENT(pps, num_ref_idx_l1_default_active_minus1));
+    if (pps.num_ref_idx_l0_default_active_minus1 > Walker::rules::max_ref_idx_active_minus1 ||
+        pps.num_ref_idx_l1_default_active_minus1 > Walker::rules::max_ref_idx_active_minus1) {
+        return false;
+    }
     walk.se(ELEMENT(pps, init_qp_minus26));
 
     walk.u(1, ELEMENT(pps, constrained_intra_pred_flag));
@@ -68,10 +77,12 @@ template <class Walker, class Pps, class SpsStore>
         walk.ue(ELEMENT(pps, num_tile_columns_minus1));
         walk.ue(ELEMENT(pps, num_tile_rows_minus1));
         walk.u(1, ELEMENT(pps, uniform_spacing_flag));
-        if (!pps.uniform_spacing_flag && !pps_tile_sizes(walk, pps)) {
+        if (!pps.uniform_spacing_flag && !pps_tile_sizes(walk, pps, *sps)) {
             return false;
         }
         walk.u(1, ELEMENT(pps, loop_filter_across_tiles_enabled_flag));
+    } else {
+        Walker::rules::infer_single_tile(walk, pps);
     }
 
     walk.u(1, ELEMENT(pps, pps_loop_filter_across_slices_enabled_flag));

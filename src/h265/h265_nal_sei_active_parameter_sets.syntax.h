@@ -25,13 +25,16 @@ template <class Walker, class ActiveSets, class VpsStore>
     }
     for (unsigned int i = 0; i <= active.num_sps_ids_minus1; ++i) {
         walk.ue(ELEMENT(active, active_seq_parameter_set_id)[i]);
+        if (active.active_seq_parameter_set_id[i] > Walker::rules::max_sps_id) {
+            return false;
+        }
     }
-    if (vps->vps_max_layers_minus1 > Walker::rules::max_active_layers - 1 ||
-        !walk.grow(vps->vps_max_layers_minus1 + 1U, active.layer_sps_idx)) {
+    const unsigned int highest_layer = Walker::rules::max_layers_minus1(*vps);
+    if (highest_layer > Walker::rules::max_active_layers - 1 ||
+        !walk.grow(highest_layer + 1, active.layer_sps_idx)) {
         return false;
     }
-    for (unsigned int i = vps->vps_base_layer_internal_flag ? 1 : 0;
-         i <= vps->vps_max_layers_minus1; ++i) {
+    for (unsigned int i = vps->vps_base_layer_internal_flag ? 1 : 0; i <= highest_layer; ++i) {
         walk.ue(ELEMENT(active, layer_sps_idx)[i]);
     }
     walk.set(active.valid);

@@ -12,4 +12,11 @@ bool h265_nal_sei_buffering_period::parse(h2645_common_bitreader& reader,
     return buffering_period(walk, *this, sps_store);
 }
 
+bool h265_nal_sei_buffering_period::parse_standard(
+    h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_sps>& sps_store) {
+    *this = {};
+    reading<standard_rules> walk(reader);
+    return buffering_period(walk, *this, sps_store);
+}
+
 }  // namespace kovran

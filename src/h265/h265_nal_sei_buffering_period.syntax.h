@@ -36,7 +36,7 @@ template <class Walker, class BufferingPeriod, class SpsStore>
 [[nodiscard]] bool buffering_period(Walker& walk, BufferingPeriod& period, SpsStore& sps_store) {
     walk.ue(ELEMENT(period, bp_seq_parameter_set_id));
     const auto* const sps = find_entry(sps_store, period.bp_seq_parameter_set_id);
-    if (sps == nullptr) {
+    if (sps == nullptr || period.bp_seq_parameter_set_id > Walker::rules::max_sps_id) {
         walk.clear(period.valid);
         return false;
     }

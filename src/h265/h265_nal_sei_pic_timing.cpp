@@ -14,6 +14,13 @@ bool h265_nal_sei_pic_timing::parse(h2645_common_bitreader& reader, const h265_n
     return pic_timing(walk, *this, sps);
 }
 
+bool h265_nal_sei_pic_timing::parse_standard(h2645_common_bitreader& reader,
+                                             const h265_nal_sps& sps) {
+    *this = {};
+    reading<standard_rules> walk(reader);
+    return pic_timing(walk, *this, sps);
+}
+
 bool h265_nal_sei_pic_timing::parse(h2645_common_bitreader& reader,
                                     const h2645_common_base_store<h265_nal_sps>& store) {
     const h265_nal_sps* const sps =
@@ -23,6 +30,17 @@ bool h265_nal_sei_pic_timing::parse(h2645_common_bitreader& reader,
         return false;
     }
     return parse(reader, *sps);
+}
+
+bool h265_nal_sei_pic_timing::parse_standard(h2645_common_bitreader& reader,
+                                             const h2645_common_base_store<h265_nal_sps>& store) {
+    const h265_nal_sps* const sps =
+        store.active_id != store.no_id ? find_entry(store, store.active_id) : nullptr;
+    if (sps == nullptr) {
+        *this = {};
+        return false;
+    }
+    return parse_standard(reader, *sps);
 }
 
 const char* h265_nal_sei_pic_timing::pic_struct_to_str() const {

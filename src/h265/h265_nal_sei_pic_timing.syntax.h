@@ -6,16 +6,17 @@
 namespace kovran {
 
 // The decoding units of pic_timing(), clause D.2.3.
-template <class Walker, class PicTiming>
-[[nodiscard]] bool pic_timing_decoding_units(Walker& walk, PicTiming& timing,
-                                             unsigned char increment_bits) {
+template <class Walker, class PicTiming, class Sps>
+[[nodiscard]] bool pic_timing_decoding_units(Walker& walk, PicTiming& timing, const Sps& sps) {
+    const auto increment_bits = static_cast<unsigned char>(
+        sps.vui_parameters.hrd_parameters.du_cpb_removal_delay_increment_length_minus1 + 1);
     walk.set(timing.du_info_present);
     walk.ue(ELEMENT(timing, num_decoding_units_minus1));
     walk.u(1, ELEMENT(timing, du_common_cpb_removal_delay_flag));
     if (timing.du_common_cpb_removal_delay_flag) {
         walk.u_v(increment_bits, ELEMENT(timing, du_common_cpb_removal_delay_increment_minus1));
     }
-    if (timing.num_decoding_units_minus1 > Walker::rules::max_decoding_units - 1 ||
+    if (timing.num_decoding_units_minus1 >= Walker::rules::max_decoding_units(sps) ||
         !walk.grow(timing.num_decoding_units_minus1 + 1, timing.num_nalus_in_du_minus1,
                    timing.du_cpb_removal_delay_increment_minus1)) {
         return false;
@@ -40,6 +41,8 @@ template <class Walker, class PicTiming, class Sps>
         walk.u(4, ELEMENT(timing, pic_struct));
         walk.u(2, ELEMENT(timing, source_scan_type));
         walk.u(1, ELEMENT(timing, duplicate_flag));
+    } else {
+        Walker::rules::infer_source_scan_type(walk, timing, sps);
     }
     walk.assign(timing.cpb_dpb_delays_present,
                 hrd.nal_hrd_parameters_present_flag || hrd.vcl_hrd_parameters_present_flag);
@@ -52,8 +55,7 @@ template <class Walker, class PicTiming, class Sps>
                      ELEMENT(timing, pic_dpb_output_du_delay));
         }
         if (Walker::rules::has_decoding_unit_info(hrd) &&
-            !pic_timing_decoding_units(walk, timing,
-                                       bits(hrd.du_cpb_removal_delay_increment_length_minus1))) {
+            !pic_timing_decoding_units(walk, timing, sps)) {
             return false;
         }
     }

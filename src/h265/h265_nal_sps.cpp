@@ -12,4 +12,11 @@ bool h265_nal_sps::parse(h2645_common_bitreader& reader,
     return seq_parameter_set_rbsp(walk, *this, vps_store);
 }
 
+bool h265_nal_sps::parse_standard(h2645_common_bitreader& reader,
+                                  h2645_common_base_store<h265_nal_vps>& vps_store) {
+    *this = {};
+    reading<standard_rules> walk(reader);
+    return seq_parameter_set_rbsp(walk, *this, vps_store);
+}
+
 }  // namespace kovran

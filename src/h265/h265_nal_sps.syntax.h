@@ -29,6 +29,9 @@ template <class Walker, class Sps, class VpsStore>
     }
 
     walk.ue(ELEMENT(sps, sps_seq_parameter_set_id));
+    if (sps.sps_seq_parameter_set_id > Walker::rules::max_sps_id) {
+        return false;
+    }
     walk.ue(ELEMENT(sps, chroma_format_idc));
     if (sps.chroma_format_idc == 3) {
         walk.u(1, ELEMENT(sps, separate_colour_plane_flag));
@@ -45,6 +48,10 @@ template <class Walker, class Sps, class VpsStore>
     walk.ue(ELEMENT(sps, bit_depth_luma_minus8));
     walk.ue(ELEMENT(sps, bit_depth_chroma_minus8));
     walk.ue(ELEMENT(sps, log2_max_pic_order_cnt_lsb_minus4));
+    if (sps.log2_max_pic_order_cnt_lsb_minus4 >
+        Walker::rules::max_log2_max_pic_order_cnt_lsb_minus4) {
+        return false;
+    }
 
     walk.u(1, ELEMENT(sps, sps_sub_layer_ordering_info_present_flag));
     const unsigned int highest = sps.sps_max_sub_layers_minus1;  // u(3), so that no bound is needed
@@ -123,9 +130,10 @@ template <class Walker, class Sps, class VpsStore>
     walk.u(1, ELEMENT(sps, sps_temporal_mvp_enabled_flag));
     walk.u(1, ELEMENT(sps, strong_intra_smoothing_enabled_flag));
     walk.u(1, ELEMENT(sps, vui_parameters_present_flag));
-    if (sps.vui_parameters_present_flag &&
-        !walk.structure(ELEMENT(sps, vui_parameters),
-                        [&](auto& vui) { return vui_parameters(walk, vui, sps); })) {
+    if (!sps.vui_parameters_present_flag) {
+        Walker::rules::infer_absent_vui(walk, sps);
+    } else if (!walk.structure(ELEMENT(sps, vui_parameters),
+                               [&](auto& vui) { return vui_parameters(walk, vui, sps); })) {
         return false;
     }
 

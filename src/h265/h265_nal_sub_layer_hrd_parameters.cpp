@@ -14,4 +14,13 @@ bool h265_nal_sub_layer_hrd_parameters::parse(unsigned int subLayerId_, unsigned
     return sub_layer_hrd_parameters(walk, *this, subLayerId_, cpb_count_, hrd);
 }
 
+bool h265_nal_sub_layer_hrd_parameters::parse_standard(unsigned int subLayerId_,
+                                                       unsigned int cpb_count_,
+                                                       const h265_hrd_parameters& hrd,
+                                                       h2645_common_bitreader& reader) {
+    *this = {};
+    reading<standard_rules> walk(reader);
+    return sub_layer_hrd_parameters(walk, *this, subLayerId_, cpb_count_, hrd);
+}
+
 }  // namespace kovran

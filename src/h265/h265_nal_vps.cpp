@@ -11,4 +11,10 @@ bool h265_nal_vps::parse(h2645_common_bitreader& reader) {
     return video_parameter_set_rbsp(walk, *this);
 }
 
+bool h265_nal_vps::parse_standard(h2645_common_bitreader& reader) {
+    *this = {};
+    reading<standard_rules> walk(reader);
+    return video_parameter_set_rbsp(walk, *this);
+}
+
 }  // namespace kovran

@@ -23,7 +23,8 @@ template <class Walker, class Vps>
         }
         if (!walk.structure(ELEMENT(vps, hrd_parameters)[i], [&](auto& hrd) {
                 return hrd_parameters(walk, hrd, vps.cprms_present_flag[i],
-                                      vps.vps_max_sub_layers_minus1);
+                                      vps.vps_max_sub_layers_minus1,
+                                      i > 0 ? &vps.hrd_parameters[i - 1] : nullptr);
             })) {
             return false;
         }

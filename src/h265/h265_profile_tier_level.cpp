@@ -17,4 +17,12 @@ bool h265_profile_tier_level::parse(bool profilePresentFlag, unsigned int maxNum
     return profile_tier_level(walk, *this, profilePresentFlag, maxNumSubLayersMinus1);
 }
 
+bool h265_profile_tier_level::parse_standard(bool profilePresentFlag,
+                                             unsigned int maxNumSubLayersMinus1,
+                                             h2645_common_bitreader& reader) {
+    *this = {};
+    reading<standard_rules> walk(reader);
+    return profile_tier_level(walk, *this, profilePresentFlag, maxNumSubLayersMinus1);
+}
+
 }  // namespace kovran

@@ -93,7 +93,10 @@ template <class Walker, class ProfileTierLevel>
             walk.clear(ptl.valid);
             return false;
         }
-        Walker::rules::infer_absent_sub_layer(walk, ptl.sub_layers[i]);
+    }
+    if (!Walker::rules::infer_absent_sub_layers(walk, ptl)) {
+        walk.clear(ptl.valid);
+        return false;
     }
     walk.set(ptl.valid);
     return true;

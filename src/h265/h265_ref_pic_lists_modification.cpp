@@ -13,4 +13,11 @@ bool h265_ref_pic_lists_modification::parse(h2645_common_bitreader& reader,
     return ref_pic_lists_modification(walk, *this, header);
 }
 
+bool h265_ref_pic_lists_modification::parse_standard(h2645_common_bitreader& reader,
+                                                     const h265_slice_segment_header& header) {
+    *this = {};
+    reading<standard_rules> walk(reader);
+    return ref_pic_lists_modification(walk, *this, header);
+}
+
 }  // namespace kovran

@@ -19,11 +19,17 @@ void list_entries(Walker& walk, element<Entries&> list_entry,
     }
 }
 
+template <class Rules, class Slice>
+[[nodiscard]] bool has_too_many_references(const Slice& slice) {
+    return slice.num_ref_idx_l0_active_minus1 > Rules::max_ref_idx_active_minus1 ||
+           slice.num_ref_idx_l1_active_minus1 > Rules::max_ref_idx_active_minus1;
+}
+
 // ref_pic_lists_modification(), clause 7.3.6.2.
 template <class Walker, class Lists, class Slice>
 [[nodiscard]] bool ref_pic_lists_modification(Walker& walk, Lists& lists, const Slice& slice) {
     walk.clear(lists.valid);
-    if (slice.NumPicTotalCurr == 0) {
+    if (slice.NumPicTotalCurr == 0 || has_too_many_references<typename Walker::rules>(slice)) {
         return false;
     }
     const unsigned char width = Walker::rules::index_width(slice.NumPicTotalCurr);

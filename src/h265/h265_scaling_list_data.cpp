@@ -11,4 +11,10 @@ bool h265_scaling_list_data::parse(h2645_common_bitreader& reader) {
     return scaling_list_data(walk, *this);
 }
 
+bool h265_scaling_list_data::parse_standard(h2645_common_bitreader& reader) {
+    *this = {};
+    reading<standard_rules> walk(reader);
+    return scaling_list_data(walk, *this);
+}
+
 }  // namespace kovran

@@ -27,6 +27,9 @@ template <class Walker, class ScalingLists>
             walk.u(1, ELEMENT(lists, scaling_list_pred_mode_flag)[sizeId][matrixId]);
             if (!lists.scaling_list_pred_mode_flag[sizeId][matrixId]) {
                 walk.ue(ELEMENT(lists, scaling_list_pred_matrix_id_delta)[sizeId][matrixId]);
+                if (!Walker::rules::end_predicted_scaling_list(walk, lists, sizeId, matrixId)) {
+                    return false;
+                }
                 continue;
             }
             unsigned int nextCoef = 8;

@@ -15,6 +15,16 @@ bool h265_slice_segment_header::parse(h2645_common_bitreader& reader,
     return slice_segment_header(walk, *this, pps_store, sps_store, vps_store, nal_unit_type);
 }
 
+bool h265_slice_segment_header::parse_standard(h2645_common_bitreader& reader,
+                                               h2645_common_base_store<h265_nal_pps>& pps_store,
+                                               h2645_common_base_store<h265_nal_sps>& sps_store,
+                                               h2645_common_base_store<h265_nal_vps>& vps_store,
+                                               h265_nal_unit_type nal_unit_type) {
+    *this = {};
+    reading<standard_rules> walk(reader);
+    return slice_segment_header(walk, *this, pps_store, sps_store, vps_store, nal_unit_type);
+}
+
 const char* h265_slice_segment_header::slice_type_to_str() const {
     switch (slice_type) {
         case slice_type_b:

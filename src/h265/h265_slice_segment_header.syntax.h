@@ -7,6 +7,7 @@
 #include "h2645_common/store_lookup.h"
 #include "h265/h265_ref_pic_lists_modification.syntax.h"
 #include "h265/h265_st_ref_pic_set.syntax.h"
+#include "h265/picture_size.h"
 #include "h265/slice_type.h"
 
 #include <algorithm>
@@ -14,21 +15,6 @@
 #include <vector>
 
 namespace kovran {
-
-// PicSizeInCtbsY, equations 7-10 to 7-19, in 32 bits; 0 when the SPS's sizes make no sense.
-template <class Sps>
-[[nodiscard]] unsigned int pic_size_in_ctbs(const Sps& sps) {
-    const unsigned int CtbLog2SizeY = sps.log2_min_luma_coding_block_size_minus3 + 3 +
-                                      sps.log2_diff_max_min_luma_coding_block_size;
-    if (CtbLog2SizeY >= 32) {
-        return 0;
-    }
-    const unsigned int CtbSizeY = 1U << CtbLog2SizeY;
-    const auto in_ctbs = [CtbSizeY](unsigned int samples) {
-        return samples / CtbSizeY + (samples % CtbSizeY != 0 ? 1 : 0);
-    };
-    return in_ctbs(sps.pic_width_in_luma_samples) * in_ctbs(sps.pic_height_in_luma_samples);
-}
 
 // The long-term pictures of slice_segment_header(), clause 7.3.6.1.
 template <class Walker, class Slice, class Sps>
@@ -38,6 +24,9 @@ template <class Walker, class Slice, class Sps>
         walk.ue(ELEMENT(slice, num_long_term_sps));
     }
     walk.ue(ELEMENT(slice, num_long_term_pics));
+    if (!Walker::rules::can_have_long_term_pics(slice, sps)) {
+        return false;
+    }
     const unsigned int entries = slice.num_long_term_sps + slice.num_long_term_pics;
     walk.grow_or_throw(entries, slice.lt_idx_sps, slice.poc_lsb_lt, slice.used_by_curr_pic_lt_flag,
                        slice.delta_poc_msb_present_flag, slice.delta_poc_msb_cycle_lt);
@@ -56,6 +45,9 @@ template <class Walker, class Slice, class Sps>
             if (sps.num_long_term_ref_pics_sps > 1) {
                 walk.u_v(Walker::rules::index_width(sps.num_long_term_ref_pics_sps),
                          ELEMENT(slice, lt_idx_sps)[i]);
+            }
+            if (!Walker::rules::take_candidate(walk, slice, sps, i)) {
+                return false;
             }
         } else {
             walk.u_v(lsb_bits, ELEMENT(slice, poc_lsb_lt)[i]);
@@ -86,6 +78,9 @@ template <class Walker, class Slice, class Sps>
         if (sps.num_short_term_ref_pic_sets > 1) {
             walk.u_v(Walker::rules::index_width(sps.num_short_term_ref_pic_sets),
                      ELEMENT(slice, short_term_ref_pic_set_idx));
+        }
+        if (!Walker::rules::has_set(sps, slice.short_term_ref_pic_set_idx)) {
+            return false;
         }
         walk.assign(slice.CurrRpsIdx, slice.short_term_ref_pic_set_idx);
     }
@@ -140,6 +135,9 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         walk.clear(slice.no_output_of_prior_pics_flag);
     }
     walk.ue(ELEMENT(slice, slice_pic_parameter_set_id));
+    if (slice.slice_pic_parameter_set_id > Walker::rules::max_pps_id) {
+        return false;
+    }
     const auto* const pps = find_entry(pps_store, slice.slice_pic_parameter_set_id);
     if (pps == nullptr) {
         return false;
@@ -174,6 +172,9 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         walk.skip(1, "slice_reserved_flag", i);
     }
     walk.ue(ELEMENT(slice, slice_type));
+    if (!Walker::rules::is_slice_type(slice.slice_type)) {
+        return false;
+    }
     if (pps->output_flag_present_flag) {
         walk.u(1, ELEMENT(slice, pic_output_flag));
     } else {
@@ -204,6 +205,9 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         if (slice.slice_type == slice_type_b) {
             walk.ue(ELEMENT(slice, num_ref_idx_l1_active_minus1));
         }
+    }
+    if (has_too_many_references<typename Walker::rules>(slice)) {
+        return false;
     }
     walk.assign(slice.NumPicTotalCurr, num_pic_total_curr<Walker>(slice, *sps));
     if (pps->lists_modification_present_flag && slice.NumPicTotalCurr > 1 &&

@@ -27,11 +27,13 @@ template <class Walker, class Set, class Sps, class Sets>
     walk.assign(set.num_positive_pics, 0);
     // Copied, as the reference may be this record, or move when it grows.
     const auto& reference = sets[set.RefRpsIdx];
+    typename Walker::rules::reference_pictures pictures;
     const unsigned int reference_pics = reference.NumDeltaPocs;
     const unsigned int reference_counts = reference.num_negative_pics + reference.num_positive_pics;
     walk.assign(set.NumDeltaPocs, reference_pics);
     if (reference_pics < reference_counts ||
         reference_pics > Walker::rules::max_pics_in_reference_set ||
+        !Walker::rules::take_reference(reference, pictures) ||
         !walk.grow(reference_pics + 1, set.use_delta_flag, set.used_by_curr_pic_flag)) {
         return false;
     }
@@ -43,8 +45,7 @@ template <class Walker, class Set, class Sps, class Sets>
             walk.u(1, ELEMENT(set, use_delta_flag)[j]);
         }
     }
-    Walker::rules::end_predicted_set(walk, set);
-    return true;
+    return Walker::rules::end_predicted_set(walk, set, pictures);
 }
 
 // st_ref_pic_set( stRpsIdx ), clause 7.3.7.
@@ -71,7 +72,8 @@ template <class Walker, class Set, class Sps, class Sets>
 
     walk.ue(ELEMENT(set, num_negative_pics));
     walk.ue(ELEMENT(set, num_positive_pics));
-    if (set.num_negative_pics > Walker::rules::max_pics_in_one_direction ||
+    if (set.num_negative_pics + set.num_positive_pics > Walker::rules::max_pics_in_set ||
+        set.num_negative_pics > Walker::rules::max_pics_in_one_direction ||
         !walk.grow(set.num_negative_pics, set.delta_poc_s0_minus1, set.used_by_curr_pic_s0_flag)) {
         return false;
     }

@@ -41,6 +41,7 @@ inline constexpr unsigned int extended_sar = 255;
 template <class Walker, class Vui, class Sps>
 [[nodiscard]] bool vui_parameters(Walker& walk, Vui& vui, const Sps& sps) {
     walk.clear(vui.valid);
+    Walker::rules::infer_vui_elements(walk, vui);
 
     walk.u(1, ELEMENT(vui, aspect_ratio_info_present_flag));
     if (vui.aspect_ratio_info_present_flag) {

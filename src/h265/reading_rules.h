@@ -1,10 +1,19 @@
 #ifndef KOVRAN_SRC_H265_READING_RULES_H
 #define KOVRAN_SRC_H265_READING_RULES_H
 
+#include "h265/derived_pictures.h"
+#include "h265/picture_size.h"
+#include "h265/scaling_list_prediction.h"
+#include "h265/slice_type.h"
+
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 namespace kovran {
+
+// For a value that may be whatever its code can hold.
+inline constexpr unsigned int no_bound = 0xFFFFFFFF;
 
 // The places where kovran reads otherwise than the standard says, on purpose. A description asks
 // `Walker::rules` by name; docs/differences.md lists the same for hosts. What parse() goes by are
@@ -28,17 +37,32 @@ struct own_rules {
     // directions together.
     static constexpr unsigned int max_pics_in_one_direction = 128;
     static constexpr unsigned int max_pics_in_reference_set = 127;
+    static constexpr unsigned int max_pics_in_set = no_bound;
     // Differs from clause 7.4.3.3.1: as many as the picture has coding tree blocks, less one. Holds
     // only where widths and heights are coded, and there for the number less one.
-    static constexpr unsigned int max_tile_columns_minus1 = 128;
-    static constexpr unsigned int max_tile_rows_minus1 = 128;
+    template <class Sps>
+    static unsigned int max_tile_columns_minus1(const Sps&) {
+        return 128;
+    }
+    template <class Sps>
+    static unsigned int max_tile_rows_minus1(const Sps&) {
+        return 128;
+    }
+    // Differs from clauses 7.4.3.2.1, 7.4.3.3.1 and 7.4.7.1: identifiers up to 15 and 63, 4 to 16
+    // bits of picture order count, 16 reference indices in each list.
+    static constexpr unsigned int max_sps_id = no_bound;
+    static constexpr unsigned int max_pps_id = no_bound;
+    static constexpr unsigned int max_log2_max_pic_order_cnt_lsb_minus4 = no_bound;
+    static constexpr unsigned int max_ref_idx_active_minus1 = no_bound;
 
     // Absent elements.
 
     // Differs from clause 7.4.4: the profile and the level of a sub-layer that has none in the
     // stream are not those of the layer above it; the host infers them.
-    template <class Walker, class Layer>
-    static void infer_absent_sub_layer(Walker&, Layer&) {}
+    template <class Walker, class ProfileTierLevel>
+    static bool infer_absent_sub_layers(Walker&, ProfileTierLevel&) {
+        return true;
+    }
 
     // Differs from clauses 7.4.3.1 and 7.4.3.2.1: without sub-layer ordering information only the
     // entry of the highest sub-layer is filled; the host infers the ones below.
@@ -51,10 +75,38 @@ struct own_rules {
     template <class Walker, class Flags>
     static void infer_first_cprms_present_flag(Walker&, Flags&) {}
 
+    // Differs from clause 7.4.3.1: a structure without common information goes by what its record
+    // held, not by the structure before it.
+    template <class Walker, class Hrd>
+    static void infer_common_information(Walker&, Hrd&, const Hrd* /*earlier*/) {}
+
+    // Differs from clause E.3.2, where the length is 24 bits when it is absent.
+    template <class Walker, class Hrd>
+    static void infer_dpb_output_delay_length(Walker&, Hrd&) {}
+
     // Differs from clause E.3.2: where low_delay_hrd_flag is absent it keeps what the record held,
     // which decides whether cpb_cnt_minus1 is read.
     template <class Walker, class Flags>
     static void infer_low_delay_hrd_flag(Walker&, Flags&, unsigned int) {}
+
+    // Differs from clause E.3.1: elements of the VUI that are absent have inferred values there,
+    // not all of them 0.
+    template <class Walker, class Vui>
+    static void infer_vui_elements(Walker&, Vui&) {}
+    template <class Walker, class Sps>
+    static void infer_absent_vui(Walker&, Sps&) {}
+
+    // Differs from clause 7.4.3.3.1: a picture of one tile is spaced uniformly there, and its loop
+    // filters may cross tiles.
+    template <class Walker, class Pps>
+    static void infer_single_tile(Walker&, Pps&) {}
+
+    // Differs from clause 7.4.5: a predicted matrix is not filled in from its reference.
+    template <class Walker, class ScalingLists>
+    static bool end_predicted_scaling_list(Walker&, ScalingLists&, unsigned int /*sizeId*/,
+                                           unsigned int /*matrixId*/) {
+        return true;
+    }
 
     // Has no counterpart in the standard: the record remembers that it once held an extended sample
     // aspect ratio.
@@ -65,9 +117,15 @@ struct own_rules {
 
     // Differs from clause 7.4.8: a predicted set ends without pictures. Equations 7-61 and 7-62 are
     // left to the host, and a set that is predicted from this one has one flag pair to read.
+    struct reference_pictures {};
+    template <class Set>
+    static bool take_reference(const Set&, reference_pictures&) {
+        return true;
+    }
     template <class Walker, class Set>
-    static void end_predicted_set(Walker& walk, Set& set) {
+    static bool end_predicted_set(Walker& walk, Set& set, const reference_pictures&) {
         walk.assign(set.NumDeltaPocs, set.num_negative_pics + set.num_positive_pics);
+        return true;
     }
 
     // Slice segment headers.
@@ -88,6 +146,24 @@ struct own_rules {
     static bool is_dependent(const Slice& slice) {
         return slice.dependent_slice_segment_flag;
     }
+
+    // Differs from clause 7.4.7.1: a set or a candidate that the SPS does not have can be chosen,
+    // and the number of long-term pictures has no bound.
+    template <class Sps>
+    static bool has_set(const Sps&, unsigned int /*short_term_ref_pic_set_idx*/) {
+        return true;
+    }
+    template <class Slice, class Sps>
+    static bool can_have_long_term_pics(const Slice&, const Sps&) {
+        return true;
+    }
+    // Differs from equation 7-52: what the SPS says of a candidate is not taken over.
+    template <class Walker, class Slice, class Sps>
+    static bool take_candidate(Walker&, Slice&, const Sps&, unsigned int /*i*/) {
+        return true;
+    }
+    // Differs from clause 7.4.7.1: a slice_type above 2 reads like an I slice.
+    static bool is_slice_type(unsigned int /*slice_type*/) { return true; }
 
     // Differs from clause 7.3.6.1: where the SPS has no long-term candidates, a slice cannot have
     // long-term pictures of its own.
@@ -126,6 +202,10 @@ struct own_rules {
         return hrd.sub_pic_hrd_params_present_flag || hrd.sub_pic_cpb_params_in_pic_timing_sei_flag;
     }
 
+    // Differs from clause D.3.3: an absent source_scan_type is not told from the profile's flags.
+    template <class Walker, class PicTiming, class Sps>
+    static void infer_source_scan_type(Walker&, PicTiming&, const Sps&) {}
+
     // Differs from clause D.3.2, where an absent irap_cpb_params_present_flag is 0: it is what the
     // record held.
     template <class Walker, class BufferingPeriod>
@@ -140,11 +220,316 @@ struct own_rules {
 
     // Differs from clause D.3.3: as many as fit NumDecodingUnits, up to the picture's coding tree
     // blocks.
-    static constexpr unsigned int max_decoding_units = 128;
+    template <class Sps>
+    static unsigned int max_decoding_units(const Sps&) {
+        return 128;
+    }
     // Differs from clause D.3.21: 16 SPS identifiers, and layers up to 62. No VPS that was parsed
     // has more than 64 layers; a record that a host made can.
     static constexpr unsigned int max_active_sps_ids = 128;
     static constexpr unsigned int max_active_layers = 128;
+    template <class Vps>
+    static unsigned int max_layers_minus1(const Vps& vps) {
+        return vps.vps_max_layers_minus1;
+    }
+};
+
+// H.265 as it stands: what parse_standard() goes by, in a record that starts afresh. Bounds are
+// those of the clauses that own_rules names.
+struct standard_rules {
+    static constexpr unsigned int max_profile_tier_level_sub_layers = 6;
+    static constexpr unsigned int max_hrd_sub_layers = 7;
+    static constexpr unsigned int max_hrd_cpbs = 32;
+    static constexpr unsigned int max_vps_layer_sets = 1024;
+    static constexpr unsigned int max_vps_hrd_parameters = 1024;
+    static constexpr unsigned int max_short_term_ref_pic_sets = 64;
+    static constexpr unsigned int max_long_term_ref_pics_sps = 32;
+    static constexpr unsigned int max_pics_in_one_direction = short_term_pictures::most;
+    static constexpr unsigned int max_pics_in_reference_set = short_term_pictures::most;
+    static constexpr unsigned int max_pics_in_set = short_term_pictures::most;
+    template <class Sps>
+    static unsigned int max_tile_columns_minus1(const Sps& sps) {
+        const unsigned int PicWidthInCtbsY = picture_size_in_ctbs(sps).width;
+        return PicWidthInCtbsY != 0 ? PicWidthInCtbsY - 1 : 0;
+    }
+    template <class Sps>
+    static unsigned int max_tile_rows_minus1(const Sps& sps) {
+        const unsigned int PicHeightInCtbsY = picture_size_in_ctbs(sps).height;
+        return PicHeightInCtbsY != 0 ? PicHeightInCtbsY - 1 : 0;
+    }
+    static constexpr unsigned int max_sps_id = 15;
+    static constexpr unsigned int max_pps_id = 63;
+    static constexpr unsigned int max_log2_max_pic_order_cnt_lsb_minus4 = 12;
+    static constexpr unsigned int max_ref_idx_active_minus1 = 15;
+
+    // Absent elements.
+
+    template <class Walker, class ProfileTierLevel>
+    static bool infer_absent_sub_layers(Walker& walk, ProfileTierLevel& ptl) {
+        for (std::size_t i = ptl.sub_layers.size(); i > 0; --i) {
+            auto& layer = ptl.sub_layers[i - 1];
+            const auto& above = i < ptl.sub_layers.size() ? ptl.sub_layers[i] : ptl.general;
+            if (!layer.profile_present_flag && !infer_profile(walk, layer, above)) {
+                return false;
+            }
+            if (!layer.level_present_flag) {
+                walk.assign(layer.level_idc, above.level_idc);
+            }
+        }
+        return true;
+    }
+
+    template <class Walker, class... Arrays>
+    static void infer_ordering_info(Walker& walk, unsigned int highest, Arrays&... arrays) {
+        for (unsigned int i = 0; i < highest; ++i) {
+            (walk.assign(arrays[i], arrays[highest]), ...);
+        }
+    }
+
+    template <class Walker, class Flags>
+    static void infer_first_cprms_present_flag(Walker& walk, Flags& cprms_present_flag) {
+        walk.set(cprms_present_flag[0]);
+    }
+
+    template <class Walker, class Hrd>
+    static void infer_common_information(Walker& walk, Hrd& hrd, const Hrd* earlier) {
+        if (earlier == nullptr) {
+            return;
+        }
+        walk.assign(hrd.nal_hrd_parameters_present_flag, earlier->nal_hrd_parameters_present_flag);
+        walk.assign(hrd.vcl_hrd_parameters_present_flag, earlier->vcl_hrd_parameters_present_flag);
+        walk.assign(hrd.sub_pic_hrd_params_present_flag, earlier->sub_pic_hrd_params_present_flag);
+        walk.assign(hrd.tick_divisor_minus2, earlier->tick_divisor_minus2);
+        walk.assign(hrd.du_cpb_removal_delay_increment_length_minus1,
+                    earlier->du_cpb_removal_delay_increment_length_minus1);
+        walk.assign(hrd.sub_pic_cpb_params_in_pic_timing_sei_flag,
+                    earlier->sub_pic_cpb_params_in_pic_timing_sei_flag);
+        walk.assign(hrd.dpb_output_delay_du_length_minus1,
+                    earlier->dpb_output_delay_du_length_minus1);
+        walk.assign(hrd.bit_rate_scale, earlier->bit_rate_scale);
+        walk.assign(hrd.cpb_size_scale, earlier->cpb_size_scale);
+        walk.assign(hrd.cpb_size_du_scale, earlier->cpb_size_du_scale);
+        walk.assign(hrd.initial_cpb_removal_delay_length_minus1,
+                    earlier->initial_cpb_removal_delay_length_minus1);
+        walk.assign(hrd.au_cpb_removal_delay_length_minus1,
+                    earlier->au_cpb_removal_delay_length_minus1);
+        walk.assign(hrd.dpb_output_delay_length_minus1, earlier->dpb_output_delay_length_minus1);
+    }
+
+    template <class Walker, class Hrd>
+    static void infer_dpb_output_delay_length(Walker& walk, Hrd& hrd) {
+        walk.assign(hrd.dpb_output_delay_length_minus1, 23);
+    }
+
+    template <class Walker, class Flags>
+    static void infer_low_delay_hrd_flag(Walker& walk, Flags& low_delay_hrd_flag, unsigned int i) {
+        walk.clear(low_delay_hrd_flag[i]);
+    }
+
+    template <class Walker, class Vui>
+    static void infer_vui_elements(Walker& walk, Vui& vui) {
+        constexpr unsigned int unspecified = 2;
+        walk.assign(vui.video_format, 5);
+        walk.assign(vui.colour_primaries, unspecified);
+        walk.assign(vui.transfer_characteristics, unspecified);
+        walk.assign(vui.matrix_coeffs, unspecified);
+        walk.set(vui.motion_vectors_over_pic_boundaries_flag);
+        walk.assign(vui.max_bytes_per_pic_denom, 2);
+        walk.assign(vui.max_bits_per_min_cu_denom, 1);
+        walk.assign(vui.log2_max_mv_length_horizontal, 15);
+        walk.assign(vui.log2_max_mv_length_vertical, 15);
+    }
+    template <class Walker, class Sps>
+    static void infer_absent_vui(Walker& walk, Sps& sps) {
+        const auto& general = sps.profile_tier_level.general;
+        infer_vui_elements(walk, sps.vui_parameters);
+        walk.assign(sps.vui_parameters.frame_field_info_present_flag,
+                    general.progressive_source_flag && general.interlaced_source_flag);
+    }
+
+    template <class Walker, class Pps>
+    static void infer_single_tile(Walker& walk, Pps& pps) {
+        walk.set(pps.uniform_spacing_flag);
+        walk.set(pps.loop_filter_across_tiles_enabled_flag);
+    }
+
+    template <class Walker, class ScalingLists>
+    static bool end_predicted_scaling_list(Walker& walk, ScalingLists& lists, unsigned int sizeId,
+                                           unsigned int matrixId) {
+        return predict_scaling_list(walk, lists, sizeId, matrixId);
+    }
+
+    template <class Walker, class Vui>
+    static void end_extended_sar(Walker& walk, Vui& vui) {
+        walk.clear(vui.extended_sar_flag);
+    }
+
+    // Predicted sets.
+
+    using reference_pictures = short_term_pictures;
+    template <class Set>
+    static bool take_reference(const Set& reference, reference_pictures& pictures) {
+        return pictures_of(reference, pictures) && pictures.size() == reference.NumDeltaPocs;
+    }
+    template <class Walker, class Set>
+    static bool end_predicted_set(Walker& walk, Set& set, const reference_pictures& reference) {
+        short_term_pictures pictures;
+        if (!predict_pictures(reference, set, pictures)) {
+            return false;
+        }
+        const std::size_t negative = pictures.num_negative();
+        const std::size_t positive = pictures.size() - negative;
+        if (!walk.grow(negative, set.delta_poc_s0_minus1, set.used_by_curr_pic_s0_flag) ||
+            !walk.grow(positive, set.delta_poc_s1_minus1, set.used_by_curr_pic_s1_flag)) {
+            return false;
+        }
+        for (std::size_t i = 0; i < negative; ++i) {
+            const std::int64_t nearer = i > 0 ? pictures[i - 1].delta_poc : 0;
+            walk.assign(set.delta_poc_s0_minus1[i], nearer - pictures[i].delta_poc - 1);
+            walk.assign(set.used_by_curr_pic_s0_flag[i], pictures[i].used_by_curr_pic);
+        }
+        for (std::size_t i = 0; i < positive; ++i) {
+            const auto& picture = pictures[negative + i];
+            const std::int64_t nearer = i > 0 ? pictures[negative + i - 1].delta_poc : 0;
+            walk.assign(set.delta_poc_s1_minus1[i], picture.delta_poc - nearer - 1);
+            walk.assign(set.used_by_curr_pic_s1_flag[i], picture.used_by_curr_pic);
+        }
+        walk.assign(set.num_negative_pics, negative);
+        walk.assign(set.num_positive_pics, positive);
+        walk.assign(set.NumDeltaPocs, pictures.size());
+        return true;
+    }
+
+    // Slice segment headers.
+
+    // Ceil( Log2( count ) ).
+    static unsigned char index_width(unsigned int count) {
+        unsigned char width = 0;
+        for (unsigned int highest = count != 0 ? count - 1 : 0; highest != 0; highest >>= 1) {
+            ++width;
+        }
+        return width;
+    }
+
+    template <class Slice>
+    static bool is_dependent(const Slice& slice) {
+        return !slice.first_slice_segment_in_pic_flag && slice.dependent_slice_segment_flag;
+    }
+
+    template <class Sps>
+    static bool has_set(const Sps& sps, unsigned int short_term_ref_pic_set_idx) {
+        return short_term_ref_pic_set_idx < sps.num_short_term_ref_pic_sets;
+    }
+    template <class Slice, class Sps>
+    static bool can_have_long_term_pics(const Slice& slice, const Sps& sps) {
+        // Of the decoded picture buffer, clause A.4.2.
+        constexpr unsigned int most = 16;
+        return slice.num_long_term_sps <= std::min(most, sps.num_long_term_ref_pics_sps) &&
+               slice.num_long_term_pics <= most - slice.num_long_term_sps;
+    }
+    template <class Walker, class Slice, class Sps>
+    static bool take_candidate(Walker& walk, Slice& slice, const Sps& sps, unsigned int i) {
+        const std::size_t candidate = slice.lt_idx_sps[i];
+        if (candidate >= sps.lt_ref_pic_poc_lsb_sps.size() ||
+            candidate >= sps.used_by_curr_pic_lt_sps_flag.size()) {
+            return false;
+        }
+        walk.assign(slice.poc_lsb_lt[i], sps.lt_ref_pic_poc_lsb_sps[candidate]);
+        walk.assign(slice.used_by_curr_pic_lt_flag[i], sps.used_by_curr_pic_lt_sps_flag[candidate]);
+        return true;
+    }
+    static bool is_slice_type(unsigned int slice_type) { return slice_type <= slice_type_i; }
+
+    template <class Sps>
+    static bool can_read_long_term_pics(const Sps&) {
+        return true;
+    }
+
+    template <class Sps>
+    static bool has_temporal_mvp_flag(const Sps& sps) {
+        return sps.sps_temporal_mvp_enabled_flag;
+    }
+
+    template <class Slice, class Sps>
+    static unsigned int count_long_term_pics(const Slice& slice, const Sps&) {
+        const auto& flags = slice.used_by_curr_pic_lt_flag;
+        return static_cast<unsigned int>(std::count(flags.begin(), flags.end(), true));
+    }
+
+    // SEI messages.
+
+    static constexpr unsigned int suffix_filler_payload = 3;
+
+    template <class Hrd>
+    static bool has_decoding_unit_info(const Hrd& hrd) {
+        return hrd.sub_pic_hrd_params_present_flag && hrd.sub_pic_cpb_params_in_pic_timing_sei_flag;
+    }
+
+    template <class Walker, class PicTiming, class Sps>
+    static void infer_source_scan_type(Walker& walk, PicTiming& timing, const Sps& sps) {
+        constexpr unsigned int unknown = 2;
+        const auto& general = sps.profile_tier_level.general;
+        if (general.progressive_source_flag != general.interlaced_source_flag) {
+            walk.assign(timing.source_scan_type, general.progressive_source_flag ? 1 : 0);
+        } else {
+            walk.assign(timing.source_scan_type, unknown);
+        }
+    }
+
+    template <class Walker, class BufferingPeriod>
+    static void infer_irap_cpb_params_present_flag(Walker& walk, BufferingPeriod& period) {
+        walk.clear(period.irap_cpb_params_present_flag);
+    }
+
+    template <class Hrd>
+    static unsigned int cpb_cnt_minus1(const Hrd& hrd) {
+        return hrd.cpb_cnt_minus1.back();
+    }
+
+    template <class Sps>
+    static unsigned int max_decoding_units(const Sps& sps) {
+        // The largest picture of table A.8 in the smallest coding tree blocks.
+        constexpr unsigned int largest_picture = 35651584 / (16 * 16);
+        return std::min(pic_size_in_ctbs(sps), largest_picture);
+    }
+    static constexpr unsigned int max_active_sps_ids = 16;
+    static constexpr unsigned int max_active_layers = 63;
+    // MaxLayersMinus1, clause F.7.4.3.1.
+    template <class Vps>
+    static unsigned int max_layers_minus1(const Vps& vps) {
+        return std::min<unsigned int>(62, vps.vps_max_layers_minus1);
+    }
+
+private:
+    template <class Walker, class Layer>
+    static bool infer_profile(Walker& walk, Layer& layer, const Layer& above) {
+        const std::size_t flags = above.profile_compatibility_flag.size();
+        if (!walk.grow(flags, layer.profile_compatibility_flag)) {
+            return false;
+        }
+        for (std::size_t j = 0; j < flags; ++j) {
+            walk.assign(layer.profile_compatibility_flag[j], above.profile_compatibility_flag[j]);
+        }
+        walk.assign(layer.profile_space, above.profile_space);
+        walk.assign(layer.profile_idc, above.profile_idc);
+        walk.assign(layer.tier_flag, above.tier_flag);
+        walk.assign(layer.progressive_source_flag, above.progressive_source_flag);
+        walk.assign(layer.interlaced_source_flag, above.interlaced_source_flag);
+        walk.assign(layer.non_packed_constraint_flag, above.non_packed_constraint_flag);
+        walk.assign(layer.frame_only_constraint_flag, above.frame_only_constraint_flag);
+        walk.assign(layer.max_12bit_constraint_flag, above.max_12bit_constraint_flag);
+        walk.assign(layer.max_10bit_constraint_flag, above.max_10bit_constraint_flag);
+        walk.assign(layer.max_8bit_constraint_flag, above.max_8bit_constraint_flag);
+        walk.assign(layer.max_422chroma_constraint_flag, above.max_422chroma_constraint_flag);
+        walk.assign(layer.max_420chroma_constraint_flag, above.max_420chroma_constraint_flag);
+        walk.assign(layer.max_monochrome_constraint_flag, above.max_monochrome_constraint_flag);
+        walk.assign(layer.intra_constraint_flag, above.intra_constraint_flag);
+        walk.assign(layer.one_picture_only_constraint_flag, above.one_picture_only_constraint_flag);
+        walk.assign(layer.lower_bit_rate_constraint_flag, above.lower_bit_rate_constraint_flag);
+        walk.assign(layer.max_14bit_constraint_flag, above.max_14bit_constraint_flag);
+        walk.assign(layer.inbld_flag, above.inbld_flag);
+        return true;
+    }
 };
 
 }  // namespace kovran

@@ -50,6 +50,15 @@ struct h265_hrd_parameters {
     [[nodiscard]] KOVRAN_API bool parse(bool commonInfPresentFlag,
                                         unsigned int maxNumSubLayersMinus1,
                                         h2645_common_bitreader& reader);
+
+    // The same by the standard's own rules, in a record that starts afresh: low_delay_hrd_flag is
+    // false where it is absent, and an absent dpb_output_delay_length_minus1 is 23. Without common
+    // information there is none: that of an earlier structure is h265_nal_vps's to take over.
+    // False, with `valid` false: maxNumSubLayersMinus1 is above 6, a cpb_cnt_minus1 that sizes a
+    // sub-layer structure above 31, or there is no memory.
+    [[nodiscard]] KOVRAN_API bool parse_standard(bool commonInfPresentFlag,
+                                                 unsigned int maxNumSubLayersMinus1,
+                                                 h2645_common_bitreader& reader);
 };
 
 }  // namespace kovran

@@ -29,6 +29,12 @@ struct h265_nal_sei_active_parameter_sets {
     // vps_max_layers_minus1 is above 127, or there is no memory. What was read before stays.
     [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
                                         h2645_common_base_store<h265_nal_vps>& vps_store);
+
+    // The same by the standard's own rules, in a record that starts afresh: layers count up to 62.
+    // False, with `valid` false: the VPS is not in the store, num_sps_ids_minus1 or an SPS
+    // identifier is above 15, or there is no memory.
+    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                                 h2645_common_base_store<h265_nal_vps>& vps_store);
 };
 
 }  // namespace kovran

@@ -51,6 +51,13 @@ struct h265_nal_sei_buffering_period {
     // is no memory.
     [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
                                         const h2645_common_base_store<h265_nal_sps>& sps_store);
+
+    // The same by the standard's own rules, in a record that starts afresh: CpbCnt is that of the
+    // highest sub-layer, and irap_cpb_params_present_flag is false where it is absent. False, with
+    // `valid` false: bp_seq_parameter_set_id is above 15 or its SPS not in the store; the SPS has
+    // no HRD parameters; CpbCnt is above 32; or there is no memory.
+    [[nodiscard]] KOVRAN_API bool parse_standard(
+        h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_sps>& sps_store);
 };
 
 }  // namespace kovran

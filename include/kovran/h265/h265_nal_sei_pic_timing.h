@@ -45,6 +45,16 @@ struct h265_nal_sei_pic_timing {
     [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
                                         const h2645_common_base_store<h265_nal_sps>& store);
 
+    // The same two by the standard's own rules, in a record that starts afresh: decoding unit
+    // information is there when both sub-picture flags are set, and an absent source_scan_type
+    // follows from the general profile's source flags. False, with `valid` false, when there are
+    // more decoding units than the picture has coding tree blocks (139,264 at the most), no active
+    // SPS, or no memory.
+    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                                 const h265_nal_sps& sps);
+    [[nodiscard]] KOVRAN_API bool parse_standard(
+        h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_sps>& store);
+
     // pic_struct and source_scan_type in words, tables D.2 and D.3; "?" for reserved values, never
     // null.
     [[nodiscard]] KOVRAN_API const char* pic_struct_to_str() const;

@@ -92,6 +92,23 @@ struct h265_nal_sps {
     // 128; there is no memory; or the trailing bits are malformed. What was read before stays.
     [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
                                         h2645_common_base_store<h265_nal_vps>& vps_store);
+
+    // The same by the standard's own rules, in a record that starts afresh. Predicted sets end with
+    // their pictures, in chains as well; ordering information that only the highest sub-layer has
+    // in the stream holds for all; absent profiles and levels of sub-layers are those of the layer
+    // above, predicted scaling matrices those of their references, and absent VUI elements,
+    // with a VUI or without one, have the values of clause E.3.1.
+    //
+    // The SPS is one of the base layer. One whose first 3-bit field is 7, which announces the
+    // syntax of clause F.7.3.2.2, is refused.
+    //
+    // False, with `valid` false: the VPS is not in the store, or not valid;
+    // sps_max_sub_layers_minus1 is 7, sps_seq_parameter_set_id above 15,
+    // log2_max_pic_order_cnt_lsb_minus4 above 12, num_short_term_ref_pic_sets above 64 or
+    // num_long_term_ref_pics_sps above 32; one of the structures in the SPS cannot be read; there
+    // is no memory; or the trailing bits are malformed.
+    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                                 h2645_common_base_store<h265_nal_vps>& vps_store);
 };
 
 }  // namespace kovran

@@ -29,6 +29,12 @@ struct h265_nal_sub_layer_hrd_parameters {
     [[nodiscard]] KOVRAN_API bool parse(unsigned int subLayerId, unsigned int cpb_count,
                                         const h265_hrd_parameters& hrd,
                                         h2645_common_bitreader& reader);
+
+    // The same by the standard's own rules, in a record that starts afresh: at most 32 CPB
+    // specifications.
+    [[nodiscard]] KOVRAN_API bool parse_standard(unsigned int subLayerId, unsigned int cpb_count,
+                                                 const h265_hrd_parameters& hrd,
+                                                 h2645_common_bitreader& reader);
 };
 
 }  // namespace kovran

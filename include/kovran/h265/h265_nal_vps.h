@@ -58,6 +58,16 @@ struct h265_nal_vps {
     // is above 127, vps_num_hrd_parameters above 128, an HRD structure cannot be read, or there is
     // no memory. What was read before stays.
     [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader);
+
+    // The same by the standard's own rules, in a record that starts afresh. cprms_present_flag[0]
+    // is true; an HRD structure without common information has that of the structure before it;
+    // ordering information that only the highest sub-layer has in the stream holds for all; absent
+    // profiles and levels of sub-layers are those of the layer above.
+    //
+    // False, with `valid` false: vps_max_sub_layers_minus1 is 7, vps_num_layer_sets_minus1 above
+    // 1023, vps_num_hrd_parameters above 1024; one of the structures in the VPS cannot be read;
+    // there is no memory; or the trailing bits are malformed.
+    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader);
 };
 
 }  // namespace kovran

@@ -26,6 +26,13 @@ struct h265_ref_pic_lists_modification {
     // more than 1,048,576 entries, before anything is allocated.
     [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
                                         const h265_slice_segment_header& header);
+
+    // The same by the standard's own rules, in a record that starts afresh: entries have
+    // Ceil(Log2(NumPicTotalCurr)) bits. False, with `valid` false and nothing read, also when
+    // either list of `header` has more than 16 entries. Throws std::bad_alloc when there is no
+    // memory.
+    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                                 const h265_slice_segment_header& header);
 };
 
 }  // namespace kovran

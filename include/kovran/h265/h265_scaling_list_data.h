@@ -26,6 +26,12 @@ struct h265_scaling_list_data {
     // Reads one structure. What it does not visit keeps what it held.
     // False when there is no memory; `valid` is then false.
     [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader);
+
+    // The same by the standard's own rules, in a record that starts afresh: a predicted matrix, and
+    // its DC coefficient, are those of its reference or of the default lists, tables 7-5 and 7-6.
+    // False, with `valid` false: scaling_list_pred_matrix_id_delta names no matrix before it, or
+    // there is no memory.
+    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader);
 };
 
 }  // namespace kovran

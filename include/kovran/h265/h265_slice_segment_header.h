@@ -86,6 +86,26 @@ struct h265_slice_segment_header {
                                         h2645_common_base_store<h265_nal_vps>& vps_store,
                                         h265_nal_unit_type nal_unit_type);
 
+    // The same by the standard's own rules, in a record that starts afresh; the parameter sets must
+    // have been read this way too. The NAL unit is one of the base layer. Indices have
+    // Ceil(Log2(n)) bits; slice_temporal_mvp_enabled_flag is read whenever the SPS enables it,
+    // unless the picture is IDR; an SPS without long-term candidates still allows long-term
+    // pictures. A long-term entry that names a candidate has its poc_lsb_lt and
+    // used_by_curr_pic_lt_flag, and NumPicTotalCurr is that of equation 7-55.
+    //
+    // In a dependent slice segment what is not read is as in a fresh record: the values are those
+    // of the independent slice segment before it, which the host has.
+    //
+    // False, with `valid` false: as above, except for the last reason; or the PPS identifier is
+    // above 63, slice_type above 2, short_term_ref_pic_set_idx or lt_idx_sps beyond what the SPS
+    // has, num_long_term_sps above what it has, or there are more than 16 long-term pictures or
+    // reference indices in a list. Throws std::bad_alloc when there is no memory.
+    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                                 h2645_common_base_store<h265_nal_pps>& pps_store,
+                                                 h2645_common_base_store<h265_nal_sps>& sps_store,
+                                                 h2645_common_base_store<h265_nal_vps>& vps_store,
+                                                 h265_nal_unit_type nal_unit_type);
+
     // "B", "P" or "I" by slice_type, "?" for any other value; never null.
     [[nodiscard]] KOVRAN_API const char* slice_type_to_str() const;
 };

@@ -46,6 +46,18 @@ struct h265_st_ref_pic_set {
     [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_nal_sps& sps,
                                         unsigned int idx,
                                         const std::vector<h265_st_ref_pic_set>& sets);
+
+    // The same by the standard's own rules, in a record that starts afresh. A predicted set ends
+    // with its pictures, equations 7-61 and 7-62: num_negative_pics, num_positive_pics,
+    // NumDeltaPocs and the four arrays are as if it had been coded outright. The sets that it is
+    // predicted from must have been read this way too.
+    //
+    // False, with `valid` false: the reference is outside `sets`, or its arrays do not fit its
+    // counts; this set or the reference has more than 16 pictures, or a predicted picture is 2^15
+    // or more away; or there is no memory.
+    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                                 const h265_nal_sps& sps, unsigned int idx,
+                                                 const std::vector<h265_st_ref_pic_set>& sets);
 };
 
 }  // namespace kovran

@@ -67,6 +67,13 @@ struct h265_vui_parameters {
     // parameters cannot be read; `valid` is then false, and what was read before stays.
     [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_nal_sps& sps);
 
+    // The same by the standard's own rules, in a record that starts afresh: absent elements have
+    // the values of clause E.3.1 (video_format 5, colour descriptions 2,
+    // motion_vectors_over_pic_boundaries_flag true, max_bytes_per_pic_denom 2,
+    // max_bits_per_min_cu_denom 1, log2_max_mv_length_horizontal and _vertical 15), and
+    // extended_sar_flag tells of this VUI only.
+    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_nal_sps& sps);
+
     // h265_video_format_to_str of video_format.
     [[nodiscard]] KOVRAN_API const char* video_format_to_str() const;
 };
