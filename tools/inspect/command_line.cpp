@@ -31,6 +31,19 @@ void add_format(CLI::App& verb, const std::string& option, h2645_common_nalfmt& 
         ->check(CLI::IsMember(format_names()).description(""));
 }
 
+void add_rules(CLI::App& verb, rule_set& rules) {
+    verb.add_option_function<std::string>(
+            "--rules",
+            [&rules](const std::string& name) {
+                rules = name == name_of(rule_set::own) ? rule_set::own : rule_set::standard;
+            },
+            "Read by the standard's rules or by the library's own, standard or own; default "
+            "standard")
+        ->type_name("RULES")
+        ->check(
+            CLI::IsMember({name_of(rule_set::standard), name_of(rule_set::own)}).description(""));
+}
+
 using type_set = std::bitset<type_count>;
 
 void select_types(type_set& types, const std::vector<std::string>& names) {
@@ -98,6 +111,7 @@ CLI::App& add_nals(CLI::App& program, nals_options& options) {
 
 CLI::App& add_syntax(CLI::App& verb, syntax_options& options) {
     add_stream(verb, options.file, options.format);
+    add_rules(verb, options.rules);
     add_selection(verb, options.types, options.limit);
     verb.add_option_function<std::string>(
             "--nal",
@@ -128,6 +142,15 @@ CLI::App& add_trace(CLI::App& program, syntax_options& options) {
 
 CLI::App& add_info(CLI::App& program, info_options& options) {
     CLI::App& verb = *program.add_subcommand("info", "Show what a stream is, on one screen");
+    add_stream(verb, options.file, options.format);
+    add_rules(verb, options.rules);
+    return verb;
+}
+
+CLI::App& add_differences(CLI::App& program, differences_options& options) {
+    CLI::App& verb = *program.add_subcommand(
+        "differences",
+        "Show which NAL units the library's own rules read otherwise than the standard's");
     add_stream(verb, options.file, options.format);
     return verb;
 }
@@ -160,10 +183,12 @@ command parse_command_line(int argc, const char* const* argv) {
     syntax_options dump;
     syntax_options trace;
     copy_options copy;
+    differences_options differences;
     const CLI::App& info_verb = add_info(program, info);
     const CLI::App& nals_verb = add_nals(program, nals);
     const CLI::App& dump_verb = add_dump(program, dump);
     const CLI::App& trace_verb = add_trace(program, trace);
+    const CLI::App& differences_verb = add_differences(program, differences);
     const CLI::App& copy_verb = add_copy(program, copy);
     try {
         program.parse(argc, argv);
@@ -185,6 +210,9 @@ command parse_command_line(int argc, const char* const* argv) {
     }
     if (trace_verb.parsed()) {
         return trace;
+    }
+    if (differences_verb.parsed()) {
+        return differences;
     }
     if (copy_verb.parsed()) {
         return copy;

@@ -2,6 +2,7 @@
 #define KOVRAN_TOOLS_INSPECT_COMMAND_LINE_H
 
 #include "copy.h"
+#include "show_differences.h"
 #include "show_info.h"
 #include "show_nals.h"
 #include "show_syntax.h"
@@ -16,8 +17,8 @@ struct text_to_show {
     std::string text;
 };
 
-using command =
-    std::variant<text_to_show, nals_options, copy_options, syntax_options, info_options>;
+using command = std::variant<text_to_show, nals_options, copy_options, syntax_options, info_options,
+                             differences_options>;
 
 // Wrong arguments are a failure.
 [[nodiscard]] command parse_command_line(int argc, const char* const* argv);

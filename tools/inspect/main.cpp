@@ -5,6 +5,7 @@
 #include "exit_status.h"
 #include "message.h"
 #include "output.h"
+#include "show_differences.h"
 #include "show_info.h"
 #include "show_nals.h"
 #include "show_syntax.h"
@@ -28,6 +29,9 @@ struct runner {
     exit_status operator()(const copy_options& options) const { return copy(options); }
     exit_status operator()(const syntax_options& options) const { return show_syntax(options); }
     exit_status operator()(const info_options& options) const { return show_info(options); }
+    exit_status operator()(const differences_options& options) const {
+        return show_differences(options);
+    }
 };
 
 exit_status run(int argc, const char* const* argv) noexcept {

@@ -1,11 +1,12 @@
 #include "show_info.h"
 
 #include "input.h"
+#include "nal_walk.h"
 #include "output.h"
 #include "progress.h"
 #include "report.h"
 #include "stream_summary.h"
-#include "stream_walk.h"
+#include "unit_reader.h"
 
 #include <memory>
 
@@ -13,16 +14,17 @@ namespace kovran::inspect {
 
 exit_status show_info(const info_options& options) {
     const std::unique_ptr<input> stream = open_input(options.file);
-    stream_walk walk(*stream, options.format);
+    const std::unique_ptr<nal_walk> units = walk_nal_units(*stream, options.format);
+    unit_reader reader(options.rules);
     output lines(file_descriptor::standard_output());
     progress shown(*stream);
     report faults(stream->file().name(), lines, shown);
 
-    stream_summary summary;
+    stream_summary summary(options.rules);
     nal_unit unit;
-    while (walk.next(unit)) {
-        walk.read(unit, summary);
-        summary.add(unit, walk.record());
+    while (units->next(unit)) {
+        reader.read(unit, summary);
+        summary.add(unit, reader.record());
         faults.tell_faults(unit);
         shown.show(unit.offset);
     }

@@ -4,6 +4,7 @@
 #include <kovran/h2645_common/h2645_common_nalfmt.h>
 
 #include "exit_status.h"
+#include "rule_set.h"
 
 #include <string>
 
@@ -12,6 +13,7 @@ namespace kovran::inspect {
 struct info_options {
     std::string file;
     h2645_common_nalfmt format = nalfmt_annex_b;
+    rule_set rules = rule_set::standard;
 };
 
 // One screen about a whole stream on standard output.

@@ -1,13 +1,14 @@
 #include "show_syntax.h"
 
 #include "input.h"
+#include "nal_walk.h"
 #include "output.h"
 #include "progress.h"
 #include "report.h"
-#include "stream_walk.h"
 #include "syntax_json.h"
 #include "syntax_tree.h"
 #include "trace_lines.h"
+#include "unit_reader.h"
 
 #include <memory>
 
@@ -33,9 +34,10 @@ std::string heading(const nal_unit& unit) {
                        unit.header.nuh_temporal_id_plus1 - 1);
 }
 
-std::string as_json(const nal_unit& unit, const nlohmann::ordered_json& syntax) {
+std::string as_json(const nal_unit& unit, rule_set rules, const nlohmann::ordered_json& syntax) {
     nlohmann::ordered_json line;
     line["schema"] = "kovran-dump-1";
+    line["rules"] = name_of(rules);
     line["index"] = unit.index;
     line["offset"] = unit.offset;
     line["size"] = unit.size;
@@ -50,23 +52,23 @@ std::string as_json(const nal_unit& unit, const nlohmann::ordered_json& syntax) 
     return line.dump() + '\n';
 }
 
-std::string shown(stream_walk& walk, nal_unit& unit, syntax_style style) {
+std::string shown(unit_reader& reader, nal_unit& unit, syntax_style style) {
     switch (style) {
         case syntax_style::tree: {
             syntax_tree tree;
-            walk.read(unit, tree);
+            reader.read(unit, tree);
             return heading(unit) + tree.text() + '\n';
         }
         case syntax_style::json: {
             syntax_json json;
-            walk.read(unit, json);
-            return as_json(unit, json.root());
+            reader.read(unit, json);
+            return as_json(unit, reader.rules(), json.root());
         }
         case syntax_style::trace:
             break;
     }
-    trace_lines trace(walk.payload());
-    walk.read(unit, trace);
+    trace_lines trace(reader.payload());
+    reader.read(unit, trace);
     return heading(unit) + trace.text();
 }
 
@@ -74,23 +76,27 @@ std::string shown(stream_walk& walk, nal_unit& unit, syntax_style style) {
 
 exit_status show_syntax(const syntax_options& options) {
     const std::unique_ptr<input> stream = open_input(options.file);
-    stream_walk walk(*stream, options.format);
+    const std::unique_ptr<nal_walk> units = walk_nal_units(*stream, options.format);
+    unit_reader reader(options.rules);
     output lines(file_descriptor::standard_output());
     progress shown_progress(*stream);
     report faults(stream->file().name(), lines, shown_progress);
 
+    if (options.style != syntax_style::json) {
+        lines.write(fmt::format("rules: {}\n", name_of(options.rules)));
+    }
     nal_unit unit;
     std::uint64_t count = 0;
-    while (count < options.limit && walk.next(unit)) {
+    while (count < options.limit && units->next(unit)) {
         const bool selected = unit.readable && options.types.test(unit.header.nal_unit_type) &&
                               options.nal.value_or(unit.index) == unit.index;
         if (selected) {
             shown_progress.clear();
-            lines.write(shown(walk, unit, options.style));
+            lines.write(shown(reader, unit, options.style));
             ++count;
         } else {
             no_output nothing;
-            walk.read(unit, nothing);
+            reader.read(unit, nothing);
         }
         faults.tell_faults(unit);
         shown_progress.show(unit.offset);

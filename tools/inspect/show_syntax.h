@@ -4,6 +4,7 @@
 #include <kovran/h2645_common/h2645_common_nalfmt.h>
 
 #include "exit_status.h"
+#include "rule_set.h"
 #include "type_name.h"
 
 #include <bitset>
@@ -19,6 +20,7 @@ enum class syntax_style { tree, json, trace };
 struct syntax_options {
     std::string file;
     h2645_common_nalfmt format = nalfmt_annex_b;
+    rule_set rules = rule_set::standard;
     std::optional<std::uint64_t> nal;  // only the unit with this index
     std::bitset<type_count> types = ~std::bitset<type_count>{};
     std::uint64_t limit = std::numeric_limits<std::uint64_t>::max();  // units shown

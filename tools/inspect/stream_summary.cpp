@@ -191,6 +191,7 @@ std::string stream_summary::text() const {
     }
     line(text, "IRAP", iraps);
     line(text, "SEI", counts(messages_));
+    line(text, "rules", name_of(rules_));
     line(text, "faults", faults_ == 0 ? "none" : fmt::format("{}", faults_));
     return text;
 }

@@ -6,8 +6,8 @@
 #include <kovran/h265/h265_slice_segment_header.h>
 
 #include "nal_unit.h"
-#include "stream_walk.h"
 #include "type_name.h"
+#include "unit_reader.h"
 
 #include <array>
 #include <cstdint>
@@ -20,7 +20,9 @@ namespace kovran::inspect {
 // What is told of a whole stream, gathered unit by unit.
 class stream_summary : public stream_sink {
 public:
-    // To be called for each unit after the walk has read it with this object as its sink.
+    explicit stream_summary(rule_set rules) : rules_(rules) {}
+
+    // To be called for each unit after it was read with this object as the sink.
     void add(const nal_unit& unit, const unit_record& record);
 
     // One screen of it.
@@ -36,6 +38,7 @@ public:
 private:
     void add_slice(const nal_unit& unit, const h265_slice_segment_header& slice);
 
+    rule_set rules_;
     std::array<std::uint64_t, type_count> units_{};
     std::uint64_t faults_ = 0;
     std::uint64_t higher_layer_units_ = 0;

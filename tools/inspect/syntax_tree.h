@@ -1,7 +1,7 @@
 #ifndef KOVRAN_TOOLS_INSPECT_SYNTAX_TREE_H
 #define KOVRAN_TOOLS_INSPECT_SYNTAX_TREE_H
 
-#include "stream_walk.h"
+#include "unit_reader.h"
 
 #include <cstddef>
 #include <string>

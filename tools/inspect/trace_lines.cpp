@@ -16,20 +16,18 @@ constexpr const char* line = "{:>12}  {:>8}  {:>5}  {:<58}  {:<6}  {}\n";
 }  // namespace
 
 void trace_lines::begin_structure(const indexed_name& name) {
-    path_lengths_.push_back(path_.size());
-    path_ += to_string(name) + '.';
+    path_.open(name);
 }
 
 void trace_lines::end_structure() {
-    path_.resize(path_lengths_.back());
-    path_lengths_.pop_back();
+    path_.close();
 }
 
 void trace_lines::read(const traced_element& read_element) {
     const std::string value =
         is_extension_data(read_element) ? "not read" : fmt::format("{}", read_element.value);
     fmt::format_to(std::back_inserter(text_), line, place(read_element.bit), read_element.bit,
-                   read_element.width, path_ + to_string(read_element.name),
+                   read_element.width, path_.to(to_string(read_element.name)),
                    read_element.descriptor, value);
 }
 
@@ -40,7 +38,7 @@ void trace_lines::begin_message(const h265_nal_sei_reader& message) {
 void trace_lines::opaque_payload(const h265_nal_sei_reader& message) {
     const auto bit = static_cast<std::size_t>(8 * (message.payload_begin - payload_.begin()));
     fmt::format_to(std::back_inserter(text_), line, place(bit), bit,
-                   8 * (message.payload_end - message.payload_begin), path_ + "payload", "bytes",
+                   8 * (message.payload_end - message.payload_begin), path_.to("payload"), "bytes",
                    hexadecimal(message.payload_begin, message.payload_end));
 }
 

@@ -1,11 +1,11 @@
 #ifndef KOVRAN_TOOLS_INSPECT_TRACE_LINES_H
 #define KOVRAN_TOOLS_INSPECT_TRACE_LINES_H
 
+#include "element_path.h"
 #include "rbsp.h"
-#include "stream_walk.h"
+#include "unit_reader.h"
 
 #include <string>
-#include <vector>
 
 namespace kovran::inspect {
 
@@ -30,8 +30,7 @@ private:
 
     rbsp& payload_;
     std::string text_;
-    std::vector<std::size_t> path_lengths_;
-    std::string path_;  // ends in a dot unless empty
+    element_path path_;
 };
 
 }  // namespace kovran::inspect

@@ -1,4 +1,4 @@
-#include "stream_walk.h"
+#include "unit_reader.h"
 
 #include "h265/h265_nal_aud.syntax.h"
 #include "h265/h265_nal_pps.syntax.h"
@@ -10,6 +10,7 @@
 #include "h265/h265_slice_segment_header.syntax.h"
 #include "h265/reading_rules.h"
 
+#include "compared_rules.h"
 #include "sei_name.h"
 #include "tracing.h"
 #include "type_name.h"
@@ -21,8 +22,6 @@
 
 namespace kovran::inspect {
 namespace {
-
-using tracing_walk = tracing<own_rules>;
 
 // Clauses 7.4.3.2.1 and 7.4.3.3.1. They also bound what the stores can grow to.
 constexpr unsigned int highest_sps_id = 15;
@@ -54,39 +53,47 @@ bool lacks(const h2645_common_base_store<Record>& store, unsigned int id) {
 
 }  // namespace
 
-stream_walk::stream_walk(input& stream, h2645_common_nalfmt format)
-    : units_(walk_nal_units(stream, format)) {}
-
-bool stream_walk::next(nal_unit& unit) {
+void unit_reader::read(nal_unit& unit, stream_sink& sink) {
     record_ = {};
-    return units_->next(unit);
-}
-
-void stream_walk::read(nal_unit& unit, stream_sink& sink) {
     if (!unit.readable || unit.header.nuh_layer_id != 0) {
         return;
     }
     rbsp_.decode(unit);
+    switch (rules_) {
+        case rule_set::standard:
+            read_by<standard_rules>(unit, sink);
+            break;
+        case rule_set::own:
+            read_by<own_rules>(unit, sink);
+            break;
+        case rule_set::compared:
+            read_by<compared_rules>(unit, sink);
+            break;
+    }
+}
+
+template <class Rules>
+void unit_reader::read_by(nal_unit& unit, stream_sink& sink) {
     switch (unit.header.nal_unit_type) {
         case VPS_NUT:
-            read_vps(unit, sink);
+            read_vps<Rules>(unit, sink);
             break;
         case SPS_NUT:
-            read_sps(unit, sink);
+            read_sps<Rules>(unit, sink);
             break;
         case PPS_NUT:
-            read_pps(unit, sink);
+            read_pps<Rules>(unit, sink);
             break;
         case AUD_NUT:
-            read_aud(unit, sink);
+            read_aud<Rules>(unit, sink);
             break;
         case PREFIX_SEI_NUT:
         case SUFFIX_SEI_NUT:
-            read_sei(unit, sink);
+            read_sei<Rules>(unit, sink);
             break;
         default:
             if (is_slice(unit.header.nal_unit_type)) {
-                read_slice(unit, sink);
+                read_slice<Rules>(unit, sink);
             }
             break;
     }
@@ -95,11 +102,11 @@ void stream_walk::read(nal_unit& unit, stream_sink& sink) {
 // Each record is parsed afresh and goes into its store only when all of it could be read: a broken
 // repetition of a parameter set leaves the good one in force.
 
-void stream_walk::read_vps(nal_unit& unit, stream_sink& sink) {
+template <class Rules>
+void unit_reader::read_vps(nal_unit& unit, stream_sink& sink) {
     auto& vps = record_.emplace<h265_nal_vps>();
-    vps.cprms_present_flag.assign(1, true);  // as the standard infers for the first HRD structure
     h2645_common_bitreader reader = rbsp_.reader();
-    tracing_walk walk(reader, sink);
+    tracing<Rules> walk(reader, sink);
     if (video_parameter_set_rbsp(walk, vps)) {
         vps_store_[vps.vps_video_parameter_set_id] = vps;
     } else {
@@ -107,12 +114,13 @@ void stream_walk::read_vps(nal_unit& unit, stream_sink& sink) {
     }
 }
 
-void stream_walk::read_sps(nal_unit& unit, stream_sink& sink) {
+template <class Rules>
+void unit_reader::read_sps(nal_unit& unit, stream_sink& sink) {
     auto& sps = record_.emplace<h265_nal_sps>();
     h2645_common_bitreader reader = rbsp_.reader();
-    tracing_walk walk(reader, sink);
+    tracing<Rules> walk(reader, sink);
     const bool read = seq_parameter_set_rbsp(walk, sps, vps_store_);
-    if (read && sps.sps_seq_parameter_set_id > highest_sps_id) {
+    if (sps.sps_seq_parameter_set_id > highest_sps_id) {
         unit.faults.push_back(fmt::format("SPS {} has an identifier above {}",
                                           sps.sps_seq_parameter_set_id, highest_sps_id));
     } else if (read) {
@@ -128,12 +136,13 @@ void stream_walk::read_sps(nal_unit& unit, stream_sink& sink) {
     }
 }
 
-void stream_walk::read_pps(nal_unit& unit, stream_sink& sink) {
+template <class Rules>
+void unit_reader::read_pps(nal_unit& unit, stream_sink& sink) {
     auto& pps = record_.emplace<h265_nal_pps>();
     h2645_common_bitreader reader = rbsp_.reader();
-    tracing_walk walk(reader, sink);
+    tracing<Rules> walk(reader, sink);
     const bool read = pic_parameter_set_rbsp(walk, pps, sps_store_);
-    if (read && pps.pps_pic_parameter_set_id > highest_pps_id) {
+    if (pps.pps_pic_parameter_set_id > highest_pps_id) {
         unit.faults.push_back(fmt::format("PPS {} has an identifier above {}",
                                           pps.pps_pic_parameter_set_id, highest_pps_id));
     } else if (read) {
@@ -146,20 +155,22 @@ void stream_walk::read_pps(nal_unit& unit, stream_sink& sink) {
     }
 }
 
-void stream_walk::read_aud(nal_unit& unit, stream_sink& sink) {
+template <class Rules>
+void unit_reader::read_aud(nal_unit& unit, stream_sink& sink) {
     auto& aud = record_.emplace<h265_nal_aud>();
     h2645_common_bitreader reader = rbsp_.reader();
-    tracing_walk walk(reader, sink);
+    tracing<Rules> walk(reader, sink);
     aud.valid = access_unit_delimiter_rbsp(walk, aud);
     if (!aud.valid) {
         unit.faults.emplace_back("the access unit delimiter cannot be read");
     }
 }
 
-void stream_walk::read_slice(nal_unit& unit, stream_sink& sink) {
+template <class Rules>
+void unit_reader::read_slice(nal_unit& unit, stream_sink& sink) {
     auto& slice = record_.emplace<h265_slice_segment_header>();
     h2645_common_bitreader reader = rbsp_.reader();
-    tracing_walk walk(reader, sink);
+    tracing<Rules> walk(reader, sink);
     bool read = false;
     try {
         read = slice_segment_header(walk, slice, pps_store_, sps_store_, vps_store_,
@@ -179,12 +190,13 @@ void stream_walk::read_slice(nal_unit& unit, stream_sink& sink) {
     }
 }
 
-void stream_walk::read_sei(nal_unit& unit, stream_sink& sink) {
+template <class Rules>
+void unit_reader::read_sei(nal_unit& unit, stream_sink& sink) {
     rbsp_.strip_trailing_zero_bytes();
     h265_nal_sei_reader messages(rbsp_.begin(), rbsp_.end(), unit.header.nal_unit_type);
     while (messages.next_message()) {
         sink.begin_message(messages);
-        read_message(unit, messages, sink);
+        read_message<Rules>(unit, messages, sink);
         sink.end_message();
     }
     constexpr unsigned int cut_off = 0xFFFFFFFF;
@@ -195,12 +207,13 @@ void stream_walk::read_sei(nal_unit& unit, stream_sink& sink) {
     }
     h2645_common_bitreader reader = rbsp_.reader();
     reader.skip(bits_before(rbsp_.begin(), messages.payload_end));
-    if (!tracing_walk(reader, sink).rbsp_trailing_bits()) {
+    if (!tracing<Rules>(reader, sink).rbsp_trailing_bits()) {
         unit.faults.emplace_back("the SEI messages do not end in trailing bits");
     }
 }
 
-void stream_walk::read_message(nal_unit& unit, const h265_nal_sei_reader& message,
+template <class Rules>
+void unit_reader::read_message(nal_unit& unit, const h265_nal_sei_reader& message,
                                stream_sink& sink) {
     h2645_common_bitreader reader(rbsp_.begin(), message.payload_begin);
     reader.skip(bits_before(rbsp_.begin(), message.message_begin));
@@ -213,15 +226,16 @@ void stream_walk::read_message(nal_unit& unit, const h265_nal_sei_reader& messag
             fmt::format("SEI message {} is cut off: {} bytes, of which {} are there", name,
                         message.payload_size, message.payload_end - message.payload_begin));
     }
-    if (!read_payload(message, sink)) {
+    if (!read_payload<Rules>(message, sink)) {
         unit.faults.push_back(fmt::format("SEI message {} cannot be read", name));
     }
 }
 
-bool stream_walk::read_payload(const h265_nal_sei_reader& message, stream_sink& sink) {
+template <class Rules>
+bool unit_reader::read_payload(const h265_nal_sei_reader& message, stream_sink& sink) {
     h2645_common_bitreader reader(rbsp_.begin(), message.payload_end);
     reader.skip(bits_before(rbsp_.begin(), message.payload_begin));
-    tracing_walk walk(reader, sink);
+    tracing<Rules> walk(reader, sink);
     const bool prefix = message.nal_unit_type == PREFIX_SEI_NUT;
     if (prefix && message.payload_type == h265_nal_sei_payload_type_prefix_buffering_period) {
         h265_nal_sei_buffering_period period;

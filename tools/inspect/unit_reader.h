@@ -1,8 +1,7 @@
-#ifndef KOVRAN_TOOLS_INSPECT_STREAM_WALK_H
-#define KOVRAN_TOOLS_INSPECT_STREAM_WALK_H
+#ifndef KOVRAN_TOOLS_INSPECT_UNIT_READER_H
+#define KOVRAN_TOOLS_INSPECT_UNIT_READER_H
 
 #include <kovran/h2645_common/h2645_common_base_store.h>
-#include <kovran/h2645_common/h2645_common_nalfmt.h>
 #include <kovran/h265/h265_nal_aud.h>
 #include <kovran/h265/h265_nal_pps.h>
 #include <kovran/h265/h265_nal_sei_active_parameter_sets.h>
@@ -13,14 +12,11 @@
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_slice_segment_header.h>
 
-#include "input.h"
 #include "nal_unit.h"
-#include "nal_walk.h"
 #include "rbsp.h"
+#include "rule_set.h"
 #include "trace_sink.h"
 
-#include <memory>
-#include <string>
 #include <variant>
 
 namespace kovran::inspect {
@@ -39,34 +35,45 @@ public:
 using unit_record = std::variant<std::monostate, h265_nal_vps, h265_nal_sps, h265_nal_pps,
                                  h265_nal_aud, h265_slice_segment_header>;
 
-// Walks a stream from its bytes to its records, as a host of the library does: it owns the stores,
-// takes a record into its store when it could be read, and activates the SPS that a slice names.
-// Prints nothing.
-class stream_walk {
+// Reads the units of a stream, one after the other, as a host of the library does: it owns the
+// stores, takes a record into its store when it could be read, and activates the SPS that a slice
+// names. Prints nothing.
+class unit_reader {
 public:
-    // `stream` must outlive the walk.
-    stream_walk(input& stream, h2645_common_nalfmt format);
+    explicit unit_reader(rule_set rules) : rules_(rules) {}
 
-    // The next unit, as nal_walk has it.
-    [[nodiscard]] bool next(nal_unit& unit);
-
-    // Reads the unit that next() gave, tells `sink` about it, and adds what is wrong to its faults.
+    // Tells `sink` about the unit, and adds what is wrong to its faults. A unit of a layer above
+    // the base layer is passed over.
     void read(nal_unit& unit, stream_sink& sink);
 
+    // Of the latest unit.
     [[nodiscard]] const unit_record& record() const { return record_; }
     [[nodiscard]] rbsp& payload() { return rbsp_; }
 
+    [[nodiscard]] rule_set rules() const { return rules_; }
+    [[nodiscard]] unsigned int active_sps_id() const { return sps_store_.active_id; }
+
 private:
+    template <class Rules>
+    void read_by(nal_unit& unit, stream_sink& sink);
+    template <class Rules>
     void read_vps(nal_unit& unit, stream_sink& sink);
+    template <class Rules>
     void read_sps(nal_unit& unit, stream_sink& sink);
+    template <class Rules>
     void read_pps(nal_unit& unit, stream_sink& sink);
+    template <class Rules>
     void read_aud(nal_unit& unit, stream_sink& sink);
+    template <class Rules>
     void read_slice(nal_unit& unit, stream_sink& sink);
+    template <class Rules>
     void read_sei(nal_unit& unit, stream_sink& sink);
+    template <class Rules>
     void read_message(nal_unit& unit, const h265_nal_sei_reader& message, stream_sink& sink);
+    template <class Rules>
     [[nodiscard]] bool read_payload(const h265_nal_sei_reader& message, stream_sink& sink);
 
-    std::unique_ptr<nal_walk> units_;
+    rule_set rules_;
     rbsp rbsp_;
     unit_record record_;
     h2645_common_base_store<h265_nal_vps> vps_store_;
@@ -76,4 +83,4 @@ private:
 
 }  // namespace kovran::inspect
 
-#endif  // KOVRAN_TOOLS_INSPECT_STREAM_WALK_H
+#endif  // KOVRAN_TOOLS_INSPECT_UNIT_READER_H
