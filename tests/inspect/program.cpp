@@ -124,6 +124,11 @@ program& program::output_to(const std::string& path) {
     return *this;
 }
 
+program& program::output_into_closed_pipe() {
+    output_into_closed_pipe_ = true;
+    return *this;
+}
+
 program& program::environment(std::string variable) {
     environment_.push_back(std::move(variable));
     return *this;
@@ -164,10 +169,8 @@ outcome program::run() const {
         const std::string path = input_path_.empty() ? "/dev/null" : input_path_;
         in = checked(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     }
-    const int out_end = output_path_.empty()
-                            ? ::dup(out.writing_end())
-                            : ::open(output_path_.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0666);
-    checked(::fcntl(checked(out_end), F_SETFD, FD_CLOEXEC));
+    const int out_end = checked(open_output(out.writing_end()));
+    checked(::fcntl(out_end, F_SETFD, FD_CLOEXEC));
 
     const pid_t child = checked(::fork());
     if (child == 0) {
@@ -193,6 +196,17 @@ outcome program::run() const {
     result.err = err.text();
     result.peak_memory = static_cast<std::size_t>(usage.ru_maxrss) * 1024;
     return result;
+}
+
+int program::open_output(int captured) const {
+    if (output_into_closed_pipe_) {
+        std::array<int, 2> ends{-1, -1};
+        checked(::pipe(ends.data()));
+        ::close(ends[0]);
+        return ends[1];
+    }
+    return output_path_.empty() ? ::dup(captured)
+                                : ::open(output_path_.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0666);
 }
 
 void program::become_program(int in, int out, int err) const {

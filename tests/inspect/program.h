@@ -29,6 +29,8 @@ public:
     program& input(std::function<bool(std::string& piece)> next_piece);
     program& input_from(const std::string& path);
     program& output_to(const std::string& path);
+    // Which nobody reads any more.
+    program& output_into_closed_pipe();
     program& environment(std::string variable);
     program& address_space(std::size_t bytes);
     program& output_on_terminal();
@@ -38,6 +40,7 @@ public:
     [[nodiscard]] outcome run() const;
 
 private:
+    [[nodiscard]] int open_output(int captured) const;
     [[noreturn]] void become_program(int in, int out, int err) const;
 
     std::vector<std::string> arguments_;
@@ -46,6 +49,7 @@ private:
     std::string input_path_;
     std::string output_path_;
     std::size_t address_space_ = 0;
+    bool output_into_closed_pipe_ = false;
     bool output_on_terminal_ = false;
     bool errors_on_terminal_ = false;
     int closed_ = -1;

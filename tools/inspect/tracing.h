@@ -16,12 +16,16 @@
 
 namespace kovran::inspect {
 
-// The walker that fills a record as parse() does and tells a sink of every element on the way.
+// The walker that fills a record as parse() does and tells a sink of every element on the way. Past
+// the end of the data the bits are 0 for as long as a record asks for them, which can be millions
+// of elements after a dozen bytes; the sink hears only of those that begin in the data.
 template <class Rules>
 class tracing : public reading<Rules> {
 public:
     tracing(h2645_common_bitreader& source, trace_sink& sink)
-        : reading<Rules>(source), sink_(sink) {}
+        : reading<Rules>(source),
+          sink_(sink),
+          bits_of_data_(8 * static_cast<std::size_t>(source.end - source.start)) {}
 
     template <class Field>
     void u(unsigned char width, element<Field> target) {
@@ -105,6 +109,9 @@ private:
 
     template <class Field>
     void tell(const element<Field>& target, const char* descriptor, std::size_t bit) {
+        if (bit >= bits_of_data_) {
+            return;
+        }
         indexed_name name = {prefix_ + target.name, indices_};
         const std::vector<std::size_t> own = indices_of(target);
         name.indices.insert(name.indices.end(), own.begin(), own.end());
@@ -118,15 +125,22 @@ private:
         for (unsigned int i = 0; i < width; ++i) {
             value = value << 1 | this->reader.get_wide(1);
         }
+        if (bit >= bits_of_data_) {
+            return;
+        }
         sink_.read({std::move(name), "u(n)", bit, width, value});
     }
 
     void trailing_bit(const char* name, h2645_common_bitreader& bits) {
         const std::size_t bit = bits.bit_position();
-        sink_.read({{name, {}}, "f(1)", bit, 1, bits.get<unsigned int>(1)});
+        const unsigned int value = bits.get<unsigned int>(1);
+        if (bit < bits_of_data_) {
+            sink_.read({{name, {}}, "f(1)", bit, 1, value});
+        }
     }
 
     trace_sink& sink_;
+    std::size_t bits_of_data_;
 
     // Of the layer of profile_tier_level() that is being walked.
     std::string prefix_;
