@@ -76,25 +76,26 @@ TEST(H265Nal, AcceptsATemporalIdPlus1OfZero) {
     EXPECT_TRUE(decoded(0b0'000001'000000'000).valid);
 }
 
-TEST(H265Nal, EncodesEveryHeaderAsItWasDecoded) {
+TEST(H265Nal, TakesEveryHeaderApartAndPutsItTogetherAgain) {
     for (unsigned int header = 0; header <= 0x7FFF; ++header) {
         const h265_nal nal = decoded(static_cast<unsigned short>(header));
         ASSERT_TRUE(nal.valid) << header;
+        ASSERT_EQ(nal.nal_unit_type, unit_type(header / 512)) << header;
+        ASSERT_EQ(nal.nuh_layer_id, header % 512 / 8) << header;
+        ASSERT_EQ(nal.nuh_temporal_id_plus1, header % 8) << header;
         ASSERT_EQ(nal.encode_header(), header);
     }
 }
 
-TEST(H265Nal, RejectsASetForbiddenBitAndKeepsTheOtherFields) {
-    for (const unsigned short header :
-         {static_cast<unsigned short>(0x8000), static_cast<unsigned short>(0xC001),
-          static_cast<unsigned short>(0xFFFF)}) {
+TEST(H265Nal, RejectsEveryHeaderWithASetForbiddenBitAndKeepsTheOtherFields) {
+    for (unsigned int header = 0x8000; header <= 0xFFFF; ++header) {
         h265_nal nal = decoded(0b0'100001'000011'010);
-        nal.decode_header(header);
-        EXPECT_FALSE(nal.valid) << header;
-        EXPECT_EQ(nal.nal_unit_type, SPS_NUT);
-        EXPECT_EQ(nal.nuh_layer_id, 3);
-        EXPECT_EQ(nal.nuh_temporal_id_plus1, 2);
-        EXPECT_EQ(nal.encode_header(), 0xFFFFFFFF);
+        nal.decode_header(static_cast<unsigned short>(header));
+        ASSERT_FALSE(nal.valid) << header;
+        ASSERT_EQ(nal.nal_unit_type, SPS_NUT);
+        ASSERT_EQ(nal.nuh_layer_id, 3);
+        ASSERT_EQ(nal.nuh_temporal_id_plus1, 2);
+        ASSERT_EQ(nal.encode_header(), 0xFFFFFFFF);
     }
 }
 
