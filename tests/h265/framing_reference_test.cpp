@@ -23,7 +23,7 @@ using bytes = std::vector<unsigned char>;
 using test::bytewise_reader;
 using test::bytewise_writer;
 using test::exact_bytes;
-using test::fields_of;
+using test::reader_fields;
 using test::reader_pair;
 using test::trail_r;
 using test::unknown_format;
@@ -66,7 +66,8 @@ void expect_scans_alike(h2645_common_nalfmt format, const exact_bytes& input) {
     unsigned char* from = input.begin();
     do {
         readers.scan(from, input.end());
-        ASSERT_EQ(fields_of(readers.fast, input.begin()), fields_of(readers.plain, input.begin()))
+        ASSERT_EQ(reader_fields(readers.fast, input.begin()),
+                  reader_fields(readers.plain, input.begin()))
             << testing::PrintToString(input.first(input.size()));
         from = readers.plain.cursor;
     } while (!readers.plain.need_more_data && from != input.end());
@@ -246,8 +247,8 @@ TEST(FramingReference, ScansDataThatComesInPieces) {
                 unsigned char* from = buffer.begin();
                 do {
                     readers.scan(from, buffer.end());
-                    ASSERT_EQ(fields_of(readers.fast, buffer.begin()),
-                              fields_of(readers.plain, buffer.begin()));
+                    ASSERT_EQ(reader_fields(readers.fast, buffer.begin()),
+                              reader_fields(readers.plain, buffer.begin()));
                     if (readers.plain.found) {
                         ASSERT_TRUE(readers.decode_alike(buffer.size()));
                     }

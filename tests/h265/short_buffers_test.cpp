@@ -57,8 +57,8 @@ bool scans_alike(reader_pair& readers, const exact_bytes& buffer) {
     unsigned char* from = buffer.begin();
     do {
         readers.scan(from, buffer.end());
-        if (test::fields_of(readers.fast, buffer.begin()) !=
-            test::fields_of(readers.plain, buffer.begin())) {
+        if (test::reader_fields(readers.fast, buffer.begin()) !=
+            test::reader_fields(readers.plain, buffer.begin())) {
             return false;
         }
         from = readers.plain.cursor;

@@ -22,7 +22,7 @@ constexpr h265_nal trail_r{0, 1, TRAIL_R, true};
 
 // Every field of a reader, with its pointers as distances from `origin`; null is -1.
 template <class Reader>
-std::array<long, 20> fields_of(const Reader& reader, const unsigned char* origin) {
+std::array<long, 20> reader_fields(const Reader& reader, const unsigned char* origin) {
     const auto offset = [origin](const unsigned char* pointer) {
         return pointer == nullptr ? -1L : static_cast<long>(pointer - origin);
     };
