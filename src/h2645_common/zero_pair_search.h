@@ -28,6 +28,11 @@ struct reserved {  // 00 00 00 to 00 00 03: what clause 7.4.2 keeps out of a NAL
     static constexpr unsigned char mask = 0xFC;
 };
 
+// The bits of a 16-bit little-endian word that are zero in 00 00 as well as in 00 and a matching
+// third byte.
+template <class Third>
+constexpr unsigned short word_bits = 0x00FF | (Third::mask & ~Third::value) << 8;
+
 template <class Third>
 const unsigned char* find_portable(const unsigned char* first, const unsigned char* last) {
     while (last - first >= 3) {
@@ -42,31 +47,49 @@ const unsigned char* find_portable(const unsigned char* first, const unsigned ch
     return nullptr;
 }
 
-// The search over vectors of `Isa::width` bytes. Isa::has_pair looks at four vectors, at two loads
-// each, and tells whether a pair of zeros may be there; only then is the third byte looked at. The
-// last vector overlaps the one before it, so that no byte is read outside the range.
+// The searches over vectors of `Isa::width` bytes, for ranges of at least width + 2. The last
+// vector overlaps the one before it, so that no byte is read outside the range.
 template <class Third, class Isa>
 [[gnu::always_inline]] inline const unsigned char* find_in_vectors(const unsigned char* first,
                                                                    const unsigned char* last) {
     const unsigned char* const last_vector = last - (Isa::width + 2);
-    for (;;) {
-        while (last - first >= 4 * Isa::width + 1 && !Isa::has_pair(first)) {
-            first += 4 * Isa::width;
+    for (;; first += Isa::width) {
+        if (first > last_vector) {
+            first = last_vector;
         }
-        for (int vectors = 0; vectors < 4; ++vectors) {
-            if (first > last_vector) {
-                first = last_vector;
-            }
-            const int match = Isa::template first_match<Third>(first);
+        const int match = Isa::template vector_match<Third>(first);
+        if (match >= 0) {
+            return first + match;
+        }
+        if (first == last_vector) {
+            return nullptr;
+        }
+    }
+}
+
+// Four vectors at a time while there are as many. Isa::may_hold is a cheap test for a match among
+// four, which one in some hundred groups of noise passes without; Isa::group_match finds it
+// exactly.
+template <class Third, class Isa>
+[[gnu::always_inline]] inline const unsigned char* find_in_groups(const unsigned char* first,
+                                                                  const unsigned char* last) {
+    constexpr std::ptrdiff_t group = 4 * Isa::width;
+    constexpr int groups_at_once = 4;  // what looks like a match seldom comes alone
+    while (last - first >= group + 2) {
+        if (!Isa::template may_hold<Third>(first)) {
+            first += group;
+            continue;
+        }
+        for (int i = 0; i < groups_at_once && last - first >= group + 2; ++i) {
+            const int match = Isa::template group_match<Third>(first);
             if (match >= 0) {
                 return first + match;
             }
-            if (first == last_vector) {
-                return nullptr;
-            }
-            first += Isa::width;
+            first += group;
         }
     }
+    // What is left may be shorter than a vector; what is before it holds no match.
+    return find_in_vectors<Third, Isa>(first, last);
 }
 
 #if defined(__x86_64__)
@@ -78,33 +101,61 @@ struct sse2 {
         return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
     }
 
-    static __m128i pair(const unsigned char* p) { return _mm_or_si128(load(p), load(p + 1)); }
-
-    static int zero_bytes(__m128i bytes) {
-        return _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_setzero_si128()));
+    static unsigned int zero_bytes(__m128i bytes) {
+        return static_cast<unsigned int>(
+            _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_setzero_si128())));
     }
 
-    static bool has_pair(const unsigned char* p) {
-        const __m128i low = _mm_min_epu8(pair(p), pair(p + width));
-        const __m128i high = _mm_min_epu8(pair(p + 2 * width), pair(p + 3 * width));
-        return zero_bytes(_mm_min_epu8(low, high)) != 0;
+    // Zero where a pair begins.
+    static __m128i pair(const unsigned char* p) { return _mm_or_si128(load(p), load(p + 1)); }
+
+    // Zero where a match begins.
+    template <class Third>
+    static __m128i differences(const unsigned char* p) {
+        const __m128i mask = _mm_set1_epi8(static_cast<char>(Third::mask));
+        const __m128i value = _mm_set1_epi8(static_cast<char>(Third::value));
+        return _mm_or_si128(pair(p), _mm_xor_si128(_mm_and_si128(load(p + 2), mask), value));
+    }
+
+    static __m128i smallest(__m128i a, __m128i b, __m128i c, __m128i d) {
+        return _mm_min_epu8(_mm_min_epu8(a, b), _mm_min_epu8(c, d));
+    }
+
+    // Every match covers one of the 16-bit words at odd distances from p whole: its two zero bytes,
+    // or the second one and the third byte.
+    template <class Third>
+    static bool may_hold(const unsigned char* p) {
+        const __m128i bits = _mm_set1_epi16(static_cast<short>(word_bits<Third>));
+        const auto zero_words = [&](std::ptrdiff_t at) {
+            return _mm_cmpeq_epi16(_mm_and_si128(load(p + 1 + at), bits), _mm_setzero_si128());
+        };
+        const __m128i low = _mm_or_si128(zero_words(0), zero_words(width));
+        const __m128i high = _mm_or_si128(zero_words(2 * width), zero_words(3 * width));
+        return _mm_movemask_epi8(_mm_or_si128(low, high)) != 0;
     }
 
     template <class Third>
-    static int first_match(const unsigned char* p) {
-        const int pairs = zero_bytes(pair(p));
-        if (pairs == 0) {
+    static int group_match(const unsigned char* p) {
+        const __m128i a = differences<Third>(p);
+        const __m128i b = differences<Third>(p + width);
+        const __m128i c = differences<Third>(p + 2 * width);
+        const __m128i d = differences<Third>(p + 3 * width);
+        if (zero_bytes(smallest(a, b, c, d)) == 0) {
             return -1;
         }
-        const __m128i mask = _mm_set1_epi8(static_cast<char>(Third::mask));
-        const __m128i value = _mm_set1_epi8(static_cast<char>(Third::value));
-        const __m128i third = _mm_xor_si128(_mm_and_si128(load(p + 2), mask), value);
-        const int matches = pairs & zero_bytes(third);
-        return matches != 0 ? __builtin_ctz(static_cast<unsigned int>(matches)) : -1;
+        const std::uint64_t low = zero_bytes(a) | zero_bytes(b) << width;
+        const std::uint64_t high = zero_bytes(c) | zero_bytes(d) << width;
+        return __builtin_ctzll(low | high << 2 * width);
+    }
+
+    template <class Third>
+    static int vector_match(const unsigned char* p) {
+        const unsigned int matches = zero_bytes(differences<Third>(p));
+        return matches != 0 ? __builtin_ctz(matches) : -1;
     }
 };
 
-#define KOVRAN_AVX2 __attribute__((target("avx2")))
+#define KOVRAN_AVX2 __attribute__((target("avx2,bmi")))
 
 struct avx2 {
     static constexpr std::ptrdiff_t width = 32;
@@ -113,51 +164,82 @@ struct avx2 {
         return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
     }
 
+    KOVRAN_AVX2 static unsigned int zero_bytes(__m256i bytes) {
+        return static_cast<unsigned int>(
+            _mm256_movemask_epi8(_mm256_cmpeq_epi8(bytes, _mm256_setzero_si256())));
+    }
+
     KOVRAN_AVX2 static __m256i pair(const unsigned char* p) {
         return _mm256_or_si256(load(p), load(p + 1));
     }
 
-    KOVRAN_AVX2 static int zero_bytes(__m256i bytes) {
-        return _mm256_movemask_epi8(_mm256_cmpeq_epi8(bytes, _mm256_setzero_si256()));
+    template <class Third>
+    KOVRAN_AVX2 static __m256i differences(const unsigned char* p) {
+        const __m256i mask = _mm256_set1_epi8(static_cast<char>(Third::mask));
+        const __m256i value = _mm256_set1_epi8(static_cast<char>(Third::value));
+        return _mm256_or_si256(pair(p),
+                               _mm256_xor_si256(_mm256_and_si256(load(p + 2), mask), value));
     }
 
-    KOVRAN_AVX2 static bool has_pair(const unsigned char* p) {
-        const __m256i low = _mm256_min_epu8(pair(p), pair(p + width));
-        const __m256i high = _mm256_min_epu8(pair(p + 2 * width), pair(p + 3 * width));
-        return zero_bytes(_mm256_min_epu8(low, high)) != 0;
+    KOVRAN_AVX2 static __m256i smallest(__m256i a, __m256i b, __m256i c, __m256i d) {
+        return _mm256_min_epu8(_mm256_min_epu8(a, b), _mm256_min_epu8(c, d));
     }
 
     template <class Third>
-    KOVRAN_AVX2 static int first_match(const unsigned char* p) {
-        const int pairs = zero_bytes(pair(p));
-        if (pairs == 0) {
+    KOVRAN_AVX2 static bool may_hold(const unsigned char* p) {
+        const __m256i bits = _mm256_set1_epi16(static_cast<short>(word_bits<Third>));
+        const __m256i a = _mm256_and_si256(load(p + 1), bits);
+        const __m256i b = _mm256_and_si256(load(p + 1 + width), bits);
+        const __m256i c = _mm256_and_si256(load(p + 1 + 2 * width), bits);
+        const __m256i d = _mm256_and_si256(load(p + 1 + 3 * width), bits);
+        const __m256i words = _mm256_min_epu16(_mm256_min_epu16(a, b), _mm256_min_epu16(c, d));
+        return _mm256_movemask_epi8(_mm256_cmpeq_epi16(words, _mm256_setzero_si256())) != 0;
+    }
+
+    template <class Third>
+    KOVRAN_AVX2 static int group_match(const unsigned char* p) {
+        const __m256i a = differences<Third>(p);
+        const __m256i b = differences<Third>(p + width);
+        const __m256i c = differences<Third>(p + 2 * width);
+        const __m256i d = differences<Third>(p + 3 * width);
+        if (zero_bytes(smallest(a, b, c, d)) == 0) {
             return -1;
         }
-        const __m256i mask = _mm256_set1_epi8(static_cast<char>(Third::mask));
-        const __m256i value = _mm256_set1_epi8(static_cast<char>(Third::value));
-        const __m256i third = _mm256_xor_si256(_mm256_and_si256(load(p + 2), mask), value);
-        const int matches = pairs & zero_bytes(third);
-        return matches != 0 ? __builtin_ctz(static_cast<unsigned int>(matches)) : -1;
+        const std::uint64_t low = zero_bytes(a) | std::uint64_t{zero_bytes(b)} << width;
+        if (low != 0) {
+            return __builtin_ctzll(low);
+        }
+        const std::uint64_t high = zero_bytes(c) | std::uint64_t{zero_bytes(d)} << width;
+        return static_cast<int>(2 * width) + __builtin_ctzll(high);
+    }
+
+    template <class Third>
+    KOVRAN_AVX2 static int vector_match(const unsigned char* p) {
+        const unsigned int matches = zero_bytes(differences<Third>(p));
+        return matches != 0 ? __builtin_ctz(matches) : -1;
     }
 };
 
 template <class Third>
 const unsigned char* find_sse2(const unsigned char* first, const unsigned char* last) {
-    if (last - first < sse2::width + 2) {
-        return find_portable<Third>(first, last);
+    if (last - first >= sse2::width + 2) {
+        return find_in_groups<Third, sse2>(first, last);
     }
-    return find_in_vectors<Third, sse2>(first, last);
+    return find_portable<Third>(first, last);
 }
 
 template <class Third>
 KOVRAN_AVX2 const unsigned char* find_avx2(const unsigned char* first, const unsigned char* last) {
-    if (last - first < avx2::width + 2) {
-        return find_sse2<Third>(first, last);
+    if (last - first >= avx2::width + 2) {
+        return find_in_groups<Third, avx2>(first, last);
     }
-    return find_in_vectors<Third, avx2>(first, last);
+    return find_sse2<Third>(first, last);
 }
 
-#undef KOVRAN_AVX2
+inline bool has_avx2() {
+    return static_cast<bool>(__builtin_cpu_supports("avx2")) &&
+           static_cast<bool>(__builtin_cpu_supports("bmi"));
+}
 
 #elif defined(__aarch64__)
 
@@ -168,14 +250,26 @@ struct neon {
         return vorrq_u8(vld1q_u8(p), vld1q_u8(p + 1));
     }
 
-    static bool has_pair(const unsigned char* p) {
+    template <class Third>
+    static bool may_hold(const unsigned char* p) {
         const uint8x16_t low = vminq_u8(pair(p), pair(p + width));
         const uint8x16_t high = vminq_u8(pair(p + 2 * width), pair(p + 3 * width));
         return vminvq_u8(vminq_u8(low, high)) == 0;
     }
 
     template <class Third>
-    static int first_match(const unsigned char* p) {
+    static int group_match(const unsigned char* p) {
+        for (int at = 0; at < 4 * width; at += width) {
+            const int match = vector_match<Third>(p + at);
+            if (match >= 0) {
+                return at + match;
+            }
+        }
+        return -1;
+    }
+
+    template <class Third>
+    static int vector_match(const unsigned char* p) {
         const uint8x16_t mask = vdupq_n_u8(Third::mask);
         const uint8x16_t value = vdupq_n_u8(Third::value);
         const uint8x16_t third = veorq_u8(vandq_u8(vld1q_u8(p + 2), mask), value);
@@ -190,10 +284,10 @@ struct neon {
 
 template <class Third>
 const unsigned char* find_neon(const unsigned char* first, const unsigned char* last) {
-    if (last - first < neon::width + 2) {
-        return find_portable<Third>(first, last);
+    if (last - first >= neon::width + 2) {
+        return find_in_groups<Third, neon>(first, last);
     }
-    return find_in_vectors<Third, neon>(first, last);
+    return find_portable<Third>(first, last);
 }
 
 #endif
@@ -202,38 +296,12 @@ const unsigned char* find_neon(const unsigned char* first, const unsigned char* 
 template <class Third>
 const unsigned char* find(const unsigned char* first, const unsigned char* last) {
 #if defined(__x86_64__)
-    return __builtin_cpu_supports("avx2") != 0 ? find_avx2<Third>(first, last)
-                                               : find_sse2<Third>(first, last);
+    return has_avx2() ? find_avx2<Third>(first, last) : find_sse2<Third>(first, last);
 #elif defined(__aarch64__)
     return find_neon<Third>(first, last);
 #else
     return find_portable<Third>(first, last);
 #endif
-}
-
-// A block that can be copied as it stands, and why it ends where it does.
-enum class before { more, pair, end };
-struct block {
-    std::size_t size;
-    before next;  // more to look at, a pair with a reserved third byte, or the end of the data
-};
-
-// The first block of the `size` bytes at `data`. Blocks are short enough that what the search has
-// read is still in the nearest cache for the copy.
-inline block next_block(const unsigned char* data, std::size_t size) {
-    constexpr std::size_t longest = 4096;
-    if (size >= 3 && data[0] == 0 && data[1] == 0 && data[2] <= 3) {
-        return {0, before::pair};  // they often follow one upon the other
-    }
-    const std::size_t looked_at = size <= longest + 2 ? size : longest + 2;
-    const unsigned char* const match = find<reserved>(data, data + looked_at);
-    if (match != nullptr) {
-        return {static_cast<std::size_t>(match - data), before::pair};
-    }
-    if (looked_at == size) {
-        return {size, before::end};
-    }
-    return {longest, before::more};  // a pair may begin in the two bytes after it
 }
 
 }  // namespace kovran::zero_pair

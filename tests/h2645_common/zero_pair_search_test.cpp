@@ -27,7 +27,7 @@ std::vector<implementation> implementations() {
     };
 #if defined(__x86_64__)
     all.push_back({"sse2", find_sse2<start_code>, find_sse2<reserved>});
-    if (__builtin_cpu_supports("avx2") != 0) {
+    if (has_avx2()) {
         all.push_back({"avx2", find_avx2<start_code>, find_avx2<reserved>});
     }
 #elif defined(__aarch64__)
@@ -106,37 +106,6 @@ TEST(ZeroPairSearch, AgreesWithAPlainLoopOnBytesThickWithPatterns) {
             byte = static_cast<unsigned char>(random() % zeros == 0 ? random() % 5 : 0x80);
         }
         expect_all_agree(data, random() % 64);
-    }
-}
-
-TEST(ZeroPairSearch, BlockEndsBeforeAReservedPattern) {
-    const bytes data = {9, 9, 9, 0, 0, 3, 9};
-    const block first = next_block(data.data(), data.size());
-    EXPECT_EQ(first.size, 3U);
-    EXPECT_EQ(first.next, before::pair);
-}
-
-TEST(ZeroPairSearch, BlockOfDataWithoutPatternsIsAllOfIt) {
-    const bytes data(4098, 9);
-    const block all = next_block(data.data(), data.size());
-    EXPECT_EQ(all.size, 4098U);
-    EXPECT_EQ(all.next, before::end);
-}
-
-TEST(ZeroPairSearch, BlockNeverSplitsAPattern) {
-    for (std::size_t at = 4090; at <= 4100; ++at) {
-        bytes data(5000, 9);
-        data[at] = 0;
-        data[at + 1] = 0;
-        data[at + 2] = 1;
-        std::size_t passed = 0;
-        block next = next_block(data.data(), data.size());
-        while (next.next == before::more) {
-            passed += next.size;
-            next = next_block(data.data() + passed, data.size() - passed);
-        }
-        EXPECT_EQ(next.next, before::pair);
-        EXPECT_EQ(passed + next.size, at);
     }
 }
 

@@ -1,0 +1,201 @@
+#ifndef KOVRAN_SRC_H2645_COMMON_ZERO_PAIR_COPY_H
+#define KOVRAN_SRC_H2645_COMMON_ZERO_PAIR_COPY_H
+
+#include "h2645_common/zero_pair_search.h"
+
+#include <cstddef>
+#include <cstring>
+
+// The copying that emulation prevention leaves to do: up to the first pair of zeros whose third
+// byte is reserved.
+//
+// Every copy below writes the bytes of [data, data + size) before that pair to `out`, or all of
+// them where there is none, nothing else, and returns how many they are. `out` may be `data`, or
+// overlap with it from below. The copies differ in the machine that they are for.
+namespace kovran::zero_pair {
+
+// Up to a match that is known, or all where there is none.
+inline std::size_t copy_until(unsigned char* out, const unsigned char* data, std::size_t size,
+                              const unsigned char* match) {
+    const std::size_t clean = match != nullptr ? static_cast<std::size_t>(match - data) : size;
+    if (clean != 0) {
+        std::memmove(out, data, clean);
+    }
+    return clean;
+}
+
+inline std::size_t copy_portable(unsigned char* out, const unsigned char* data, std::size_t size) {
+    return copy_until(out, data, size, find_portable<reserved>(data, data + size));
+}
+
+// Looks through vectors before it writes them, in groups of four while there are as many. What is
+// left then is read, looked through and written by its two ends, which may overlap, or by
+// Isa::copy_rest. The functions of Isa that return a bool are false, and have written nothing,
+// where a pair may begin.
+template <class Isa>
+[[gnu::always_inline]] inline std::size_t copy_in_vectors(unsigned char* out,
+                                                          const unsigned char* data,
+                                                          std::size_t size) {
+    constexpr std::size_t width = Isa::search::width;
+    std::size_t at = 0;
+    for (; size - at >= 4 * width + 2; at += 4 * width) {
+        if (Isa::copy_group(out + at, data + at)) {
+            continue;
+        }
+        const int match = Isa::search::template group_match<reserved>(data + at);
+        if (match >= 0) {
+            return at + copy_until(out + at, data + at, 0, data + at + match);
+        }
+        std::memmove(out + at, data + at, 4 * width);
+    }
+    const std::size_t left = size - at;
+    if (left >= 2 * width + 2 && left <= 4 * width &&
+        Isa::copy_double_ends(out + at, data + at, left)) {
+        return size;
+    }
+    return at + Isa::copy_rest(out + at, data + at, left);
+}
+
+#if defined(__x86_64__)
+
+struct sse2_copy {
+    using search = sse2;
+    static constexpr std::size_t width = sse2::width;
+
+    static void store(unsigned char* p, __m128i bytes) {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(p), bytes);
+    }
+
+    // Two vectors from `data` on and two from `data + second` on, where no pair begins in two from
+    // `data` and two from `data + look` on.
+    static bool copy_four(unsigned char* out, const unsigned char* data, std::size_t second,
+                          std::size_t look) {
+        const __m128i a = sse2::load(data);
+        const __m128i b = sse2::load(data + width);
+        const __m128i c = sse2::load(data + second);
+        const __m128i d = sse2::load(data + second + width);
+        const __m128i pairs =
+            sse2::smallest(sse2::pair(data), sse2::pair(data + width), sse2::pair(data + look),
+                           sse2::pair(data + look + width));
+        if (sse2::zero_bytes(pairs) != 0) {
+            return false;
+        }
+        store(out, a);
+        store(out + width, b);
+        store(out + second, c);
+        store(out + second + width, d);
+        return true;
+    }
+
+    static bool copy_group(unsigned char* out, const unsigned char* data) {
+        return copy_four(out, data, 2 * width, 2 * width);
+    }
+
+    static bool copy_double_ends(unsigned char* out, const unsigned char* data, std::size_t size) {
+        return copy_four(out, data, size - 2 * width, size - 2 * width - 2);
+    }
+
+    static std::size_t copy_rest(unsigned char* out, const unsigned char* data, std::size_t size) {
+        return copy_until(out, data, size, find_sse2<reserved>(data, data + size));
+    }
+};
+
+struct avx2_copy {
+    using search = avx2;
+    static constexpr std::size_t width = avx2::width;
+
+    KOVRAN_AVX2 static void store(unsigned char* p, __m256i bytes) {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), bytes);
+    }
+
+    KOVRAN_AVX2 static bool copy_four(unsigned char* out, const unsigned char* data,
+                                      std::size_t second, std::size_t look) {
+        const __m256i a = avx2::load(data);
+        const __m256i b = avx2::load(data + width);
+        const __m256i c = avx2::load(data + second);
+        const __m256i d = avx2::load(data + second + width);
+        const __m256i pairs =
+            avx2::smallest(avx2::pair(data), avx2::pair(data + width), avx2::pair(data + look),
+                           avx2::pair(data + look + width));
+        if (avx2::zero_bytes(pairs) != 0) {
+            return false;
+        }
+        store(out, a);
+        store(out + width, b);
+        store(out + second, c);
+        store(out + second + width, d);
+        return true;
+    }
+
+    KOVRAN_AVX2 static bool copy_group(unsigned char* out, const unsigned char* data) {
+        return copy_four(out, data, 2 * width, 2 * width);
+    }
+
+    KOVRAN_AVX2 static bool copy_double_ends(unsigned char* out, const unsigned char* data,
+                                             std::size_t size) {
+        return copy_four(out, data, size - 2 * width, size - 2 * width - 2);
+    }
+
+    KOVRAN_AVX2 static std::size_t copy_rest(unsigned char* out, const unsigned char* data,
+                                             std::size_t size) {
+        if (size < width + 2 || size > 2 * width) {
+            return copy_until(out, data, size, find_avx2<reserved>(data, data + size));
+        }
+        const std::size_t last = size - (width + 2);
+        const __m256i head = avx2::load(data);
+        const __m256i tail = avx2::load(data + last + 2);
+        if (avx2::zero_bytes(_mm256_min_epu8(avx2::pair(data), avx2::pair(data + last))) == 0) {
+            store(out, head);
+            store(out + last + 2, tail);
+            return size;
+        }
+        const int match = avx2::vector_match<reserved>(data);
+        if (match >= 0) {
+            return copy_until(out, data, size, data + match);
+        }
+        const int last_match = avx2::vector_match<reserved>(data + last);
+        return copy_until(out, data, size, last_match >= 0 ? data + last + last_match : nullptr);
+    }
+};
+
+inline std::size_t copy_sse2(unsigned char* out, const unsigned char* data, std::size_t size) {
+    return copy_in_vectors<sse2_copy>(out, data, size);
+}
+
+KOVRAN_AVX2 inline std::size_t copy_avx2(unsigned char* out, const unsigned char* data,
+                                         std::size_t size) {
+    return copy_in_vectors<avx2_copy>(out, data, size);
+}
+
+#elif defined(__aarch64__)
+
+inline std::size_t copy_neon(unsigned char* out, const unsigned char* data, std::size_t size) {
+    constexpr std::size_t group = 4 * neon::width;
+    std::size_t at = 0;
+    for (; size - at >= group + 2 && neon::group_match<reserved>(data + at) < 0; at += group) {
+        std::memmove(out + at, data + at, group);
+    }
+    return at +
+           copy_until(out + at, data + at, size - at, find_neon<reserved>(data + at, data + size));
+}
+
+#endif
+
+// The copy for the machine at hand.
+inline std::size_t copy(unsigned char* out, const unsigned char* data, std::size_t size) {
+    if (size >= 3 && data[0] == 0 && data[1] == 0 && data[2] <= 3) {
+        return 0;  // pairs often follow one upon the other
+    }
+#if defined(__x86_64__)
+    return size >= avx2::width + 2 && has_avx2() ? copy_avx2(out, data, size)
+                                                 : copy_sse2(out, data, size);
+#elif defined(__aarch64__)
+    return copy_neon(out, data, size);
+#else
+    return copy_portable(out, data, size);
+#endif
+}
+
+}  // namespace kovran::zero_pair
+
+#endif  // KOVRAN_SRC_H2645_COMMON_ZERO_PAIR_COPY_H
