@@ -372,6 +372,24 @@ TEST(FramingReference, DecodesToAPlaceShortlyBeforeTheInput) {
     }
 }
 
+TEST(FramingReference, DecodesPairsOneUponTheOther) {
+    for (std::size_t pairs = 1; pairs <= 30; ++pairs) {
+        for (const bytes& end : {bytes{}, bytes{0}, bytes{0, 0}, bytes{0, 0, 1}, bytes{0, 0, 2},
+                                 bytes{0, 0, 4}, bytes{0, 3}, bytes{1}}) {
+            bytes data;
+            for (std::size_t i = 0; i < pairs; ++i) {
+                data.insert(data.end(), {0, 0, 3});
+            }
+            data.insert(data.end(), end.begin(), end.end());
+            for (std::size_t n = 1; n <= data.size(); ++n) {
+                ASSERT_NO_FATAL_FAILURE(expect_decodes_alike(exact_bytes(data), n));
+                ASSERT_NO_FATAL_FAILURE(expect_overlapping_decodes_alike(data, 0, n));
+                ASSERT_NO_FATAL_FAILURE(expect_overlapping_decodes_alike(data, 1, n));
+            }
+        }
+    }
+}
+
 TEST(FramingReference, EncodesIntoEveryRoom) {
     random_bytes random(11);
     for (const h2645_common_nalfmt format : writer_formats) {
@@ -411,6 +429,20 @@ TEST(FramingReference, EncodesRunsOfEqualBytes) {
             const exact_bytes payload(bytes(size, byte));
             for (const h2645_common_nalfmt format : writer_formats) {
                 expect_encodes_alike(format, payload, 0, enough_room(size, 0));
+            }
+        }
+    }
+}
+
+TEST(FramingReference, EncodesZerosIntoEveryRoom) {
+    for (std::size_t size = 0; size <= 70; ++size) {
+        for (const unsigned char last : bytes{0, 3, 4}) {
+            bytes data(size);
+            data.push_back(last);
+            const exact_bytes payload(data);
+            for (std::size_t room = 0; room <= enough_room(data.size(), 0); ++room) {
+                expect_encodes_alike(nalfmt_length32, payload, 0, room);
+                expect_encodes_alike(nalfmt_annex_b, payload, 0, room);
             }
         }
     }
