@@ -17,7 +17,7 @@ namespace {
 // Bytes that are written as units of `rbsp_size` each, one after the other.
 struct encode_input {
     bytes data;
-    std::size_t rbsp_size;
+    std::size_t rbsp_size = 0;
     bytes out;
     h265_nal nal;
 };

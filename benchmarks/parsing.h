@@ -15,6 +15,12 @@ namespace kovran::benchmarks {
 // What was read of syntax elements that all contenders have, for comparison.
 using values = std::vector<std::int64_t>;
 
+// Of fields of any types.
+template <class... Fields>
+[[nodiscard]] values values_in(Fields... fields) {
+    return {static_cast<std::int64_t>(fields)...};
+}
+
 // A contender whose memory is counted as well: "allocations" in the results are those of doing the
 // job once more.
 template <class Run>

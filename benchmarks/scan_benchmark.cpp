@@ -30,7 +30,7 @@ void add_memchr(const scan_input& input) {
     for (unsigned char& byte : without) {
         byte = byte == 0xA5 ? 0xA4 : byte;
     }
-    contend("scan/" + input.name + "/memchr", without.size(), [without = std::move(without)] {
+    contend("scan/" + input.name + "/memchr", input.stream.size(), [without = std::move(without)] {
         return std::memchr(without.data(), 0xA5, without.size());
     });
 }

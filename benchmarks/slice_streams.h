@@ -48,8 +48,10 @@ inline std::vector<slice_stream>& slice_streams() {
 
 // What kovran reads as the standard has it, up to the reference picture set.
 inline void append_values_of(values& all, const h265_slice_segment_header& slice) {
-    all.insert(all.end(), {slice.first_slice_segment_in_pic_flag, slice.slice_pic_parameter_set_id,
-                           slice.slice_type, slice.slice_pic_order_cnt_lsb});
+    const values read =
+        values_in(slice.first_slice_segment_in_pic_flag, slice.slice_pic_parameter_set_id,
+                  slice.slice_type, slice.slice_pic_order_cnt_lsb);
+    all.insert(all.end(), read.begin(), read.end());
 }
 
 // A host that has read the stream's parameter sets, and its slices once.
