@@ -6,19 +6,15 @@
 namespace kovran {
 
 void h2645_common_nal_reader_base::rewind() {
-    decode_ptr = nullptr;
-    decode_fence = nullptr;
-    if (!found) {
-        return;
-    }
-    decode_ptr = payload_begin;
-    decode_fence = fence;
-    if (length_known) {
+    unsigned char* payload_end = fence;
+    if (found && length_known) {
         const bool has_header = nal_length >= 2;
         const auto in_range = static_cast<std::size_t>(fence - payload_begin);
         const std::size_t wanted = has_header ? payload_length : 0;
-        decode_fence = payload_begin + std::min(wanted, in_range);
+        payload_end = payload_begin + std::min(wanted, in_range);
     }
+    decode_ptr = found ? payload_begin : nullptr;
+    decode_fence = found ? payload_end : nullptr;
 }
 
 void h2645_common_nal_reader_base::do_give_up() {

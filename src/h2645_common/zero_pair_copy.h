@@ -14,9 +14,10 @@
 // overlap with it from below. The copies differ in the machine that they are for.
 namespace kovran::zero_pair {
 
-// Up to a match that is known, or all where there is none.
-inline std::size_t copy_until(unsigned char* out, const unsigned char* data, std::size_t size,
-                              const unsigned char* match) {
+// Up to a match that is known, or all where there is none. Out of line, as is what else is seldom
+// needed: a call in the middle of a copy would cost every copy the registers that it has to save.
+[[gnu::noinline]] inline std::size_t copy_until(unsigned char* out, const unsigned char* data,
+                                                std::size_t size, const unsigned char* match) {
     const std::size_t clean = match != nullptr ? static_cast<std::size_t>(match - data) : size;
     if (clean != 0) {
         std::memmove(out, data, clean);
@@ -30,8 +31,7 @@ inline std::size_t copy_portable(unsigned char* out, const unsigned char* data, 
 
 // Looks through vectors before it writes them, in groups of four while there are as many. What is
 // left then is read, looked through and written by its two ends, which may overlap, or by
-// Isa::copy_rest. The functions of Isa that return a bool are false, and have written nothing,
-// where a pair may begin.
+// Isa::copy_rest.
 template <class Isa>
 [[gnu::always_inline]] inline std::size_t copy_in_vectors(unsigned char* out,
                                                           const unsigned char* data,
@@ -39,18 +39,18 @@ template <class Isa>
     constexpr std::size_t width = Isa::search::width;
     std::size_t at = 0;
     for (; size - at >= 4 * width + 2; at += 4 * width) {
-        if (Isa::copy_group(out + at, data + at)) {
-            continue;
+        if (Isa::has_pair(data + at, 2 * width)) {
+            const int match = Isa::search::template group_match<reserved>(data + at);
+            if (match >= 0) {
+                return at + copy_until(out + at, data + at, 0, data + at + match);
+            }
         }
-        const int match = Isa::search::template group_match<reserved>(data + at);
-        if (match >= 0) {
-            return at + copy_until(out + at, data + at, 0, data + at + match);
-        }
-        std::memmove(out + at, data + at, 4 * width);
+        Isa::copy_four(out + at, data + at, 2 * width);
     }
     const std::size_t left = size - at;
     if (left >= 2 * width + 2 && left <= 4 * width &&
-        Isa::copy_double_ends(out + at, data + at, left)) {
+        !Isa::has_pair(data + at, left - 2 * width - 2)) {
+        Isa::copy_four(out + at, data + at, left - 2 * width);
         return size;
     }
     return at + Isa::copy_rest(out + at, data + at, left);
@@ -66,33 +66,23 @@ struct sse2_copy {
         _mm_storeu_si128(reinterpret_cast<__m128i*>(p), bytes);
     }
 
-    // Two vectors from `data` on and two from `data + second` on, where no pair begins in two from
-    // `data` and two from `data + look` on.
-    static bool copy_four(unsigned char* out, const unsigned char* data, std::size_t second,
-                          std::size_t look) {
+    // In the two vectors from `data` on, or the two from `data + second` on.
+    static bool has_pair(const unsigned char* data, std::size_t second) {
+        return sse2::zero_bytes(sse2::smallest(sse2::pair(data), sse2::pair(data + width),
+                                               sse2::pair(data + second),
+                                               sse2::pair(data + second + width))) != 0;
+    }
+
+    // The two vectors from `data` on and the two from `data + second` on.
+    static void copy_four(unsigned char* out, const unsigned char* data, std::size_t second) {
         const __m128i a = sse2::load(data);
         const __m128i b = sse2::load(data + width);
         const __m128i c = sse2::load(data + second);
         const __m128i d = sse2::load(data + second + width);
-        const __m128i pairs =
-            sse2::smallest(sse2::pair(data), sse2::pair(data + width), sse2::pair(data + look),
-                           sse2::pair(data + look + width));
-        if (sse2::zero_bytes(pairs) != 0) {
-            return false;
-        }
         store(out, a);
         store(out + width, b);
         store(out + second, c);
         store(out + second + width, d);
-        return true;
-    }
-
-    static bool copy_group(unsigned char* out, const unsigned char* data) {
-        return copy_four(out, data, 2 * width, 2 * width);
-    }
-
-    static bool copy_double_ends(unsigned char* out, const unsigned char* data, std::size_t size) {
-        return copy_four(out, data, size - 2 * width, size - 2 * width - 2);
     }
 
     static std::size_t copy_rest(unsigned char* out, const unsigned char* data, std::size_t size) {
@@ -108,38 +98,34 @@ struct avx2_copy {
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), bytes);
     }
 
-    KOVRAN_AVX2 static bool copy_four(unsigned char* out, const unsigned char* data,
-                                      std::size_t second, std::size_t look) {
+    KOVRAN_AVX2 static bool has_pair(const unsigned char* data, std::size_t second) {
+        return avx2::zero_bytes(avx2::smallest(avx2::pair(data), avx2::pair(data + width),
+                                               avx2::pair(data + second),
+                                               avx2::pair(data + second + width))) != 0;
+    }
+
+    KOVRAN_AVX2 static void copy_four(unsigned char* out, const unsigned char* data,
+                                      std::size_t second) {
         const __m256i a = avx2::load(data);
         const __m256i b = avx2::load(data + width);
         const __m256i c = avx2::load(data + second);
         const __m256i d = avx2::load(data + second + width);
-        const __m256i pairs =
-            avx2::smallest(avx2::pair(data), avx2::pair(data + width), avx2::pair(data + look),
-                           avx2::pair(data + look + width));
-        if (avx2::zero_bytes(pairs) != 0) {
-            return false;
-        }
         store(out, a);
         store(out + width, b);
         store(out + second, c);
         store(out + second + width, d);
-        return true;
     }
 
-    KOVRAN_AVX2 static bool copy_group(unsigned char* out, const unsigned char* data) {
-        return copy_four(out, data, 2 * width, 2 * width);
-    }
-
-    KOVRAN_AVX2 static bool copy_double_ends(unsigned char* out, const unsigned char* data,
-                                             std::size_t size) {
-        return copy_four(out, data, size - 2 * width, size - 2 * width - 2);
+    [[gnu::noinline]] KOVRAN_AVX2 static std::size_t copy_searched(unsigned char* out,
+                                                                   const unsigned char* data,
+                                                                   std::size_t size) {
+        return copy_until(out, data, size, find_avx2<reserved>(data, data + size));
     }
 
     KOVRAN_AVX2 static std::size_t copy_rest(unsigned char* out, const unsigned char* data,
                                              std::size_t size) {
         if (size < width + 2 || size > 2 * width) {
-            return copy_until(out, data, size, find_avx2<reserved>(data, data + size));
+            return copy_searched(out, data, size);
         }
         const std::size_t last = size - (width + 2);
         const __m256i head = avx2::load(data);
