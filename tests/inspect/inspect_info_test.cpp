@@ -46,6 +46,7 @@ TEST(InspectInfo, ShowsAStreamWithColours) {
               "pictures      4\n"
               "IRAP          1: picture 0 at 273\n"
               "SEI           decoded_picture_hash 4, user_data_unregistered 1\n"
+              "rules         standard\n"
               "faults        none\n");
 }
 
@@ -67,6 +68,7 @@ TEST(InspectInfo, ShowsAStreamWithMessages) {
               "buffering_period 2, content_light_level_info 2, decoded_picture_hash 8, "
               "mastering_display_colour_volume 2, pic_timing 8, recovery_point 1, "
               "user_data_unregistered 2\n"
+              "rules         standard\n"
               "faults        none\n");
 }
 
@@ -84,6 +86,7 @@ TEST(InspectInfo, ShowsAStreamWithSlices) {
               "pictures      3\n"
               "IRAP          1: picture 0 at 92\n"
               "SEI           none\n"
+              "rules         standard\n"
               "faults        none\n");
 }
 
@@ -139,10 +142,10 @@ TEST(InspectInfo, CountsTheUnitsOfAllLayers) {
     }
 }
 
-// Its SPS has a set that is predicted from a predicted one and cannot be read, so that nothing
-// that needs it can.
+// Its SPS has a set that is predicted from a predicted one and cannot be read by the library's own
+// rules, so that nothing that needs it can.
 TEST(InspectInfo, CountsFaults) {
-    const outcome result = run({"info", stream_path("hm_ra16")});
+    const outcome result = run({"info", stream_path("hm_ra16"), "--rules", "own"});
     std::size_t faults = 0;
     std::size_t slices = 0;
     for (const nlohmann::json& unit : units_of_reading("hm_ra16")) {
@@ -153,6 +156,7 @@ TEST(InspectInfo, CountsFaults) {
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(fact(result.out, "profile"), "unknown: no SPS could be read");
     EXPECT_EQ(fact(result.out, "slices"), "unreadable " + std::to_string(slices));
+    EXPECT_EQ(fact(result.out, "rules"), "own");
     EXPECT_EQ(fact(result.out, "faults"), std::to_string(faults));
     std::size_t lines = 0;
     for (const char letter : result.err) {
@@ -174,6 +178,7 @@ TEST(InspectInfo, ShowsWhatItHasOfABrokenStream) {
               "pictures      0\n"
               "IRAP          0\n"
               "SEI           none\n"
+              "rules         standard\n"
               "faults        1\n");
     EXPECT_NE(result.err.find("unit 1 at 32: the SPS cannot be read\n"), std::string::npos);
 }

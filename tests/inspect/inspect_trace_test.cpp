@@ -64,6 +64,8 @@ std::vector<traced_unit> units_of(const std::string& trace) {
     for (std::string line; std::getline(lines, line);) {
         if (line.rfind("unit ", 0) == 0) {
             units.push_back({line, {}});
+        } else if (units.empty() && line.rfind("rules: ", 0) == 0) {
+            continue;
         } else if (units.empty()) {
             ADD_FAILURE() << line;
         } else {
@@ -187,58 +189,95 @@ void expect_messages(const std::vector<element>& elements,
     }
 }
 
+bool is_sei(unsigned int type) {
+    return type == 39 || type == 40;
+}
+
+// The place of the first element of a slice segment header that is not read.
+std::size_t end_of_slice(const std::vector<expected_element>& reading) {
+    const auto end = std::find_if(reading.begin(), reading.end(), [](const expected_element& each) {
+        return is_behind_list_modification(each.name);
+    });
+    return static_cast<std::size_t>(end - reading.begin());
+}
+
 // NOLINTNEXTLINE(readability-identifier-naming): the name of a suite
-class InspectTraceOfStreams : public testing::TestWithParam<std::string> {};
+class InspectTraceOfStreams : public testing::TestWithParam<std::string> {
+protected:
+    // Checks headings, places and what the rules have nothing to do with, then calls
+    // expect_unit(type, elements, expected) for each unit of the base layer that has a reading.
+    template <class ExpectUnit>
+    void expect_units(const std::string& rules, ExpectUnit expect_unit) {
+        const nlohmann::json reading = units_of_reading(GetParam());
+        const std::string stream = read_file(stream_path(GetParam()));
+        const std::string trace = run({"trace", stream_path(GetParam()), "--rules", rules}).out;
+        EXPECT_EQ(trace.substr(0, trace.find('\n')), "rules: " + rules);
+        const std::vector<traced_unit> traced = units_of(trace);
+        ASSERT_EQ(traced.size(), reading.size());
+        for (std::size_t i = 0; i < traced.size() && !HasFailure(); ++i) {
+            SCOPED_TRACE(traced[i].heading);
+            expect_heading(traced[i].heading, i, reading[i]);
+            const auto type = reading[i].at("nal_unit_type").get<unsigned int>();
+            const std::vector<element>& elements = traced[i].elements;
+            expect_places(elements, stream, reading[i]);
+            expect_elements_in_a_row(elements, is_sei(type));
+            if (reading[i].at("nuh_layer_id") != 0) {
+                EXPECT_TRUE(elements.empty());
+                continue;
+            }
+            std::vector<expected_element> expected = elements_of(reading[i]);
+            if (!expected.empty()) {
+                put_extension_together(expected);
+                expect_unit(type, elements, expected);
+            }
+        }
+    }
+};
 
 TEST_P(InspectTraceOfStreams, ShowsTheElementsOfTheReadingWhereTheyStand) {
-    const nlohmann::json reading = units_of_reading(GetParam());
-    const std::string stream = read_file(stream_path(GetParam()));
-    const std::vector<traced_unit> traced = units_of(run({"trace", stream_path(GetParam())}).out);
-    ASSERT_EQ(traced.size(), reading.size());
+    expect_units("standard", [](unsigned int type, const std::vector<element>& elements,
+                                const std::vector<expected_element>& expected) {
+        if (is_sei(type)) {
+            expect_messages(elements, expected, type == 39, /*sps_read=*/true);
+            return;
+        }
+        const std::size_t count = type < 32 ? end_of_slice(expected) : expected.size();
+        expect_elements(elements, expected, count);
+        EXPECT_EQ(elements.size(), count);
+    });
+}
+
+TEST_P(InspectTraceOfStreams, ShowsTheElementsUpToTheFirstThatTheOwnRulesReadOtherwise) {
     const bool chained = streams_with_chained_sets().count(GetParam()) == 1;
     bool chained_set_found = false;
-    for (std::size_t i = 0; i < traced.size() && !HasFailure(); ++i) {
-        SCOPED_TRACE(traced[i].heading);
-        expect_heading(traced[i].heading, i, reading[i]);
-        const auto type = reading[i].at("nal_unit_type").get<unsigned int>();
-        const bool sei = type == 39 || type == 40;
-        const std::vector<element>& elements = traced[i].elements;
-        expect_places(elements, stream, reading[i]);
-        expect_elements_in_a_row(elements, sei);
-        if (reading[i].at("nuh_layer_id") != 0) {
-            EXPECT_TRUE(elements.empty());
-            continue;
-        }
-        std::vector<expected_element> expected = elements_of(reading[i]);
-        if (expected.empty()) {
-            continue;
-        }
-        put_extension_together(expected);
-        if (sei) {
+    expect_units("own", [&](unsigned int type, const std::vector<element>& elements,
+                            const std::vector<expected_element>& expected) {
+        if (is_sei(type)) {
             expect_messages(elements, expected, type == 39, !chained);
-            continue;
+            return;
         }
         std::size_t common = expected.size();
-        if (type == 33) {
+        bool whole = !chained;
+        if (type == 32) {
+            common = index_of(expected, "nal_hrd_parameters_present_flag");
+            whole = common == expected.size();
+        } else if (type == 33) {
             common = first_of_a_chained_prediction(expected);
             chained_set_found = chained_set_found || common < expected.size();
         } else if (type == 34 && chained) {
             common = 2;  // the identifiers: the SPS could not be read
         } else if (type < 32) {
             // Without its parameter sets a slice is read up to the identifier of the PPS.
+            const std::size_t flag = index_of(expected, "slice_temporal_mvp_enabled_flag");
             common = chained ? index_of(expected, "slice_pic_parameter_set_id") + 1
-                             : std::min(elements.size(),
-                                        index_of(expected, "slice_temporal_mvp_enabled_flag"));
+                             : std::min(flag, end_of_slice(expected));
+            whole = !chained && common != flag;
         }
         expect_elements(elements, expected, common);
-        if (type >= 32 && !chained) {
+        if (whole) {
             EXPECT_EQ(elements.size(), common);
-        } else if (type < 32 && !chained) {
-            ASSERT_LT(common, expected.size());
-            EXPECT_TRUE(is_behind_list_modification(expected[common].name))
-                << expected[common].name;
         }
-    }
+    });
     EXPECT_EQ(chained_set_found, chained);
 }
 
@@ -255,6 +294,7 @@ TEST(InspectTrace, HasAColumnForEachFact) {
     EXPECT_EQ(result.err, "");
     const std::string path_end(58 - 8, ' ');
     EXPECT_EQ(result.out.substr(0, result.out.find("rbsp_stop_one_bit")),
+              "rules: standard\n"
               "unit 0 at 3: AUD_NUT, 3 bytes, layer 0, temporal id 0\n"
               "         5.0         0      3  pic_type" +
                   path_end +
@@ -370,14 +410,19 @@ TEST(InspectTrace, FailsWithoutInput) {
     EXPECT_NE(missing.err, "");
     const outcome empty = run({"trace", folder.write("empty", "")});
     EXPECT_EQ(empty.status, 1);
-    EXPECT_EQ(empty.out, "");
+    EXPECT_EQ(empty.out, "rules: standard\n");
     EXPECT_NE(empty.err.find("no NAL unit found"), std::string::npos);
 }
 
 TEST(InspectTrace, RejectsWrongArguments) {
     const std::string path = stream_path("hm_still");
-    for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{
-             {"--nal", "x"}, {"--nal", "-1"}, {"--limit", "1x"}, {"--type", "64"}, {"--json"}}) {
+    for (const std::vector<std::string>& options :
+         std::vector<std::vector<std::string>>{{"--nal", "x"},
+                                               {"--nal", "-1"},
+                                               {"--limit", "1x"},
+                                               {"--type", "64"},
+                                               {"--json"},
+                                               {"--rules", "other"}}) {
         std::vector<std::string> arguments = {"trace", path};
         arguments.insert(arguments.end(), options.begin(), options.end());
         const outcome result = run(arguments);

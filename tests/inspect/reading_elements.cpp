@@ -92,15 +92,9 @@ const std::set<std::string>& streams_with_chained_sets() {
 
 bool is_behind_list_modification(const std::string& name) {
     static const std::set<std::string> names = {
-        "slice_temporal_mvp_enabled_flag",  // not read without long-term pictures
-        "mvd_l1_zero_flag",
-        "cabac_init_flag",
-        "collocated_from_l0_flag",
-        "luma_log2_weight_denom",
-        "five_minus_max_num_merge_cand",
-        "slice_qp_delta",
-        "num_entry_point_offsets",
-        "alignment_bit_equal_to_one",
+        "mvd_l1_zero_flag",   "cabac_init_flag",         "collocated_from_l0_flag",
+        "collocated_ref_idx", "luma_log2_weight_denom",  "five_minus_max_num_merge_cand",
+        "slice_qp_delta",     "num_entry_point_offsets", "alignment_bit_equal_to_one",
     };
     return names.count(name) == 1;
 }

@@ -120,7 +120,7 @@ void unit_reader::read_sps(nal_unit& unit, stream_sink& sink) {
     h2645_common_bitreader reader = rbsp_.reader();
     tracing<Rules> walk(reader, sink);
     const bool read = seq_parameter_set_rbsp(walk, sps, vps_store_);
-    if (sps.sps_seq_parameter_set_id > highest_sps_id) {
+    if (read && sps.sps_seq_parameter_set_id > highest_sps_id) {
         unit.faults.push_back(fmt::format("SPS {} has an identifier above {}",
                                           sps.sps_seq_parameter_set_id, highest_sps_id));
     } else if (read) {
@@ -142,7 +142,7 @@ void unit_reader::read_pps(nal_unit& unit, stream_sink& sink) {
     h2645_common_bitreader reader = rbsp_.reader();
     tracing<Rules> walk(reader, sink);
     const bool read = pic_parameter_set_rbsp(walk, pps, sps_store_);
-    if (pps.pps_pic_parameter_set_id > highest_pps_id) {
+    if (read && pps.pps_pic_parameter_set_id > highest_pps_id) {
         unit.faults.push_back(fmt::format("PPS {} has an identifier above {}",
                                           pps.pps_pic_parameter_set_id, highest_pps_id));
     } else if (read) {
