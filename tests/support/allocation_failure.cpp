@@ -8,11 +8,13 @@ namespace kovran::test {
 namespace {
 
 std::size_t allocation_calls = 0;
+std::size_t bytes_asked_for = 0;
 std::size_t blocks = 0;
 std::size_t allocations_until_failure = 0;  // 0: no failure is due
 
 void* allocate(std::size_t size) noexcept {
     ++allocation_calls;
+    bytes_asked_for += size;
     if (allocations_until_failure > 0 && --allocations_until_failure == 0) {
         return nullptr;
     }
@@ -41,10 +43,16 @@ void release(void* block) noexcept {
 }  // namespace
 
 allocation_count::allocation_count()
-    : allocations_before_(allocation_calls), blocks_before_(blocks) {}
+    : allocations_before_(allocation_calls),
+      bytes_before_(bytes_asked_for),
+      blocks_before_(blocks) {}
 
 std::size_t allocation_count::allocations() const {
     return allocation_calls - allocations_before_;
+}
+
+std::size_t allocation_count::bytes() const {
+    return bytes_asked_for - bytes_before_;
 }
 
 bool allocation_count::all_freed() const {

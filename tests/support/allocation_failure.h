@@ -15,11 +15,15 @@ public:
     // Calls of operator new, those that failed included.
     std::size_t allocations() const;
 
+    // What they asked for in all; what was freed meanwhile is not taken off.
+    std::size_t bytes() const;
+
     // Whether there are as many blocks as at the construction.
     bool all_freed() const;
 
 private:
     std::size_t allocations_before_;
+    std::size_t bytes_before_;
     std::size_t blocks_before_;
 };
 

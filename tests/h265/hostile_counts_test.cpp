@@ -1,0 +1,215 @@
+#include <kovran/h265/h265_nal_pps.h>
+#include <kovran/h265/h265_nal_sei_active_parameter_sets.h>
+#include <kovran/h265/h265_nal_sei_buffering_period.h>
+#include <kovran/h265/h265_nal_sei_pic_timing.h>
+#include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_nal_vps.h>
+#include <kovran/h265/h265_slice_segment_header.h>
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <new>
+#include <string>
+
+#include "support/allocation_failure.h"
+#include "support/bit_writer.h"
+#include "support/parameter_sets.h"
+#include "support/rbsp.h"
+
+namespace kovran {
+namespace {
+// What the shortest data can ask for by the largest counts that are accepted. The sizes are those
+// of arrays of 4-byte values and of bits, beside the records that hold them.
+
+using test::allocation_count;
+using test::bit_writer;
+
+// A parse into a fresh record.
+struct cost {
+    std::size_t data = 0;                 // bytes
+    std::size_t memory = 0;               // bytes
+    std::size_t bits_behind_the_end = 0;  // read as zeros
+};
+
+template <class Record, class Parse>
+cost cost_of(const bit_writer& data, Parse parse) {
+    const test::exact_bytes bytes(data.bytes());
+    h2645_common_bitreader reader(bytes.begin(), bytes.end());
+    const allocation_count before;
+    Record record;
+    try {
+        static_cast<void>(parse(record, reader));
+    } catch (const std::bad_alloc&) {
+        ADD_FAILURE() << "more than is accepted";
+    }
+    const std::size_t bits = 8 * bytes.size();
+    const std::size_t position = reader.bit_position();
+    return {bytes.size(), before.bytes(), position > bits ? position - bits : 0};
+}
+
+void expect_cost(const cost& measured, std::size_t data, std::size_t memory,
+                 std::size_t bits_behind_the_end) {
+    EXPECT_EQ(measured.data, data);
+    EXPECT_LE(measured.memory, memory);
+    EXPECT_GE(measured.memory, memory / 2);  // the counts are accepted, and make the arrays long
+    EXPECT_LE(measured.bits_behind_the_end, bits_behind_the_end);
+}
+
+constexpr std::size_t value = sizeof(unsigned int);
+constexpr std::size_t flags_of_128 = 16;
+constexpr std::size_t longest_code = 32;  // of a ue(v) behind the end
+
+// ---- Slice segment headers
+
+// PPS 0 of SPS 0 of VPS 0; the SPS has a long-term picture, and a short-term set of two pictures.
+struct host {
+    host() {
+        vps_store[0];
+        h265_nal_sps& sps = sps_store[0];
+        sps.num_short_term_ref_pic_sets = 1;
+        sps.st_ref_pic_set.resize(1);
+        sps.st_ref_pic_set[0].num_negative_pics = 2;
+        sps.st_ref_pic_set[0].used_by_curr_pic_s0_flag = {true, true};
+        pps_store[0].lists_modification_present_flag = true;
+    }
+
+    cost cost_of_slice(const bit_writer& header) {
+        return cost_of<h265_slice_segment_header>(
+            header, [this](h265_slice_segment_header& slice, h2645_common_bitreader& reader) {
+                return slice.parse(reader, pps_store, sps_store, vps_store, TRAIL_R);
+            });
+    }
+
+    h2645_common_base_store<h265_nal_vps> vps_store;
+    h2645_common_base_store<h265_nal_sps> sps_store;
+    h2645_common_base_store<h265_nal_pps> pps_store;
+};
+
+constexpr unsigned int largest_array = 1048576;
+
+// first_slice_segment_in_pic_flag, slice_pic_parameter_set_id, slice_type, slice_pic_order_cnt_lsb,
+// short_term_ref_pic_set_sps_flag.
+bit_writer p_slice() {
+    return bit_writer().u<1>(1).ue(0).ue(1).u<4>(0).u<1>(1);
+}
+
+TEST(HostileCounts, OfLongTermPicturesTakeThirteenMegabytes) {
+    host state;
+    state.sps_store[0].long_term_ref_pics_present_flag = true;
+    state.sps_store[0].num_long_term_ref_pics_sps = 1;
+    const cost measured = state.cost_of_slice(p_slice().ue(0).ue(largest_array).u<1>(0));
+    // Each entry: poc_lsb_lt in 4 bits and two flags.
+    expect_cost(measured, 7, 3 * largest_array * value + 2 * largest_array / 8,
+                std::size_t{6} * largest_array);
+}
+
+TEST(HostileCounts, OfListEntriesTakeFourMegabytes) {
+    host state;
+    const cost measured =
+        state.cost_of_slice(p_slice().u<1>(1).ue(largest_array - 1).u<1>(1).u<1>(0));
+    // Each entry: 2 bits for the number of two pictures.
+    expect_cost(measured, 7, largest_array * value, std::size_t{2} * largest_array);
+}
+
+// ---- Parameter sets
+
+// Seven sub-layers of which nothing is in the data.
+bit_writer eight_sub_layers() {
+    return test::minimal_profile_tier_level().u<14>(0).u<2>(0);
+}
+
+TEST(HostileCounts, OfHrdStructuresOfAVpsTakeAThirdOfAMegabyte) {
+    test::vps_syntax vps;
+    vps.header = bit_writer().u<4>(0).u<1>(1).u<1>(1).u<6>(0).u<3>(7).u<1>(1).u<16>(0xFFFF);
+    vps.profile_tier_level = eight_sub_layers();
+    vps.timing_info = bit_writer().u<1>(1).u<32>(1).u<32>(1).u<1>(0).ue(128);
+    vps.sub_layer_ordering_info = bit_writer().u<1>(0).ue(0).ue(0).ue(0);
+    vps.extension = bit_writer();
+    const cost measured = cost_of<h265_nal_vps>(
+        vps.payload(),
+        [](h265_nal_vps& record, h2645_common_bitreader& reader) { return record.parse(reader); });
+    constexpr std::size_t sub_layers = 8;
+    const std::size_t structure = sizeof(h265_hrd_parameters) +
+                                  2 * sub_layers * sizeof(h265_nal_sub_layer_hrd_parameters) +
+                                  2 * sub_layers * value + 3 * sub_layers;
+    const std::size_t layers = 7 * sizeof(h265_profile_tier_level::layer_t) + 8 * flags_of_128;
+    expect_cost(measured, 30,
+                128 * (structure + value) + flags_of_128 + layers + 3 * sub_layers * value + 256,
+                128 * (longest_code + 1 + sub_layers * (3 + longest_code)) + 64);
+}
+
+TEST(HostileCounts, OfShortTermSetsOfAnSpsTakeThirtyKilobytes) {
+    test::sps_syntax sps;
+    sps.short_term_ref_pic_sets = bit_writer().ue(128).ue(128).ue(0);
+    sps.long_term_ref_pics = bit_writer();
+    sps.motion_and_smoothing = bit_writer();
+    sps.vui = bit_writer();
+    sps.extension = bit_writer();
+    auto vps_store = test::vps_store_with(0);
+    const cost measured = cost_of<h265_nal_sps>(
+        sps.payload(), [&](h265_nal_sps& record, h2645_common_bitreader& reader) {
+            return record.parse(reader, vps_store);
+        });
+    expect_cost(measured, 25, 128 * (sizeof(h265_st_ref_pic_set) + value) + 2 * flags_of_128 + 256,
+                128 * (longest_code + 1) + 2 * longest_code);
+}
+
+TEST(HostileCounts, OfTilesOfAPpsTakeAKilobyte) {
+    test::pps_syntax pps;
+    pps.tiles = bit_writer().u<1>(1).u<1>(0).ue(128).ue(128).u<1>(0);
+    pps.loop_filter_across_slices = bit_writer();
+    pps.deblocking = bit_writer();
+    pps.scaling_list = bit_writer();
+    pps.lists_and_merge_level = bit_writer();
+    pps.extension = bit_writer();
+    auto sps_store = test::sps_store_with(0);
+    const cost measured = cost_of<h265_nal_pps>(
+        pps.payload(), [&](h265_nal_pps& record, h2645_common_bitreader& reader) {
+            return record.parse(reader, sps_store);
+        });
+    expect_cost(measured, 7, 2 * 128 * value, 2 * 128 * longest_code + 256);
+}
+
+// ---- SEI messages
+
+h2645_common_base_store<h265_nal_sps> sps_store_with_hrd() {
+    h2645_common_base_store<h265_nal_sps> store;
+    store.active_id = 0;
+    h265_hrd_parameters& hrd = store[0].vui_parameters.hrd_parameters;
+    hrd.nal_hrd_parameters_present_flag = true;
+    hrd.vcl_hrd_parameters_present_flag = true;
+    hrd.sub_pic_hrd_params_present_flag = true;
+    hrd.initial_cpb_removal_delay_length_minus1 = 31;
+    hrd.du_cpb_removal_delay_increment_length_minus1 = 31;
+    hrd.cpb_cnt_minus1 = {127};
+    return store;
+}
+
+TEST(HostileCounts, OfABufferingPeriodTakeFourKilobytes) {
+    const auto store = sps_store_with_hrd();
+    const cost measured = cost_of<h265_nal_sei_buffering_period>(
+        bit_writer().ue(0),
+        [&](auto& record, auto& reader) { return record.parse(reader, store); });
+    expect_cost(measured, 1, 8 * 128 * value, 8 * 128 * std::size_t{32});
+}
+
+TEST(HostileCounts, OfPictureTimingTakeAKilobyte) {
+    const auto store = sps_store_with_hrd();
+    const cost measured = cost_of<h265_nal_sei_pic_timing>(
+        bit_writer().u<3>(0).ue(127).u<1>(0),
+        [&](auto& record, auto& reader) { return record.parse(reader, store); });
+    expect_cost(measured, 3, 2 * 128 * value, 128 * (longest_code + 32));
+}
+
+TEST(HostileCounts, OfActiveParameterSetsTakeAKilobyte) {
+    h2645_common_base_store<h265_nal_vps> store;
+    store[0].vps_max_layers_minus1 = 63;
+    const cost measured = cost_of<h265_nal_sei_active_parameter_sets>(
+        bit_writer().u<4>(0).u<2>(0).ue(127),
+        [&](auto& record, auto& reader) { return record.parse(reader, store); });
+    expect_cost(measured, 3, (128 + 64) * value, (128 + 64) * longest_code);
+}
+
+}  // namespace
+}  // namespace kovran
