@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
-#include <new>
 #include <utility>
 #include <vector>
 
@@ -23,22 +22,21 @@ void read_unit(stream_state& state, const kovran::h265_nal& nal,
     switch (nal.nal_unit_type) {
         case kovran::VPS_NUT: {
             kovran::h265_nal_vps vps;
-            vps.cprms_present_flag.assign(1, true);  // read the first HRD structure in full
-            if (vps.parse(bits)) {
+            if (vps.parse_standard(bits)) {
                 state.vps[vps.vps_video_parameter_set_id] = std::move(vps);
             }
             break;
         }
         case kovran::SPS_NUT: {
             kovran::h265_nal_sps sps;
-            if (sps.parse(bits, state.vps)) {
+            if (sps.parse_standard(bits, state.vps)) {
                 state.sps[sps.sps_seq_parameter_set_id] = std::move(sps);
             }
             break;
         }
         case kovran::PPS_NUT: {
             kovran::h265_nal_pps pps;
-            if (pps.parse(bits, state.sps)) {
+            if (pps.parse_standard(bits, state.sps)) {
                 state.pps[pps.pps_pic_parameter_set_id] = std::move(pps);
             }
             break;
@@ -50,15 +48,11 @@ void read_unit(stream_state& state, const kovran::h265_nal& nal,
         return;
     }
     kovran::h265_slice_segment_header slice;
-    try {
-        if (slice.parse(bits, state.pps, state.sps, state.vps, nal.nal_unit_type) &&
-            slice.first_slice_segment_in_pic_flag) {
-            std::printf("%s slice, order count %u: %s\n", slice.slice_type_to_str(),
-                        slice.slice_pic_order_cnt_lsb,
-                        kovran::h265_nal_unit_type_to_str(nal.nal_unit_type));
-        }
-    } catch (const std::bad_alloc&) {
-        std::printf("a slice segment header asks for too much memory\n");
+    if (slice.parse_standard(bits, state.pps, state.sps, state.vps, nal.nal_unit_type) &&
+        slice.first_slice_segment_in_pic_flag) {
+        std::printf("%s slice, order count %u: %s\n", slice.slice_type_to_str(),
+                    slice.slice_pic_order_cnt_lsb,
+                    kovran::h265_nal_unit_type_to_str(nal.nal_unit_type));
     }
 }
 
