@@ -195,6 +195,21 @@ TEST(FramingReference, ScansStartCodesBehindAnyNumberOfZeros) {
     }
 }
 
+TEST(FramingReference, ScansStartCodesBehindLongPadding) {
+    random_bytes random(15);
+    for (const std::size_t zeros : {256U, 272U, 4096U, 4111U, 4112U, 4400U, 8192U, 12000U}) {
+        for (std::size_t more = 0; more < 20; ++more) {
+            for (const unsigned char before : bytes{0, 1}) {
+                bytes data(1, before);
+                data.insert(data.end(), zeros + more, 0);
+                data.insert(data.end(), {0, 0, 1, 0x40, 0x01});
+                const exact_bytes input(data, random.below(64));
+                ASSERT_NO_FATAL_FAILURE(expect_scans_alike(nalfmt_annex_b, input));
+            }
+        }
+    }
+}
+
 TEST(FramingReference, ScansEveryFormat) {
     random_bytes random(3);
     for (const h2645_common_nalfmt format : reader_formats) {
