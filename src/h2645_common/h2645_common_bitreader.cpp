@@ -1,5 +1,7 @@
 #include <kovran/h2645_common/h2645_common_bitreader.h>
 
+#include "h2645_common/inlined_bitreader.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -67,9 +69,7 @@ unsigned int h2645_common_bitreader::ue() {
 }
 
 int h2645_common_bitreader::se() {
-    const unsigned int code = ue();
-    const unsigned int half = code >> 1;
-    return (code & 1U) != 0 ? static_cast<int>(half + 1) : -static_cast<int>(half);
+    return signed_value(ue());
 }
 
 bool h2645_common_more_rbsp_data(h2645_common_bitreader& reader) {

@@ -4,6 +4,7 @@
 #include <kovran/h2645_common/h2645_common_bitreader.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/inlined_bitreader.h"
 #include "h2645_common/resize.h"
 
 #include <cstddef>
@@ -99,7 +100,7 @@ public:
     }
 
 protected:
-    h2645_common_bitreader reader;
+    inlined_bitreader reader;
 
 private:
     // What a field holds, by its reference; a flag of a bit vector has an object in place of one.
