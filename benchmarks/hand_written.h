@@ -5,6 +5,7 @@
 #include <kovran/h265/h265_nal_sps.h>
 #include <kovran/h265/h265_nal_vps.h>
 
+#include "h2645_common/inlined_bitreader.h"
 #include "h2645_common/resize.h"
 
 #include <vector>
@@ -14,8 +15,7 @@ namespace kovran::benchmarks {
 // Parsers as one would write them without a description: a read and a store for each element. They
 // go as far as the parameter sets of sei_everything.hevc need, and are false beyond that.
 
-inline bool hand_written_layer(h265_profile_tier_level::layer_t& layer,
-                               h2645_common_bitreader& bits) {
+inline bool hand_written_layer(h265_profile_tier_level::layer_t& layer, inlined_bitreader& bits) {
     layer.profile_space = static_cast<unsigned char>(bits.get<unsigned int>(2));
     layer.tier_flag = bits.get<unsigned int>(1) != 0;
     layer.profile_idc = static_cast<unsigned char>(bits.get<unsigned int>(5));
@@ -57,7 +57,7 @@ inline bool hand_written_layer(h265_profile_tier_level::layer_t& layer,
 
 inline bool hand_written_profile_tier_level(h265_profile_tier_level& ptl,
                                             unsigned int maxNumSubLayersMinus1,
-                                            h2645_common_bitreader& bits) {
+                                            inlined_bitreader& bits) {
     ptl.general.profile_present_flag = true;
     ptl.general.level_present_flag = true;
     if (!hand_written_layer(ptl.general, bits) || maxNumSubLayersMinus1 != 0 ||
@@ -68,7 +68,7 @@ inline bool hand_written_profile_tier_level(h265_profile_tier_level& ptl,
     return true;
 }
 
-inline bool hand_written_vps(h265_nal_vps& vps, h2645_common_bitreader& bits) {
+inline bool hand_written_vps(h265_nal_vps& vps, inlined_bitreader& bits) {
     vps.vps_video_parameter_set_id = static_cast<unsigned char>(bits.get<unsigned int>(4));
     vps.vps_base_layer_internal_flag = bits.get<unsigned int>(1) != 0;
     vps.vps_base_layer_available_flag = bits.get<unsigned int>(1) != 0;
@@ -106,7 +106,7 @@ inline bool hand_written_vps(h265_nal_vps& vps, h2645_common_bitreader& bits) {
 }
 
 inline bool hand_written_hrd(h265_hrd_parameters& hrd, unsigned int maxNumSubLayersMinus1,
-                             h2645_common_bitreader& bits) {
+                             inlined_bitreader& bits) {
     hrd.valid = false;
     hrd.commonInfPresentFlag = true;
     hrd.maxNumSubLayersMinus1 = maxNumSubLayersMinus1;
@@ -162,7 +162,7 @@ inline bool hand_written_hrd(h265_hrd_parameters& hrd, unsigned int maxNumSubLay
 }
 
 inline bool hand_written_vui(h265_vui_parameters& vui, unsigned int highest,
-                             h2645_common_bitreader& bits) {
+                             inlined_bitreader& bits) {
     vui.valid = false;
     vui.aspect_ratio_info_present_flag = bits.get<unsigned int>(1) != 0;
     if (vui.aspect_ratio_info_present_flag) {
@@ -203,7 +203,7 @@ inline bool hand_written_vui(h265_vui_parameters& vui, unsigned int highest,
     return vui.valid;
 }
 
-inline bool hand_written_sps(h265_nal_sps& sps, h2645_common_bitreader& bits,
+inline bool hand_written_sps(h265_nal_sps& sps, inlined_bitreader& bits,
                              h2645_common_base_store<h265_nal_vps>& vps_store) {
     sps.valid = false;
     sps.sps_video_parameter_set_id = static_cast<unsigned char>(bits.get<unsigned int>(4));
@@ -276,7 +276,7 @@ inline bool hand_written_sps(h265_nal_sps& sps, h2645_common_bitreader& bits,
     return sps.valid;
 }
 
-inline bool hand_written_pps(h265_nal_pps& pps, h2645_common_bitreader& bits,
+inline bool hand_written_pps(h265_nal_pps& pps, inlined_bitreader& bits,
                              h2645_common_base_store<h265_nal_sps>& sps_store) {
     pps.valid = false;
     pps.pps_pic_parameter_set_id = bits.ue();

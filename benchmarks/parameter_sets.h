@@ -7,6 +7,7 @@
 #include <kovran/h265/h265_nal_sps.h>
 #include <kovran/h265/h265_nal_vps.h>
 
+#include "h2645_common/inlined_bitreader.h"
 #include "h2645_common/reading.h"
 #include "h265/h265_nal_pps.syntax.h"
 #include "h265/h265_nal_sps.syntax.h"
@@ -63,15 +64,15 @@ public:
     }
 
     bool written_vps() {
-        h2645_common_bitreader bits = reader_of(vps_rbsp_);
+        inlined_bitreader bits(reader_of(vps_rbsp_));
         return hand_written_vps(vps_store_[0], bits);
     }
     bool written_sps() {
-        h2645_common_bitreader bits = reader_of(sps_rbsp_);
+        inlined_bitreader bits(reader_of(sps_rbsp_));
         return hand_written_sps(sps_store_[0], bits, vps_store_);
     }
     bool written_pps() {
-        h2645_common_bitreader bits = reader_of(pps_rbsp_);
+        inlined_bitreader bits(reader_of(pps_rbsp_));
         return hand_written_pps(pps_, bits, sps_store_);
     }
 
