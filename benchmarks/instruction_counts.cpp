@@ -1,30 +1,30 @@
-// usage: instruction_counts WHAT TIMES
-// Parses one parameter set so many times, for an instruction counter to watch: the difference
-// between two numbers of times is that of the parses alone.
-#include "parameter_sets.h"
+// usage: instruction_counts           lists the kernels
+//        instruction_counts KERNEL    runs one, within counted() and once before it
+// For an instruction counter to watch counted().
+#include <cstdio>
 
-#include <cstdlib>
-#include <map>
-#include <string>
+#include "counted_kernels.h"
+#include "require.h"
+
+// By this name the counter finds what to count.
+extern "C" [[gnu::noinline]] bool counted(const kovran::benchmarks::kernel& run) {
+    return run();
+}
 
 int main(int argc, char** argv) {
-    using kovran::benchmarks::parameter_sets;
-    static const std::map<std::string, bool (parameter_sets::*)()> parsers = {
-        {"described_vps", &parameter_sets::described_vps},
-        {"written_vps", &parameter_sets::written_vps},
-        {"described_sps", &parameter_sets::described_sps},
-        {"written_sps", &parameter_sets::written_sps},
-        {"described_pps", &parameter_sets::described_pps},
-        {"written_pps", &parameter_sets::written_pps},
-    };
-    if (argc != 3 || parsers.count(argv[1]) == 0) {
+    using namespace kovran::benchmarks;
+    const kernels all = all_kernels();
+    if (argc == 1) {
+        for (const auto& [name, run] : all) {
+            std::puts(name.c_str());
+        }
+        return 0;
+    }
+    const auto chosen = all.find(argv[1]);
+    if (chosen == all.end()) {
         return 2;
     }
-    const auto parse = parsers.at(argv[1]);
-    parameter_sets sets;
-    bool parsed = true;
-    for (int times = std::atoi(argv[2]); times > 0; --times) {
-        parsed = (sets.*parse)() && parsed;
-    }
-    return parsed ? 0 : 1;
+    require(chosen->second(), chosen->first);
+    require(counted(chosen->second), chosen->first);
+    return 0;
 }

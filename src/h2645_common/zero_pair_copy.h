@@ -173,8 +173,8 @@ inline std::size_t copy(unsigned char* out, const unsigned char* data, std::size
         return 0;  // pairs often follow one upon the other
     }
 #if defined(__x86_64__)
-    return size >= avx2::width + 2 && has_avx2() ? copy_avx2(out, data, size)
-                                                 : copy_sse2(out, data, size);
+    return size >= avx2::width + 2 && uses_avx2() ? copy_avx2(out, data, size)
+                                                  : copy_sse2(out, data, size);
 #elif defined(__aarch64__)
     return copy_neon(out, data, size);
 #else

@@ -241,6 +241,15 @@ inline bool has_avx2() {
            static_cast<bool>(__builtin_cpu_supports("bmi"));
 }
 
+// KOVRAN_WITHOUT_AVX2 is for programs that must run the same instructions on every machine.
+inline bool uses_avx2() {
+#if defined(KOVRAN_WITHOUT_AVX2)
+    return false;
+#else
+    return has_avx2();
+#endif
+}
+
 #elif defined(__aarch64__)
 
 struct neon {
@@ -296,7 +305,7 @@ const unsigned char* find_neon(const unsigned char* first, const unsigned char* 
 template <class Third>
 const unsigned char* find(const unsigned char* first, const unsigned char* last) {
 #if defined(__x86_64__)
-    return has_avx2() ? find_avx2<Third>(first, last) : find_sse2<Third>(first, last);
+    return uses_avx2() ? find_avx2<Third>(first, last) : find_sse2<Third>(first, last);
 #elif defined(__aarch64__)
     return find_neon<Third>(first, last);
 #else
