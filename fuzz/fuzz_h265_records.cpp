@@ -22,11 +22,17 @@ using kovran::test::allocation_failure;
 
 constexpr std::size_t largest_unbounded_array = 1048576;
 
-// What a parse into a fresh record may ask for beyond a multiple of the data, and read behind its
-// end. Both come from arrays that a count of two bytes makes 128 entries long.
-constexpr std::size_t bytes_for_any_data = std::size_t{512} << 10;
+// What a parse into a fresh record may ask for beyond a multiple of the data, and how far it may
+// read behind its end, where the bits are zeros.
+struct bounds {
+    std::size_t bytes_for_any_data;
+    std::size_t bits_behind_the_end;
+};
 constexpr std::size_t bytes_for_a_byte = 128;
-constexpr std::size_t bits_behind_the_end = std::size_t{1} << 16;
+// 128 HRD structures of a VPS, of eight sub-layers each, take the most of both.
+constexpr bounds own_bounds = {std::size_t{512} << 10, std::size_t{1} << 16};
+// 1024 HRD structures take the most memory, the decoding units of picture timing the most bits.
+constexpr bounds standard_bounds = {std::size_t{4} << 20, std::size_t{1} << 24};
 
 struct host {
     kovran::h2645_common_base_store<kovran::h265_nal_vps> vps;
@@ -43,6 +49,7 @@ struct host {
     kovran::h265_nal_sei_buffering_period period;
     kovran::h265_nal_sei_active_parameter_sets active;
 
+    bool by_standard = false;
     std::size_t failing_allocation = 0;  // 0: none
 
     [[nodiscard]] std::size_t entries() const { return vps.size() + sps.size() + pps.size(); }
@@ -56,20 +63,28 @@ struct data {
     [[nodiscard]] std::size_t size() const { return static_cast<std::size_t>(end - begin); }
 };
 
+template <class Record, class... Arguments>
+bool parse_by_rules(const host& state, Record& record, kovran::h2645_common_bitreader& reader,
+                    Arguments&... arguments) {
+    return state.by_standard ? record.parse_standard(reader, arguments...)
+                             : record.parse(reader, arguments...);
+}
+
 // What `valid` shows after a failure.
 enum class failed_record { is_not_valid, may_stay_valid };
 
 template <class Record, class Parse>
-void parse_fresh(const data& from, Parse parse) {
+void parse_fresh(const host& state, const data& from, Parse parse) {
+    const bounds& bound = state.by_standard ? standard_bounds : own_bounds;
     const allocation_count before;
     {
         Record record;
         auto reader = from.reader();
         const bool read = parse(record, reader);
         claim(read == record.valid, "of a fresh record `valid` is the return value");
-        claim(before.bytes() <= bytes_for_any_data + bytes_for_a_byte * from.size(),
+        claim(before.bytes() <= bound.bytes_for_any_data + bytes_for_a_byte * from.size(),
               "a record takes memory by the size of its data");
-        claim(reader.bit_position() <= 8 * from.size() + bits_behind_the_end,
+        claim(reader.bit_position() <= 8 * from.size() + bound.bits_behind_the_end,
               "little is read behind the end");
     }
     claim(before.all_freed(), "a record frees what it took");
@@ -100,11 +115,12 @@ template <class Record, class Parse>
 bool parse_all_ways(host& state, Record& record, const data& from, failed_record after_failure,
                     Parse parse) {
     const std::size_t entries = state.entries();
-    parse_fresh<Record>(from, parse);
+    parse_fresh<Record>(state, from, parse);
     if (state.failing_allocation != 0) {
         parse_with_failing_allocation<Record>(state, from, parse);
     }
-    const bool may_be_valid = record.valid && after_failure == failed_record::may_stay_valid;
+    const bool may_be_valid =
+        record.valid && !state.by_standard && after_failure == failed_record::may_stay_valid;
     auto reader = from.reader();
     const bool read = parse(record, reader);
     claim(read ? record.valid : !record.valid || may_be_valid, "`valid` is as promised");
@@ -128,9 +144,9 @@ bool parse_to_trailing_bits(host& state, Record& record, const data& from,
 
 void read_vps(host& state, const data& from) {
     kovran::h265_nal_vps& vps = state.vps_record;
-    const bool read =
-        parse_to_trailing_bits(state, vps, from, failed_record::may_stay_valid,
-                               [](auto& target, auto& reader) { return target.parse(reader); });
+    const bool read = parse_to_trailing_bits(
+        state, vps, from, failed_record::may_stay_valid,
+        [&](auto& target, auto& reader) { return parse_by_rules(state, target, reader); });
     if (read) {
         const std::size_t sub_layers = vps.vps_max_sub_layers_minus1 + std::size_t{1};
         claim(vps.profile_tier_level.sub_layers.size() == vps.vps_max_sub_layers_minus1 &&
@@ -152,8 +168,9 @@ void read_vps(host& state, const data& from) {
 void read_sps(host& state, const data& from) {
     kovran::h265_nal_sps& sps = state.sps_record;
     const bool read = parse_to_trailing_bits(
-        state, sps, from, failed_record::is_not_valid,
-        [&](auto& target, auto& reader) { return target.parse(reader, state.vps); });
+        state, sps, from, failed_record::is_not_valid, [&](auto& target, auto& reader) {
+            return parse_by_rules(state, target, reader, state.vps);
+        });
     if (read) {
         const std::size_t sub_layers = sps.sps_max_sub_layers_minus1 + std::size_t{1};
         claim(sps.profile_tier_level.sub_layers.size() == sps.sps_max_sub_layers_minus1 &&
@@ -174,8 +191,9 @@ void read_sps(host& state, const data& from) {
 void read_pps(host& state, const data& from) {
     kovran::h265_nal_pps& pps = state.pps_record;
     const bool read = parse_to_trailing_bits(
-        state, pps, from, failed_record::is_not_valid,
-        [&](auto& target, auto& reader) { return target.parse(reader, state.sps); });
+        state, pps, from, failed_record::is_not_valid, [&](auto& target, auto& reader) {
+            return parse_by_rules(state, target, reader, state.sps);
+        });
     if (read && pps.tiles_enabled_flag && !pps.uniform_spacing_flag) {
         claim(pps.column_width_minus1.size() == pps.num_tile_columns_minus1 &&
                   pps.row_height_minus1.size() == pps.num_tile_rows_minus1,
@@ -207,11 +225,12 @@ void parse_slice(host& state, kovran::h265_slice_segment_header& slice, const da
                  kovran::h265_nal_unit_type type) {
     auto reader = from.reader();
     try {
-        const bool read = slice.parse(reader, state.pps, state.sps, state.vps, type);
+        const bool read =
+            parse_by_rules(state, slice, reader, state.pps, state.sps, state.vps, type);
         claim(read == slice.valid, "a slice segment header tells of the latest parse");
     } catch (const std::bad_alloc&) {
         claim(!slice.valid, "a slice segment header without memory is not valid");
-        claim(asks_for_too_much(slice), "only long arrays are refused");
+        claim(!state.by_standard && asks_for_too_much(slice), "only long arrays are refused");
     }
     check_arrays(slice);
 }
@@ -227,7 +246,7 @@ void parse_slice_with_failing_allocation(host& state, const data& from,
         {
             const allocation_failure failure(state.failing_allocation);
             try {
-                read = slice.parse(reader, state.pps, state.sps, state.vps, type);
+                read = parse_by_rules(state, slice, reader, state.pps, state.sps, state.vps, type);
             } catch (const std::bad_alloc&) {
                 // As promised.
             }
@@ -257,7 +276,7 @@ void read_slice(host& state, const data& from, kovran::h265_nal_unit_type type) 
 void read_message(host& state, const kovran::h265_nal_sei_reader& message) {
     const data payload{message.payload_begin, message.payload_end};
     const auto parse_with_sps = [&](auto& target, auto& reader) {
-        return target.parse(reader, state.sps);
+        return parse_by_rules(state, target, reader, state.sps);
     };
     switch (message.payload_type) {
         case kovran::h265_nal_sei_payload_type_prefix_buffering_period:
@@ -271,9 +290,10 @@ void read_message(host& state, const kovran::h265_nal_sei_reader& message) {
                            parse_with_sps);
             break;
         case kovran::h265_nal_sei_payload_type_prefix_active_parameter_sets:
-            if (parse_all_ways(
-                    state, state.active, payload, failed_record::is_not_valid,
-                    [&](auto& target, auto& reader) { return target.parse(reader, state.vps); })) {
+            if (parse_all_ways(state, state.active, payload, failed_record::is_not_valid,
+                               [&](auto& target, auto& reader) {
+                                   return parse_by_rules(state, target, reader, state.vps);
+                               })) {
                 state.sps.active_id = state.active.active_seq_parameter_set_id.front();
             }
             break;
@@ -319,7 +339,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t siz
         return 0;
     }
     host state;
-    state.failing_allocation = input[0];
+    state.failing_allocation = input[0] % 64;
+    state.by_standard = (input[0] & 0x80) != 0;
+    const bool changes_rules = (input[0] & 0x40) != 0;
     std::vector<unsigned char> stream(input + 1, input + size);
     unsigned char* const end = stream.data() + stream.size();
     kovran::h265_nal_reader next(kovran::nalfmt_annex_b);
@@ -332,6 +354,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t siz
         rbsp.resize(unit.block_decode(rbsp.data(), rbsp.size()));
         rbsp.shrink_to_fit();  // so that a read beyond it is seen
         read_unit(state, rbsp, unit.nal.nal_unit_type);
+        state.by_standard = state.by_standard != changes_rules;
     }
     return 0;
 }

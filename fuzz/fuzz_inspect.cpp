@@ -2,7 +2,7 @@
 // what it could not, and an exit status that tells which; what it prints is what its form promises;
 // and a copy has the units of the stream.
 //
-// Input: a byte for the format, a byte for the verb, the stream.
+// Input: a byte for the format, a byte for the verb and its options, the stream.
 #include <nlohmann/json.hpp>
 
 #include <cstddef>
@@ -17,6 +17,7 @@
 #include "copy.h"
 #include "failure.h"
 #include "redirected.h"
+#include "show_differences.h"
 #include "show_info.h"
 #include "show_nals.h"
 #include "show_syntax.h"
@@ -140,13 +141,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const kovran::h2645_common_nalfmt format = format_of_number(data[0]);
     const std::string& file = stream.path();
 
+    const unsigned int verb = data[1] % 8;
+    const rule_set rules = data[1] / 8 % 2 == 0 ? rule_set::standard : rule_set::own;
+    const unsigned int to = data[1] / 16;
+
     syntax_options syntax;
     syntax.file = file;
     syntax.format = format;
+    syntax.rules = rules;
     outcome result;
-    switch (data[1] % 7) {
+    switch (verb) {
         case 0:
-            result = run([&] { return show_info({file, format}); });
+            result = run([&] { return show_info({file, format, rules}); });
             break;
         case 1: {
             nals_options nals;
@@ -172,8 +178,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             syntax.style = syntax_style::trace;
             result = run([&] { return show_syntax(syntax); });
             break;
+        case 6:
+            result = run([&] { return show_differences({file, format}); });
+            break;
         default:
-            check_copy(file, format, format_of_number(data[1] / 7));
+            check_copy(file, format, format_of_number(to));
             return 0;
     }
     claim(!result.failed, "a file that can be read is shown");
