@@ -6,12 +6,13 @@ set -euo pipefail
 library=$1
 failed=0
 
-foreign=$(nm --dynamic --defined-only --demangle "$library" | cut -d' ' -f3- | grep -v '^kovran::' || true)
+exported=$(nm --dynamic --defined-only --demangle "$library" | cut -d' ' -f3-)
+foreign=$(grep -v '^kovran::' <<<"$exported" || true)
 if [ -n "$foreign" ]; then
     printf 'exported, but not of namespace kovran:\n%s\n' "$foreign"
     failed=1
 fi
-if ! nm --dynamic --defined-only --demangle "$library" | grep -q 'kovran::h265_nal::decode_header'; then
+if ! grep -q '^kovran::h265_nal::decode_header' <<<"$exported"; then
     echo 'kovran::h265_nal::decode_header is not exported'
     failed=1
 fi
