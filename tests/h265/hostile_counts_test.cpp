@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <new>
 #include <string>
 
@@ -114,29 +115,46 @@ TEST(HostileCounts, OfListEntriesTakeFourMegabytes) {
 
 // ---- Parameter sets
 
-// Seven sub-layers of which nothing is in the data.
-bit_writer eight_sub_layers() {
-    return test::minimal_profile_tier_level().u<14>(0).u<2>(0);
+// With so many HRD structures, none of which is in the data.
+bit_writer vps_with_hrd_structures(unsigned int count, unsigned int sub_layers) {
+    test::vps_syntax vps;
+    vps.header = bit_writer().u<4>(0).u<1>(1).u<1>(1).u<6>(0);
+    vps.header.u<3>(sub_layers - 1).u<1>(1).u<16>(0xFFFF);
+    vps.profile_tier_level = test::minimal_profile_tier_level();
+    vps.profile_tier_level.u<16>(0);  // a flag pair for each sub-layer, or two reserved bits
+    vps.sub_layer_ordering_info = bit_writer().u<1>(0).ue(0).ue(0).ue(0);
+    vps.timing_info = bit_writer().u<1>(1).u<32>(1).u<32>(1).u<1>(0).ue(count);
+    vps.extension = bit_writer();
+    return vps.payload();
 }
 
-TEST(HostileCounts, OfHrdStructuresOfAVpsTakeAThirdOfAMegabyte) {
-    test::vps_syntax vps;
-    vps.header = bit_writer().u<4>(0).u<1>(1).u<1>(1).u<6>(0).u<3>(7).u<1>(1).u<16>(0xFFFF);
-    vps.profile_tier_level = eight_sub_layers();
-    vps.timing_info = bit_writer().u<1>(1).u<32>(1).u<32>(1).u<1>(0).ue(128);
-    vps.sub_layer_ordering_info = bit_writer().u<1>(0).ue(0).ue(0).ue(0);
-    vps.extension = bit_writer();
-    const cost measured = cost_of<h265_nal_vps>(
-        vps.payload(),
-        [](h265_nal_vps& record, h2645_common_bitreader& reader) { return record.parse(reader); });
-    constexpr std::size_t sub_layers = 8;
+std::size_t memory_of_hrd_structures(std::size_t count, std::size_t sub_layers) {
     const std::size_t structure = sizeof(h265_hrd_parameters) +
                                   2 * sub_layers * sizeof(h265_nal_sub_layer_hrd_parameters) +
-                                  2 * sub_layers * value + 3 * sub_layers;
-    const std::size_t layers = 7 * sizeof(h265_profile_tier_level::layer_t) + 8 * flags_of_128;
-    expect_cost(measured, 30,
-                128 * (structure + value) + flags_of_128 + layers + 3 * sub_layers * value + 256,
-                128 * (longest_code + 1 + sub_layers * (3 + longest_code)) + 64);
+                                  2 * sub_layers * value + 3 * sizeof(std::uint64_t);
+    return count * (structure + value) + count / 8;
+}
+
+// Everything else in those VPSs.
+constexpr std::size_t other_memory_of_vps = 1024;
+
+TEST(HostileCounts, OfHrdStructuresOfAVpsTakeAThirdOfAMegabyte) {
+    const cost measured =
+        cost_of<h265_nal_vps>(vps_with_hrd_structures(128, 8),
+                              [](auto& record, auto& reader) { return record.parse(reader); });
+    // Each structure: its layer set and cprms_present_flag; of each sub-layer three flags and
+    // cpb_cnt_minus1.
+    expect_cost(measured, 30, memory_of_hrd_structures(128, 8) + other_memory_of_vps,
+                128 * (longest_code + 1 + 8 * (3 + longest_code)) + 64);
+}
+
+// By the standard's rules there are up to 1024, of seven sub-layers.
+TEST(HostileCounts, OfHrdStructuresOfAVpsTakeTwoAndAHalfMegabytesByTheStandard) {
+    const cost measured = cost_of<h265_nal_vps>(
+        vps_with_hrd_structures(1024, 7),
+        [](auto& record, auto& reader) { return record.parse_standard(reader); });
+    expect_cost(measured, 31, memory_of_hrd_structures(1024, 7) + other_memory_of_vps,
+                1024 * (longest_code + 3 + 7 * (3 + longest_code)) + 64);
 }
 
 TEST(HostileCounts, OfShortTermSetsOfAnSpsTakeThirtyKilobytes) {
@@ -200,6 +218,21 @@ TEST(HostileCounts, OfPictureTimingTakeAKilobyte) {
         bit_writer().u<3>(0).ue(127).u<1>(0),
         [&](auto& record, auto& reader) { return record.parse(reader, store); });
     expect_cost(measured, 3, 2 * 128 * value, 128 * (longest_code + 32));
+}
+
+// By the standard's rules there are as many decoding units as coding tree blocks.
+TEST(HostileCounts, OfPictureTimingOfALargePictureTakeAMegabyteByTheStandard) {
+    constexpr unsigned int largest_picture = 139264;  // 512 x 272 blocks of 16x16
+    auto store = sps_store_with_hrd();
+    h265_nal_sps& sps = store[0];
+    sps.pic_width_in_luma_samples = 8192;
+    sps.pic_height_in_luma_samples = 4352;
+    sps.log2_diff_max_min_luma_coding_block_size = 1;
+    sps.vui_parameters.hrd_parameters.sub_pic_cpb_params_in_pic_timing_sei_flag = true;
+    const cost measured = cost_of<h265_nal_sei_pic_timing>(
+        bit_writer().u<3>(0).ue(largest_picture - 1).u<1>(0),
+        [&](auto& record, auto& reader) { return record.parse_standard(reader, store); });
+    expect_cost(measured, 5, 2 * largest_picture * value, largest_picture * (longest_code + 32));
 }
 
 TEST(HostileCounts, OfActiveParameterSetsTakeAKilobyte) {
