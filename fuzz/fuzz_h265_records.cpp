@@ -22,6 +22,10 @@ using kovran::test::allocation_failure;
 
 constexpr std::size_t largest_unbounded_array = 1048576;
 
+// Read of slice segment headers in one input: a few of the longest arrays. Inputs full
+// of them would only be slow.
+constexpr std::size_t enough_bits = std::size_t{1} << 24;
+
 // What a parse into a fresh record may ask for beyond a multiple of the data, and how far it may
 // read behind its end, where the bits are zeros.
 struct bounds {
@@ -51,6 +55,7 @@ struct host {
 
     bool by_standard = false;
     std::size_t failing_allocation = 0;  // 0: none
+    std::size_t bits_of_slices = 0;
 
     [[nodiscard]] std::size_t entries() const { return vps.size() + sps.size() + pps.size(); }
 };
@@ -233,6 +238,7 @@ void parse_slice(host& state, kovran::h265_slice_segment_header& slice, const da
         claim(!state.by_standard && asks_for_too_much(slice), "only long arrays are refused");
     }
     check_arrays(slice);
+    state.bits_of_slices += reader.bit_position();
 }
 
 void parse_slice_with_failing_allocation(host& state, const data& from,
@@ -346,7 +352,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t siz
     unsigned char* const end = stream.data() + stream.size();
     kovran::h265_nal_reader next(kovran::nalfmt_annex_b);
     next.scan(stream.data(), end);
-    while (next.found) {
+    while (next.found && state.bits_of_slices < enough_bits) {
         kovran::h265_nal_reader unit = next;
         next.scan(next.cursor, end);
         std::vector<unsigned char> rbsp(
