@@ -44,6 +44,8 @@ host host_of(const std::uint8_t* bytes) {
     kovran::h265_nal_sps& sps = state.sps[known_id];
     sps.vui_parameters.frame_field_info_present_flag = bit(flags, 0);
     kovran::h265_hrd_parameters& hrd = sps.vui_parameters.hrd_parameters;
+    sps.pic_width_in_luma_samples = 16U * bytes[4];  // coding tree blocks of 8x8
+    sps.pic_height_in_luma_samples = 1080;
     hrd.nal_hrd_parameters_present_flag = bit(flags, 1);
     hrd.vcl_hrd_parameters_present_flag = bit(flags, 2);
     hrd.sub_pic_hrd_params_present_flag = bit(flags, 3);
@@ -117,6 +119,13 @@ bit_count bits_of(const kovran::h265_nal_sei_active_parameter_sets& active,
         bits.ue(active.layer_sps_idx[i]);
     }
     return bits;
+}
+
+template <class Record, class Store>
+void read_by_standard(kovran::h2645_common_bitreader bits, Store& store) {
+    Record record;
+    const bool read = record.parse_standard(bits, store);
+    claim(read == record.valid, "by the standard's rules `valid` is the return value");
 }
 
 void read_period(host& state, kovran::h2645_common_bitreader bits) {
@@ -212,12 +221,15 @@ void read_payload(host& state, const kovran::h265_nal_sei_reader& message) {
     switch (message.payload_type) {
         case kovran::h265_nal_sei_payload_type_prefix_buffering_period:
             read_period(state, bits);
+            read_by_standard<kovran::h265_nal_sei_buffering_period>(bits, state.sps);
             break;
         case kovran::h265_nal_sei_payload_type_prefix_pic_timing:
             read_timing(state, bits);
+            read_by_standard<kovran::h265_nal_sei_pic_timing>(bits, state.sps);
             break;
         case kovran::h265_nal_sei_payload_type_prefix_active_parameter_sets:
             read_active(state, bits);
+            read_by_standard<kovran::h265_nal_sei_active_parameter_sets>(bits, state.vps);
             break;
         default:
             break;
