@@ -79,7 +79,7 @@ bit_count bits_of(const kovran::h265_nal_sei_buffering_period& period,
     const bool alternative =
         hrd.sub_pic_hrd_params_present_flag || period.irap_cpb_params_present_flag;
     for (const bool present : {period.NalHrdBpPresentFlag, period.VclHrdBpPresentFlag}) {
-        bits.u(present ? period.CpbCnt * (alternative ? 4 : 2) * initial : 0);
+        bits.u(present ? initial * period.CpbCnt * (alternative ? 4 : 2) : 0);
     }
     bits.u(period.use_alt_cpb_params_flag_present ? 1 : 0);
     return bits;
@@ -102,8 +102,8 @@ bit_count bits_of(const kovran::h265_nal_sei_pic_timing& timing, const kovran::h
     }
     bits.ue(timing.num_decoding_units_minus1);
     bits.u(1);
-    bits.u(timing.du_common_cpb_removal_delay_flag ? increment
-                                                   : timing.num_decoding_units_minus1 * increment);
+    bits.u(increment *
+           (timing.du_common_cpb_removal_delay_flag ? 1 : timing.num_decoding_units_minus1));
     bits.ue(timing.num_nalus_in_du_minus1);
     return bits;
 }
