@@ -260,5 +260,108 @@ TEST(ParameterSetExhaustion, ClearsValidOfAPps) {
                                becomes_false<h265_nal_pps>);
 }
 
+// What the full structures have that the standard does not allow, or reads otherwise, gives way
+// here.
+
+// Every matrix is the default one.
+test::bit_writer default_scaling_lists() {
+    constexpr unsigned int matrices = 3 * 6 + 2;
+    test::bit_writer bits;
+    for (unsigned int i = 0; i < matrices; ++i) {
+        bits.u<1>(0).ue(0);
+    }
+    return bits;
+}
+
+test::vps_syntax vps_of_the_standard() {
+    test::vps_syntax syntax = test::full_vps().syntax;
+    syntax.timing_info = test::bit_writer().u<1>(1).u<32>(1).u<32>(50).u<1>(0).ue(2);
+    test::append(syntax.timing_info.ue(0), test::full_hrd_parameters().syntax);
+    test::append(syntax.timing_info.ue(1).u<1>(1), test::full_hrd_parameters().syntax);
+    return syntax;
+}
+
+test::sps_syntax sps_of_the_standard() {
+    test::sps_syntax syntax = test::full_sps().syntax;
+    syntax.scaling_list = test::bit_writer().u<1>(1).u<1>(1);
+    test::append(syntax.scaling_list, default_scaling_lists());
+    syntax.short_term_ref_pic_sets = test::bit_writer().ue(2);
+    test::append(syntax.short_term_ref_pic_sets, test::explicit_st_ref_pic_set().syntax);
+    test::append(syntax.short_term_ref_pic_sets, test::predicted_st_ref_pic_set().syntax);
+    return syntax;
+}
+
+test::pps_syntax pps_of_the_standard() {
+    test::pps_syntax syntax = test::full_pps().syntax;
+    syntax.scaling_list = test::bit_writer().u<1>(1);
+    test::append(syntax.scaling_list, default_scaling_lists());
+    return syntax;
+}
+
+// By the standard's rules a record starts afresh, and its memory with it.
+template <class Record, class Parse>
+void expect_standard_failure(const bytes& input, Parse parse) {
+    expect_failure_at_every_allocation(Record(), input, parse, becomes_false<Record>);
+}
+
+TEST(ParameterSetExhaustion, ClearsValidOfAStructureReadByTheStandard) {
+    expect_standard_failure<h265_profile_tier_level>(
+        test::full_profile_tier_level().syntax.bytes(), [](auto& ptl, auto& reader) {
+            return ptl.parse_standard(true, test::sample_max_sub_layers_minus1, reader);
+        });
+    expect_standard_failure<h265_nal_sub_layer_hrd_parameters>(
+        bytes(20, 0xFF), [](auto& hrd, auto& reader) {
+            return hrd.parse_standard(0, 4, h265_hrd_parameters(), reader);
+        });
+    expect_standard_failure<h265_hrd_parameters>(
+        test::full_hrd_parameters().syntax.bytes(), [](auto& hrd, auto& reader) {
+            return hrd.parse_standard(true, test::sample_max_sub_layers_minus1, reader);
+        });
+    expect_standard_failure<h265_scaling_list_data>(
+        default_scaling_lists().bytes(),
+        [](auto& lists, auto& reader) { return lists.parse_standard(reader); });
+    expect_standard_failure<h265_vui_parameters>(
+        test::full_vui_parameters().syntax.bytes(), [](auto& vui, auto& reader) {
+            static h265_nal_sps sps;
+            sps.sps_max_sub_layers_minus1 = test::sample_max_sub_layers_minus1;
+            return vui.parse_standard(reader, sps);
+        });
+}
+
+TEST(ParameterSetExhaustion, ClearsValidOfAShortTermSetReadByTheStandard) {
+    const std::vector<h265_st_ref_pic_set> sets = {test::explicit_st_ref_pic_set().record};
+    expect_standard_failure<h265_st_ref_pic_set>(test::explicit_st_ref_pic_set().syntax.bytes(),
+                                                 [](auto& set, auto& reader) {
+                                                     static const h265_nal_sps sps;
+                                                     return set.parse_standard(reader, sps, 0, {});
+                                                 });
+    expect_standard_failure<h265_st_ref_pic_set>(
+        test::predicted_st_ref_pic_set().syntax.bytes(), [&](auto& set, auto& reader) {
+            static const h265_nal_sps sps;
+            return set.parse_standard(reader, sps, 1, sets);
+        });
+}
+
+TEST(ParameterSetExhaustion, ClearsValidOfAParameterSetReadByTheStandard) {
+    expect_standard_failure<h265_nal_vps>(
+        vps_of_the_standard().rbsp().bytes(),
+        [](auto& vps, auto& reader) { return vps.parse_standard(reader); });
+    expect_standard_failure<h265_nal_sps>(
+        sps_of_the_standard().rbsp().bytes(), [](auto& sps, auto& reader) {
+            static h2645_common_base_store<h265_nal_vps> store = test::vps_store_with(13);
+            return sps.parse_standard(reader, store);
+        });
+    expect_standard_failure<h265_nal_pps>(
+        pps_of_the_standard().rbsp().bytes(), [](auto& pps, auto& reader) {
+            static h2645_common_base_store<h265_nal_sps> store = [] {
+                auto with_large_pictures = test::sps_store_with(15);
+                with_large_pictures[15].pic_width_in_luma_samples = 8192;
+                with_large_pictures[15].pic_height_in_luma_samples = 4320;
+                return with_large_pictures;
+            }();
+            return pps.parse_standard(reader, store);
+        });
+}
+
 }  // namespace
 }  // namespace kovran

@@ -91,6 +91,15 @@ struct slice_syntax {
     }
 };
 
+// The same slice by the standard's rules, where one bit chooses between two sets, and between the
+// two pictures that this slice refers to.
+test::bit_writer slice_read_by_the_standard() {
+    slice_syntax syntax;
+    syntax.short_term_set = test::bit_writer().u<1>(1).u<1>(1);
+    syntax.lists = test::bit_writer().u<1>(1).u<1>(1).u<1>(0).u<1>(1).u<1>(1).u<1>(0).u<1>(1);
+    return syntax.bits();
+}
+
 // short_term_ref_pic_set_sps_flag 0, and a set with one picture before and one after.
 test::bit_writer own_set() {
     return test::bit_writer().u<1>(0).u<1>(0).ue(1).ue(1).ue(2).u<1>(1).ue(3).u<1>(0);
@@ -339,6 +348,49 @@ TEST(SliceExhaustion, LeavesValidOfPicTiming) {
 TEST(SliceExhaustion, LeavesValidOfABufferingPeriod) {
     expect_ending_at_every_allocation<h265_nal_sei_buffering_period>(
         buffering_period(), ending::failure, parse_buffering_period, stays);
+}
+
+TEST(SliceExhaustion, ReachesTheCallerOfASliceReadByTheStandard) {
+    expect_ending_at_every_allocation<h265_slice_segment_header>(
+        slice_read_by_the_standard(), ending::exception,
+        [](auto& slice, auto& reader) {
+            static host stream;
+            stream.sps_store.at(5).lt_ref_pic_poc_lsb_sps = {1, 2, 3};
+            return slice.parse_standard(reader, stream.pps_store, stream.sps_store,
+                                        stream.vps_store, CRA_NUT);
+        },
+        becomes_false);
+}
+
+TEST(SliceExhaustion, ClearsValidOfAMessageReadByTheStandard) {
+    expect_ending_at_every_allocation<h265_nal_sei_active_parameter_sets>(
+        active_parameter_sets(), ending::failure,
+        [](auto& sets, auto& reader) {
+            static h2645_common_base_store<h265_nal_vps> store = vps_store_with_layers();
+            return sets.parse_standard(reader, store);
+        },
+        becomes_false);
+    expect_ending_at_every_allocation<h265_nal_sei_buffering_period>(
+        buffering_period(), ending::failure,
+        [](auto& period, auto& reader) {
+            static const h2645_common_base_store<h265_nal_sps> store = sps_store_with_hrd();
+            return period.parse_standard(reader, store);
+        },
+        becomes_false);
+    expect_ending_at_every_allocation<h265_nal_sei_pic_timing>(
+        pic_timing(), ending::failure,
+        [](auto& timing, auto& reader) {
+            static const h2645_common_base_store<h265_nal_sps> store = [] {
+                auto with_decoding_units = sps_store_with_hrd();
+                h265_nal_sps& sps = with_decoding_units[0];
+                sps.pic_width_in_luma_samples = 640;
+                sps.pic_height_in_luma_samples = 360;
+                sps.vui_parameters.hrd_parameters.sub_pic_cpb_params_in_pic_timing_sei_flag = true;
+                return with_decoding_units;
+            }();
+            return timing.parse_standard(reader, store);
+        },
+        becomes_false);
 }
 
 // ---- The limit of entries
