@@ -83,6 +83,13 @@ TEST(H265NalSeiReader, TakesNullForNoData) {
     expect_no_message(reader);
 }
 
+TEST(H265NalSeiReader, TakesAReversedRangeForNoData) {
+    unsigned char data[] = {0x01, 0x00, 0x01, 0x00};
+    h265_nal_sei_reader reader(data + 4, data, PREFIX_SEI_NUT);
+    EXPECT_FALSE(reader.next_message());
+    expect_no_message(reader);
+}
+
 TEST(H265NalSeiReader, ReadsAMessageAndTheTrailingBits) {
     sei input{0x01, 0x02, 0xAA, 0xBB, 0x80};
     ASSERT_TRUE(input.reader.next_message());
