@@ -56,23 +56,42 @@ std::string flags_set(const layer_t& layer) {
     return set;
 }
 
+layer_t read_layer(h2645_common_bitreader& reader) {
+    layer_t layer;
+    layer.profile_present_flag = true;
+    EXPECT_TRUE(layer.parse(reader));
+    return layer;
+}
+
+// As the general layer, whose level stands behind the bits.
+layer_t read_layer_by_the_standard(h2645_common_bitreader& reader) {
+    constexpr unsigned int level_idc_bits = 8;
+    h265_profile_tier_level ptl;
+    h2645_common_bitreader with_level = reader;
+    EXPECT_TRUE(ptl.parse_standard(true, 0, with_level));
+    reader.skip(static_cast<unsigned int>(with_level.bit_position()) - level_idc_bits);
+    return ptl.general;
+}
+
 // Which flag each of the 44 bits is, found by setting one bit at a time; '.' for a bit that is
 // passed over.
-std::string region_of(unsigned int profile_idc, std::uint32_t compatibility_flags) {
+template <class Read>
+std::string region_of(unsigned int profile_idc, std::uint32_t compatibility_flags, Read read) {
     std::string region;
     for (unsigned int one = 0; one < 44; ++one) {
         test::bit_writer bits = profile_head(profile_idc, compatibility_flags);
         bits.u<44>(std::uint64_t{1} << (43 - one));
         test::rbsp input{bits.bytes()};
-        layer_t layer;
-        layer.profile_present_flag = true;
-        EXPECT_TRUE(layer.parse(input.reader));
+        const std::string set = flags_set(read(input.reader));
         EXPECT_EQ(input.reader.bit_position(), bits.size());
-        const std::string set = flags_set(layer);
         EXPECT_LE(set.size(), 1U);
         region += set.empty() ? "." : set;
     }
     return region;
+}
+
+std::string region_of(unsigned int profile_idc, std::uint32_t compatibility_flags) {
+    return region_of(profile_idc, compatibility_flags, read_layer);
 }
 
 // The regions of clause 7.3.3.
@@ -136,6 +155,16 @@ TEST(H265ProfileTierLevelLayer, ChoosesTheRegionByProfileIdc) {
 TEST(H265ProfileTierLevelLayer, ChoosesTheRegionByACompatibilityFlag) {
     for (unsigned int profile = 0; profile < 32; ++profile) {
         EXPECT_EQ(region_of(0, compatible_with(profile)), expected_region({0, profile})) << profile;
+    }
+}
+
+TEST(H265ProfileTierLevelLayer, ChoosesTheSameRegionByTheStandard) {
+    for (unsigned int profile = 0; profile < 32; ++profile) {
+        EXPECT_EQ(region_of(profile, 0, read_layer_by_the_standard), expected_region({profile}))
+            << profile;
+        EXPECT_EQ(region_of(0, compatible_with(profile), read_layer_by_the_standard),
+                  expected_region({0, profile}))
+            << profile;
     }
 }
 

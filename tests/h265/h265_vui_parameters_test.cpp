@@ -79,13 +79,14 @@ TEST(H265VuiParameters, ReadsTenBitsWhenNothingIsPresent) {
     EXPECT_TRUE(test::same_fields(vui, expected));
 }
 
+constexpr struct {
+    unsigned int width;
+    unsigned int height;
+} table_e_1[] = {{0, 0},   {1, 1},    {12, 11}, {10, 11}, {16, 11}, {40, 33},
+                 {24, 11}, {20, 11},  {32, 11}, {80, 33}, {18, 11}, {15, 11},
+                 {64, 33}, {160, 99}, {4, 3},   {3, 2},   {2, 1}};
+
 TEST(H265VuiParameters, TakesTheAspectRatioFromItsTable) {
-    const struct {
-        unsigned int width;
-        unsigned int height;
-    } table_e_1[] = {{0, 0},   {1, 1},    {12, 11}, {10, 11}, {16, 11}, {40, 33},
-                     {24, 11}, {20, 11},  {32, 11}, {80, 33}, {18, 11}, {15, 11},
-                     {64, 33}, {160, 99}, {4, 3},   {3, 2},   {2, 1}};
     for (unsigned int aspect_ratio_idc = 0; aspect_ratio_idc < 255; ++aspect_ratio_idc) {
         vui_syntax syntax;
         syntax.aspect_ratio = test::bit_writer().u<1>(1).u<8>(aspect_ratio_idc);
@@ -103,6 +104,21 @@ TEST(H265VuiParameters, TakesTheAspectRatioFromItsTable) {
         }
         expected.valid = true;
         EXPECT_TRUE(test::same_fields(vui, expected)) << aspect_ratio_idc;
+    }
+}
+
+TEST(H265VuiParameters, HasTheSameAspectRatiosByTheStandard) {
+    for (unsigned int aspect_ratio_idc = 0; aspect_ratio_idc < 255; ++aspect_ratio_idc) {
+        vui_syntax syntax;
+        syntax.aspect_ratio = test::bit_writer().u<1>(1).u<8>(aspect_ratio_idc);
+        test::rbsp input{syntax.bits().bytes()};
+        h265_nal_sps sps;
+        h265_vui_parameters vui;
+        ASSERT_TRUE(vui.parse_standard(input.reader, sps));
+        const auto ratio = table_e_1[aspect_ratio_idc <= 16 ? aspect_ratio_idc : 0];
+        EXPECT_EQ(vui.sar_width, ratio.width) << aspect_ratio_idc;
+        EXPECT_EQ(vui.sar_height, ratio.height) << aspect_ratio_idc;
+        EXPECT_FALSE(vui.extended_sar_flag) << aspect_ratio_idc;
     }
 }
 

@@ -335,11 +335,13 @@ TEST(ParameterSetExhaustion, ClearsValidOfAShortTermSetReadByTheStandard) {
                                                      static const h265_nal_sps sps;
                                                      return set.parse_standard(reader, sps, 0, {});
                                                  });
-    expect_standard_failure<h265_st_ref_pic_set>(
-        test::predicted_st_ref_pic_set().syntax.bytes(), [&](auto& set, auto& reader) {
-            static const h265_nal_sps sps;
-            return set.parse_standard(reader, sps, 1, sets);
-        });
+    // With deltaRps of 1, -5, -1 and 2 become -4, 0, which goes, and 3; and 1 is added.
+    test::bit_writer predicted = test::bit_writer().u<1>(1).u<1>(0).ue(0);
+    predicted.u<1>(1).u<1>(1).u<1>(1).u<1>(1);
+    expect_standard_failure<h265_st_ref_pic_set>(predicted.bytes(), [&](auto& set, auto& reader) {
+        static const h265_nal_sps sps;
+        return set.parse_standard(reader, sps, 1, sets);
+    });
 }
 
 TEST(ParameterSetExhaustion, ClearsValidOfAParameterSetReadByTheStandard) {

@@ -264,6 +264,9 @@ TEST(StandardStRefPicSet, FailsWhenTheReferenceIsNotWhole) {
     broken = references;
     broken[0].NumDeltaPocs = 4;
     EXPECT_FALSE(parses(bits, broken));
+    broken = references;
+    broken[0].delta_poc_s0_minus1[0] = 32768;
+    EXPECT_FALSE(parses(bits, broken));
 }
 
 }  // namespace

@@ -264,6 +264,8 @@ TEST(StandardSlice, FailsWithACandidateThatTheSpsDoesNotHave) {
     stream.sps().used_by_curr_pic_lt_sps_flag.resize(3);
     EXPECT_TRUE(stream.takes(with_set_of_sps(slice_p).ue(1).ue(0).u<2>(2).u<1>(0).u<1>(0)));
     EXPECT_FALSE(stream.takes(with_set_of_sps(slice_p).ue(1).ue(0).u<2>(3).u<1>(0).u<1>(0)));
+    stream.sps().used_by_curr_pic_lt_sps_flag.resize(2);
+    EXPECT_FALSE(stream.takes(with_set_of_sps(slice_p).ue(1).ue(0).u<2>(2).u<1>(0).u<1>(0)));
 }
 
 // ---- Dependent slice segments
