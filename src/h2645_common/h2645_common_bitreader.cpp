@@ -19,8 +19,8 @@ unsigned int leading_zeros(unsigned int word) {
 
 // `current` may have gone past `end`, where pointers must not be subtracted.
 std::ptrdiff_t distance(const unsigned char* from, const unsigned char* to) {
-    return static_cast<std::ptrdiff_t>(h2645_common_bitreader::address(to) -
-                                       h2645_common_bitreader::address(from));
+    return static_cast<std::ptrdiff_t>(h2645_common_bitreader::address(to)) -
+           static_cast<std::ptrdiff_t>(h2645_common_bitreader::address(from));
 }
 
 // Also of a range that lies behind its end, where the reader has fed past the data.

@@ -2,6 +2,7 @@
 #define KOVRAN_SRC_H265_H265_HRD_PARAMETERS_SYNTAX_H
 
 #include "h2645_common/element.h"
+#include "h2645_common/wrapping.h"
 #include "h265/h265_nal_sub_layer_hrd_parameters.syntax.h"
 
 namespace kovran {
@@ -67,7 +68,8 @@ template <class Walker, class Hrd>
         }
 
         const auto walk_sub_layer = [&walk, &hrd, i](auto& sub_layer) {
-            return sub_layer_hrd_parameters(walk, sub_layer, i, hrd.cpb_cnt_minus1[i] + 1, hrd);
+            return sub_layer_hrd_parameters(walk, sub_layer, i,
+                                            wrapping_sum(hrd.cpb_cnt_minus1[i], 1), hrd);
         };
         if (hrd.nal_hrd_parameters_present_flag &&
             !walk.structure(ELEMENT(hrd, nal_sub_layer_hrd)[i], walk_sub_layer)) {

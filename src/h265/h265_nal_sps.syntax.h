@@ -3,6 +3,7 @@
 
 #include "h2645_common/element.h"
 #include "h2645_common/store_lookup.h"
+#include "h2645_common/wrapping.h"
 #include "h265/h265_profile_tier_level.syntax.h"
 #include "h265/h265_scaling_list_data.syntax.h"
 #include "h265/h265_st_ref_pic_set.syntax.h"
@@ -120,7 +121,8 @@ template <class Walker, class Sps, class VpsStore>
                        sps.used_by_curr_pic_lt_sps_flag)) {
             return false;
         }
-        const auto lsb_bits = static_cast<unsigned char>(sps.log2_max_pic_order_cnt_lsb_minus4 + 4);
+        const auto lsb_bits =
+            static_cast<unsigned char>(wrapping_sum(sps.log2_max_pic_order_cnt_lsb_minus4, 4));
         for (unsigned int i = 0; i < sps.num_long_term_ref_pics_sps; ++i) {
             walk.u_v(lsb_bits, ELEMENT(sps, lt_ref_pic_poc_lsb_sps)[i]);
             walk.u(1, ELEMENT(sps, used_by_curr_pic_lt_sps_flag)[i]);

@@ -2,6 +2,7 @@
 #define KOVRAN_SRC_H265_H265_SCALING_LIST_DATA_SYNTAX_H
 
 #include "h2645_common/element.h"
+#include "h2645_common/wrapping.h"
 
 #include <algorithm>
 
@@ -36,7 +37,7 @@ template <class Walker, class ScalingLists>
             if (sizeId > 1) {
                 auto& dc_coef_minus8 = lists.scaling_list_dc_coef_minus8[sizeId - 2][matrixId];
                 walk.se(ELEMENT(lists, scaling_list_dc_coef_minus8)[sizeId - 2][matrixId]);
-                nextCoef = (static_cast<unsigned int>(dc_coef_minus8) + 8) & 0xFFU;
+                nextCoef = wrapping_sum(static_cast<unsigned int>(dc_coef_minus8), 8) & 0xFFU;
             }
             auto& coefficients = lists.ScalingList[sizeId][matrixId];
             if (!walk.grow(coefNum, coefficients)) {
@@ -46,7 +47,9 @@ template <class Walker, class ScalingLists>
                 int scaling_list_delta_coef = 0;
                 walk.se(named("scaling_list_delta_coef", scaling_list_delta_coef,
                               {{sizeId, matrixId, i}, 3}));
-                nextCoef = (nextCoef + static_cast<unsigned int>(scaling_list_delta_coef)) & 0xFFU;
+                nextCoef =
+                    wrapping_sum(nextCoef, static_cast<unsigned int>(scaling_list_delta_coef)) &
+                    0xFFU;
                 walk.assign(coefficients[i], nextCoef);
             }
         }

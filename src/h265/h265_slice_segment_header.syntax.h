@@ -5,6 +5,7 @@
 
 #include "h2645_common/element.h"
 #include "h2645_common/store_lookup.h"
+#include "h2645_common/wrapping.h"
 #include "h265/h265_ref_pic_lists_modification.syntax.h"
 #include "h265/h265_st_ref_pic_set.syntax.h"
 #include "h265/picture_size.h"
@@ -27,7 +28,7 @@ template <class Walker, class Slice, class Sps>
     if (!Walker::rules::can_have_long_term_pics(slice, sps)) {
         return false;
     }
-    const unsigned int entries = slice.num_long_term_sps + slice.num_long_term_pics;
+    const unsigned int entries = wrapping_sum(slice.num_long_term_sps, slice.num_long_term_pics);
     walk.grow_or_throw(entries, slice.lt_idx_sps, slice.poc_lsb_lt, slice.used_by_curr_pic_lt_flag,
                        slice.delta_poc_msb_present_flag, slice.delta_poc_msb_cycle_lt);
     if (entries != 0) {

@@ -2,6 +2,7 @@
 #define KOVRAN_SRC_H265_H265_ST_REF_PIC_SET_SYNTAX_H
 
 #include "h2645_common/element.h"
+#include "h2645_common/wrapping.h"
 
 namespace kovran {
 
@@ -16,9 +17,10 @@ template <class Walker, class Set, class Sps, class Sets>
     }
     walk.u(1, ELEMENT(set, delta_rps_sign));
     walk.ue(ELEMENT(set, abs_delta_rps_minus1));
-    walk.assign(set.RefRpsIdx, stRpsIdx - 1 - set.delta_idx_minus1);
+    walk.assign(set.RefRpsIdx, wrapping_difference(stRpsIdx - 1, set.delta_idx_minus1));
     const unsigned int absDeltaRps = set.abs_delta_rps_minus1 + 1;
-    walk.assign(set.deltaRps, set.delta_rps_sign ? 0 - absDeltaRps : absDeltaRps);
+    walk.assign(set.deltaRps,
+                set.delta_rps_sign ? wrapping_difference(0, absDeltaRps) : absDeltaRps);
     if (set.RefRpsIdx >= sets.size()) {
         return false;
     }
@@ -72,7 +74,8 @@ template <class Walker, class Set, class Sps, class Sets>
 
     walk.ue(ELEMENT(set, num_negative_pics));
     walk.ue(ELEMENT(set, num_positive_pics));
-    if (set.num_negative_pics + set.num_positive_pics > Walker::rules::max_pics_in_set ||
+    if (wrapping_sum(set.num_negative_pics, set.num_positive_pics) >
+            Walker::rules::max_pics_in_set ||
         set.num_negative_pics > Walker::rules::max_pics_in_one_direction ||
         !walk.grow(set.num_negative_pics, set.delta_poc_s0_minus1, set.used_by_curr_pic_s0_flag)) {
         return false;

@@ -1,6 +1,8 @@
 #ifndef KOVRAN_SRC_H265_PICTURE_SIZE_H
 #define KOVRAN_SRC_H265_PICTURE_SIZE_H
 
+#include "h2645_common/wrapping.h"
+
 namespace kovran {
 
 struct picture_size {
@@ -12,8 +14,9 @@ struct picture_size {
 // coding tree block size makes no sense.
 template <class Sps>
 [[nodiscard]] picture_size picture_size_in_ctbs(const Sps& sps) {
-    const unsigned int CtbLog2SizeY = sps.log2_min_luma_coding_block_size_minus3 + 3 +
-                                      sps.log2_diff_max_min_luma_coding_block_size;
+    const unsigned int CtbLog2SizeY =
+        wrapping_sum(wrapping_sum(sps.log2_min_luma_coding_block_size_minus3, 3),
+                     sps.log2_diff_max_min_luma_coding_block_size);
     if (CtbLog2SizeY >= 32) {
         return {0, 0};
     }
@@ -28,7 +31,7 @@ template <class Sps>
 template <class Sps>
 [[nodiscard]] unsigned int pic_size_in_ctbs(const Sps& sps) {
     const picture_size size = picture_size_in_ctbs(sps);
-    return size.width * size.height;
+    return wrapping_product(size.width, size.height);
 }
 
 }  // namespace kovran

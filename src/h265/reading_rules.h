@@ -1,6 +1,7 @@
 #ifndef KOVRAN_SRC_H265_READING_RULES_H
 #define KOVRAN_SRC_H265_READING_RULES_H
 
+#include "h2645_common/wrapping.h"
 #include "h265/derived_pictures.h"
 #include "h265/picture_size.h"
 #include "h265/scaling_list_prediction.h"
@@ -184,7 +185,7 @@ struct own_rules {
     template <class Slice, class Sps>
     static unsigned int count_long_term_pics(const Slice& slice, const Sps& sps) {
         const auto& flags = sps.used_by_curr_pic_lt_sps_flag;
-        const std::size_t entries = slice.num_long_term_sps + slice.num_long_term_pics;
+        const std::size_t entries = wrapping_sum(slice.num_long_term_sps, slice.num_long_term_pics);
         return static_cast<unsigned int>(std::count(
             flags.begin(),
             flags.begin() + static_cast<std::ptrdiff_t>(std::min(entries, flags.size())), true));
