@@ -463,6 +463,25 @@ TEST(FramingReference, EncodesZerosIntoEveryRoom) {
     }
 }
 
+// Runs of zeros behind bytes that are copied as they are: both may be handled many at a time.
+TEST(FramingReference, WritesNothingBehindTheRoom) {
+    constexpr unsigned char untouched = 0x55;
+    for (const std::size_t clean : {0U, 1U, 7U, 40U, 100U}) {
+        for (std::size_t zeros = 0; zeros <= 60; ++zeros) {
+            bytes payload(clean, 0xAA);
+            payload.insert(payload.end(), zeros, 0);
+            for (std::size_t room = 0; room <= enough_room(payload.size(), 0); ++room) {
+                bytes output(room + 64, untouched);
+                unsigned char* const fence = output.data() + room;
+                h265_nal_writer writer(output.data(), output.data(), fence, nalfmt_annex_b);
+                static_cast<void>(writer.block_encode(payload.data(), payload.size(), trail_r, 0));
+                ASSERT_EQ(std::count(fence, fence + 64, untouched), 64)
+                    << clean << " bytes, " << zeros << " zeros, room of " << room;
+            }
+        }
+    }
+}
+
 TEST(FramingReference, EncodesPatternsAroundBlockLimits) {
     for (const bytes& pattern : patterns) {
         for_each_pattern_at_a_block_limit(pattern, [](const bytes& data) {
