@@ -204,6 +204,8 @@ TEST(StandardBufferingPeriod, FailsWithoutAnSpsOrItsCpbs) {
     EXPECT_FALSE(takes(bits));
     store.at(0).vui_parameters.hrd_parameters.cpb_cnt_minus1.clear();
     EXPECT_FALSE(takes(bits));
+    store[15] = sps_with_delays();
+    EXPECT_TRUE(takes(test::bit_writer().ue(15).u<32>(0xFFFFFFFF).u<32>(0)));
     store[16] = sps_with_delays();
     EXPECT_FALSE(takes(test::bit_writer().ue(16).u<32>(0xFFFFFFFF).u<32>(0)));
 }

@@ -375,8 +375,11 @@ TEST(StandardSlice, FailsWithAReservedSliceType) {
 TEST(StandardSlice, FailsWithAPpsIdentifierAbove63) {
     host stream;
     stream.have_sets(1);
-    stream.pps_store[64] = stream.pps();
+    stream.pps_store[63] = stream.pps();
     stream.pps_store.erase(0);
+    EXPECT_TRUE(stream.takes(test::bit_writer().u<1>(1).ue(63).ue(slice_i).u<4>(0).u<1>(1)));
+    stream.pps_store[64] = stream.pps_store.at(63);
+    stream.pps_store.erase(63);
     EXPECT_FALSE(stream.takes(test::bit_writer().u<1>(1).ue(64).ue(slice_i).u<4>(0).u<1>(1)));
 }
 
