@@ -226,6 +226,18 @@ TEST(H265NalPps, RejectsMoreThan128TileColumnsBeforeReadingSizes) {
     }
 }
 
+// What follows is whole, as if the sizes were no part of it.
+TEST(H265NalPps, RejectsTooManyTilesWhateverFollows) {
+    test::pps_syntax syntax;
+    for (const auto& counts : {tiles(129, 0, false), tiles(0, 129, false)}) {
+        syntax.tiles = counts;
+        syntax.tiles.u<1>(1);  // loop_filter_across_tiles_enabled_flag
+        h265_nal_pps pps;
+        EXPECT_FALSE(parse(pps, syntax));
+        EXPECT_FALSE(pps.valid);
+    }
+}
+
 TEST(H265NalPps, RejectsMoreThan128TileRowsBeforeReadingSizes) {
     for (const unsigned int num_tile_rows_minus1 : {129U, 0xFFFFFFFEU}) {
         test::pps_syntax syntax;
