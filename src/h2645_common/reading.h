@@ -105,8 +105,8 @@ protected:
 private:
     // What a field holds, by its reference; a flag of a bit vector has an object in place of one.
     template <class Field>
-    using value_type = std::conditional_t<std::is_lvalue_reference_v<Field>,
-                                          std::remove_reference_t<Field>, bool>;
+    using value_type =
+        std::conditional_t<std::is_lvalue_reference_v<Field>, std::remove_reference_t<Field>, bool>;
 
     template <class Field>
     static void store(element<Field>& target, unsigned int value) {

@@ -344,8 +344,8 @@ TEST(InspectDump, GoesOnAfterASliceThatAsksForTooMuchMemory) {
     EXPECT_EQ(lines.count("pic_type 2 (B, P and I slices)"), 1U);
 }
 
-// A P slice with a set of its own, 1 1 010 0101 0, without pictures 1 1, without long-term ones 1 1,
-// and num_ref_idx_active_override_flag 0.
+// A P slice with a set of its own, 1 1 010 0101 0, without pictures 1 1, without long-term ones 1
+// 1, and num_ref_idx_active_override_flag 0.
 std::string good_slice() {
     return bytes("000001 0201 d2bd");
 }
