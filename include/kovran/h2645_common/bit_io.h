@@ -105,7 +105,7 @@ struct reader : Reservoir, Source {
     }
 
     [[nodiscard]] unsigned char bits_to_byte_boundary() const {
-        return static_cast<unsigned char>((word_bits - vacant) % 8);
+        return static_cast<unsigned char>((word_bits - vacant) & 7);
     }
 
     // The bits consumed so far, of the data and past its end.
