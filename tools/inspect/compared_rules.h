@@ -91,7 +91,7 @@ struct compared_rules : own_rules {
 
     template <class Walker, class Flags>
     static void infer_first_cprms_present_flag(Walker&, Flags& cprms_present_flag) {
-        decide<bool>("infer_first_cprms_present_flag", cprms_present_flag[0], true);
+        decide<bool>("infer_first_cprms_present_flag", cprms_present_flag[0], /*standard=*/true);
     }
 
     template <class Walker, class Hrd>
@@ -107,14 +107,14 @@ struct compared_rules : own_rules {
     static bool end_predicted_scaling_list(Walker&, ScalingLists& lists, unsigned int sizeId,
                                            unsigned int matrixId) {
         const unsigned int delta = lists.scaling_list_pred_matrix_id_delta[sizeId][matrixId];
-        return decide("end_predicted_scaling_list", true,
+        return decide("end_predicted_scaling_list", /*own=*/true,
                       delta <= matrixId / (sizeId == 3 ? 3 : 1));
     }
 
     template <class Walker, class Set>
     static bool end_predicted_set(Walker& walk, Set& set, const reference_pictures& reference) {
         const auto& flags = set.use_delta_flag;
-        decide("end_predicted_set", false,
+        decide("end_predicted_set", /*own=*/false,
                std::find(flags.begin(), flags.end(), true) != flags.end());
         return own_rules::end_predicted_set(walk, set, reference);
     }
@@ -144,7 +144,7 @@ struct compared_rules : own_rules {
 
     template <class Walker, class Slice, class Sps>
     static bool take_candidate(Walker&, Slice& slice, const Sps& sps, unsigned int i) {
-        return decide("take_candidate", true,
+        return decide("take_candidate", /*own=*/true,
                       slice.lt_idx_sps[i] < sps.lt_ref_pic_poc_lsb_sps.size());
     }
 
