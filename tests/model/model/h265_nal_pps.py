@@ -53,19 +53,48 @@ class h265_nal_pps(
 
     def parse(self, r, sps_store):
         self.valid = False
-        self.pps_pic_parameter_set_id = r.ue()
+        self.pps_pic_parameter_set_id = r.ue("pps_pic_parameter_set_id")
         self.pps_seq_parameter_set_id = r.ue("pps_seq_parameter_set_id")
         sps = sps_store.map.get(self.pps_seq_parameter_set_id)
         if sps is None or not sps.valid:
             return False
 
+        self.first_tools(r)
+        self.num_ref_idx_l0_default_active_minus1 = r.ue("num_ref_idx_active_minus1")
+        self.num_ref_idx_l1_default_active_minus1 = r.ue("num_ref_idx_active_minus1")
+        self.quantisation(r)
+
+        self.tiles_enabled_flag = r.flag("tiles_enabled_flag")
+        self.entropy_coding_sync_enabled_flag = r.flag()
+        if self.tiles_enabled_flag:
+            self.num_tile_columns_minus1 = r.ue("num_tiles_minus1")
+            self.num_tile_rows_minus1 = r.ue("num_tiles_minus1")
+            self.uniform_spacing_flag = r.flag("uniform_spacing_flag")
+            if not self.uniform_spacing_flag:
+                if self.num_tile_columns_minus1 > 128:
+                    return False
+                resize(self.column_width_minus1, self.num_tile_columns_minus1, zero)
+                if self.num_tile_rows_minus1 > 128:
+                    return False
+                self.tile_sizes(r)
+            self.loop_filter_across_tiles_enabled_flag = r.flag()
+
+        self.loop_filters(r)
+        self.pps_scaling_list_data_present_flag = r.flag("scaling_list_data_present_flag")
+        if self.pps_scaling_list_data_present_flag:
+            if not self.scaling_list_data.parse(r):
+                return False
+        self.end(r)
+        return self.valid
+
+    def first_tools(self, r):
         self.dependent_slice_segments_enabled_flag = r.flag()
         self.output_flag_present_flag = r.flag()
         self.num_extra_slice_header_bits = r.u(3)
         self.sign_data_hiding_enabled_flag = r.flag()
         self.cabac_init_present_flag = r.flag()
-        self.num_ref_idx_l0_default_active_minus1 = r.ue("num_ref_idx_active_minus1")
-        self.num_ref_idx_l1_default_active_minus1 = r.ue("num_ref_idx_active_minus1")
+
+    def quantisation(self, r):
         self.init_qp_minus26 = r.se()
         self.constrained_intra_pred_flag = r.flag()
         self.transform_skip_enabled_flag = r.flag()
@@ -80,26 +109,16 @@ class h265_nal_pps(
         self.weighted_pred_flag = r.flag()
         self.weighted_bipred_flag = r.flag()
         self.transquant_bypass_enabled_flag = r.flag()
-        self.tiles_enabled_flag = r.flag("tiles_enabled_flag")
-        self.entropy_coding_sync_enabled_flag = r.flag()
 
-        if self.tiles_enabled_flag:
-            self.num_tile_columns_minus1 = r.ue("num_tiles_minus1")
-            self.num_tile_rows_minus1 = r.ue("num_tiles_minus1")
-            self.uniform_spacing_flag = r.flag("uniform_spacing_flag")
-            if not self.uniform_spacing_flag:
-                if self.num_tile_columns_minus1 > 128:
-                    return False
-                resize(self.column_width_minus1, self.num_tile_columns_minus1, zero)
-                if self.num_tile_rows_minus1 > 128:
-                    return False
-                resize(self.row_height_minus1, self.num_tile_rows_minus1, zero)
-                for i in range(self.num_tile_columns_minus1):
-                    self.column_width_minus1[i] = r.ue()
-                for i in range(self.num_tile_rows_minus1):
-                    self.row_height_minus1[i] = r.ue()
-            self.loop_filter_across_tiles_enabled_flag = r.flag()
+    def tile_sizes(self, r):
+        resize(self.column_width_minus1, self.num_tile_columns_minus1, zero)
+        resize(self.row_height_minus1, self.num_tile_rows_minus1, zero)
+        for i in range(self.num_tile_columns_minus1):
+            self.column_width_minus1[i] = r.ue()
+        for i in range(self.num_tile_rows_minus1):
+            self.row_height_minus1[i] = r.ue()
 
+    def loop_filters(self, r):
         self.pps_loop_filter_across_slices_enabled_flag = r.flag()
         self.deblocking_filter_control_present_flag = r.flag()
         if self.deblocking_filter_control_present_flag:
@@ -109,11 +128,7 @@ class h265_nal_pps(
                 self.pps_beta_offset_div2 = r.se()
                 self.pps_tc_offset_div2 = r.se()
 
-        self.pps_scaling_list_data_present_flag = r.flag("scaling_list_data_present_flag")
-        if self.pps_scaling_list_data_present_flag:
-            if not self.scaling_list_data.parse(r):
-                return False
-
+    def end(self, r):
         self.lists_modification_present_flag = r.flag()
         self.log2_parallel_merge_level_minus2 = r.ue()
         self.slice_segment_header_extension_present_flag = r.flag()
@@ -122,4 +137,3 @@ class h265_nal_pps(
             while r.more_rbsp_data():
                 r.skip(1)
         self.valid = r.skip_rbsp_trailing_bits()
-        return self.valid

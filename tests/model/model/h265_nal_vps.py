@@ -38,45 +38,20 @@ class h265_nal_vps(
     __slots__ = ()
 
     def parse(self, r):
-        self.vps_video_parameter_set_id = r.u(4)
-        self.vps_base_layer_internal_flag = r.flag()
-        self.vps_base_layer_available_flag = r.flag()
-        self.vps_max_layers_minus1 = r.u(6)
-        self.vps_max_sub_layers_minus1 = r.u(3, "max_sub_layers_minus1")
-        self.vps_temporal_id_nesting_flag = r.flag()
-        self.vps_reserved_0xffff_16bits = r.u(16)
-
+        self.first_elements(r)
         if not self.profile_tier_level.parse(True, self.vps_max_sub_layers_minus1, r):
             self.valid = False
             return False
-
-        self.vps_sub_layer_ordering_info_present_flag = r.flag()
-        n = self.vps_max_sub_layers_minus1 + 1
-        resize(self.vps_max_dec_pic_buffering_minus1, n, zero)
-        resize(self.vps_max_num_reorder_pics, n, zero)
-        resize(self.vps_max_latency_increase_plus1, n, zero)
-        for i in range(0 if self.vps_sub_layer_ordering_info_present_flag else n - 1, n):
-            self.vps_max_dec_pic_buffering_minus1[i] = r.ue()
-            self.vps_max_num_reorder_pics[i] = r.ue()
-            self.vps_max_latency_increase_plus1[i] = r.ue()
-
+        self.ordering_info(r)
         self.vps_max_layer_id = r.u(6)
         self.vps_num_layer_sets_minus1 = r.ue("vps_num_layer_sets_minus1")
         if self.vps_num_layer_sets_minus1 > 127:
             return False
-        resize(self.layer_id_included_flag, self.vps_num_layer_sets_minus1 + 1, list)
-        for row in self.layer_id_included_flag[1:]:
-            resize(row, self.vps_max_layer_id + 1, false)
-            for j in range(self.vps_max_layer_id + 1):
-                row[j] = r.flag()
+        self.layer_sets(r)
 
         self.vps_timing_info_present_flag = r.flag("vps_timing_info_present_flag")
         if self.vps_timing_info_present_flag:
-            self.vps_num_units_in_tick = r.u(32)
-            self.vps_time_scale = r.u(32)
-            self.vps_poc_proportional_to_timing_flag = r.flag()
-            if self.vps_poc_proportional_to_timing_flag:
-                self.vps_num_ticks_poc_diff_one_minus1 = r.ue()
+            self.timing_info(r)
             self.vps_num_hrd_parameters = r.ue("vps_num_hrd_parameters")
             if self.vps_num_hrd_parameters != 0:
                 if self.vps_num_hrd_parameters > 128:
@@ -93,10 +68,46 @@ class h265_nal_vps(
                     )
                     if not self.hrd_parameters[i].valid:
                         return False
+        self.end(r)
+        return self.valid
 
+    def first_elements(self, r):
+        self.vps_video_parameter_set_id = r.u(4)
+        self.vps_base_layer_internal_flag = r.flag()
+        self.vps_base_layer_available_flag = r.flag()
+        self.vps_max_layers_minus1 = r.u(6)
+        self.vps_max_sub_layers_minus1 = r.u(3, "max_sub_layers_minus1")
+        self.vps_temporal_id_nesting_flag = r.flag()
+        self.vps_reserved_0xffff_16bits = r.u(16)
+
+    def ordering_info(self, r):
+        self.vps_sub_layer_ordering_info_present_flag = r.flag()
+        n = self.vps_max_sub_layers_minus1 + 1
+        resize(self.vps_max_dec_pic_buffering_minus1, n, zero)
+        resize(self.vps_max_num_reorder_pics, n, zero)
+        resize(self.vps_max_latency_increase_plus1, n, zero)
+        for i in range(0 if self.vps_sub_layer_ordering_info_present_flag else n - 1, n):
+            self.vps_max_dec_pic_buffering_minus1[i] = r.ue()
+            self.vps_max_num_reorder_pics[i] = r.ue()
+            self.vps_max_latency_increase_plus1[i] = r.ue()
+
+    def layer_sets(self, r):
+        resize(self.layer_id_included_flag, self.vps_num_layer_sets_minus1 + 1, list)
+        for row in self.layer_id_included_flag[1:]:
+            resize(row, self.vps_max_layer_id + 1, false)
+            for j in range(self.vps_max_layer_id + 1):
+                row[j] = r.flag()
+
+    def timing_info(self, r):
+        self.vps_num_units_in_tick = r.u(32)
+        self.vps_time_scale = r.u(32)
+        self.vps_poc_proportional_to_timing_flag = r.flag()
+        if self.vps_poc_proportional_to_timing_flag:
+            self.vps_num_ticks_poc_diff_one_minus1 = r.ue()
+
+    def end(self, r):
         self.vps_extension_flag = r.flag("extension_flag")
         if self.vps_extension_flag:
             while r.more_rbsp_data():
                 r.skip(1)
         self.valid = r.skip_rbsp_trailing_bits()
-        return self.valid

@@ -89,23 +89,21 @@ class h265_profile_tier_level(fields(general=layer_t, sub_layers=Array(layer_t),
     def parse(self, profile_present_flag, max_num_sub_layers_minus1, r):
         self.general.profile_present_flag = profile_present_flag
         self.general.level_present_flag = True
-        if not self.general.parse(r):
-            self.valid = False
-            return False
+        self.general.parse(r)
         if max_num_sub_layers_minus1 > 128:
             return False
+        self.read_sub_layers(max_num_sub_layers_minus1, r)
+        self.valid = True
+        return True
+
+    def read_sub_layers(self, max_num_sub_layers_minus1, r):
         resize(self.sub_layers, max_num_sub_layers_minus1, layer_t)
         if max_num_sub_layers_minus1 == 0:
-            self.valid = True
-            return True
+            return
         for layer in self.sub_layers:
             layer.profile_present_flag = r.flag("sub_layer_profile_present_flag")
             layer.level_present_flag = r.flag("sub_layer_level_present_flag")
         for _ in range(max_num_sub_layers_minus1, 8):
             r.skip(2)
         for layer in self.sub_layers:
-            if not layer.parse(r):
-                self.valid = False
-                return False
-        self.valid = True
-        return True
+            layer.parse(r)

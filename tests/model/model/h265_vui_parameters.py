@@ -79,6 +79,9 @@ class h265_vui_parameters(
 
     def parse(self, r, sps):
         """Of `sps` only sps_max_sub_layers_minus1."""
+        return self.read(r, lambda hrd: hrd.parse(True, sps.sps_max_sub_layers_minus1, r))
+
+    def read(self, r, parse_hrd):
         self.valid = False
         self.aspect_ratio_info_present_flag = r.flag()
         if self.aspect_ratio_info_present_flag:
@@ -131,7 +134,7 @@ class h265_vui_parameters(
                 self.vui_num_ticks_poc_diff_one_minus1 = r.ue()
             self.vui_hrd_parameters_present_flag = r.flag("vui_hrd_parameters_present_flag")
             if self.vui_hrd_parameters_present_flag:
-                if not self.hrd_parameters.parse(True, sps.sps_max_sub_layers_minus1, r):
+                if not parse_hrd(self.hrd_parameters):
                     return False
 
         self.bitstream_restriction_flag = r.flag()

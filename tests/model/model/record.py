@@ -122,6 +122,10 @@ class Record:
     def fresh(cls):
         return cls()
 
+    def reset(self):
+        """Makes this a fresh record."""
+        Record.__init__(self)
+
     def copy(self):
         twin = object.__new__(type(self))
         for name, kind in self.kinds:
