@@ -18,6 +18,7 @@
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "record_json.h"
@@ -95,6 +96,39 @@ json outcome(Parse parse, const char* name) {
     }
 }
 
+// Parses by the rules that the step names.
+template <class Record, class... Arguments>
+bool parse_by_rules(const json& step, Record& record, Arguments&&... arguments) {
+    return step.value("rules", "own") == "standard"
+               ? record.parse_standard(std::forward<Arguments>(arguments)...)
+               : record.parse(std::forward<Arguments>(arguments)...);
+}
+
+h2645_common_bitreader reader_of(const exact_bytes& bytes, unsigned char start) {
+    const bool even = start % 2 == 0;
+    h2645_common_bitreader reader;
+    if (!bytes.empty() || even) {
+        reader = h2645_common_bitreader(bytes.begin(), bytes.end());
+    }
+    if (even) {
+        reader.skip(start);
+    } else {
+        static_cast<void>(reader.get<unsigned int>(start));
+    }
+    return reader;
+}
+
+// Of a parse by the standard that fails the case says no more than that; but it started afresh, so
+// that it shows nothing that was in the record before.
+template <class Record, class Parse>
+void compare_failed(const Record& record, Parse parse, h2645_common_bitreader reader,
+                    const json& step, findings& differences) {
+    expect_equal("valid", record.valid, false, differences);
+    Record afresh;
+    expect_equal("returns afresh", parse(afresh, reader, step), false, differences);
+    compare(record, to_json(afresh), place{nullptr, "record", 0}, differences);
+}
+
 // Parses the inputs of all steps into one record: parse(record, reader, step). After each,
 // others(differences, step) looks at what the parser was given besides.
 template <class Record, class Parse, class Others>
@@ -105,26 +139,21 @@ findings run_steps(const json& test_case, Record& record, Parse parse, Others ot
         const json& step = steps[i];
         const exact_bytes bytes(step.at("hex").get<std::string>());
         const auto start = step.at("start").get<unsigned char>();
-        const bool even = start % 2 == 0;
-        h2645_common_bitreader reader;
-        if (!bytes.empty() || even) {
-            reader = h2645_common_bitreader(bytes.begin(), bytes.end());
-        }
-        if (even) {
-            reader.skip(start);
-        } else {
-            static_cast<void>(reader.get<unsigned int>(start));
-        }
+        h2645_common_bitreader reader = reader_of(bytes, start);
 
         findings differences;
         const json result = outcome([&] { return parse(record, reader, step); }, "returns");
         for (const char* name : {"returns", "throws"}) {
             expect_equal(name, result.value(name, json()), step.value(name, json()), differences);
         }
-        expect_equal("bit position", reader.bit_position(), step.at("position"), differences);
-        expect_equal("next bits", reader.get<unsigned int>(16), step.at("next"), differences);
-        compare(record, step.at("record"), place{nullptr, "record", 0}, differences);
-        expect_equal("text", texts(record), step.value("text", json()), differences);
+        if (step.contains("record")) {
+            expect_equal("bit position", reader.bit_position(), step.at("position"), differences);
+            expect_equal("next bits", reader.get<unsigned int>(16), step.at("next"), differences);
+            compare(record, step.at("record"), place{nullptr, "record", 0}, differences);
+            expect_equal("text", texts(record), step.value("text", json()), differences);
+        } else {
+            compare_failed(record, parse, reader_of(bytes, start), step, differences);
+        }
         others(differences, step);
         for (const std::string& difference : differences) {
             all.push_back("step " + std::to_string(i) + ": " + difference);
@@ -150,7 +179,7 @@ findings run_steps_with_store(const json& test_case, const char* name) {
         test_case, record,
         [&](Record& each, h2645_common_bitreader& reader, const json& step) {
             store.active_id = step.value("active_id", store.active_id);
-            return each.parse(reader, store);
+            return parse_by_rules(step, each, reader, store);
         },
         [&](findings& differences, const json& step) {
             compare(store, step.value("active_id", store.active_id), content, name, differences);
@@ -165,8 +194,8 @@ findings run_aud(const json& test_case) {
 findings run_profile_tier_level(const json& test_case) {
     return run_steps<h265_profile_tier_level>(
         test_case, [](auto& record, auto& reader, const json& step) {
-            return record.parse(step.at("profilePresentFlag").get<bool>(),
-                                step.at("maxNumSubLayersMinus1").get<unsigned int>(), reader);
+            return parse_by_rules(step, record, step.at("profilePresentFlag").get<bool>(),
+                                  step.at("maxNumSubLayersMinus1").get<unsigned int>(), reader);
         });
 }
 
@@ -182,8 +211,8 @@ findings run_profile_tier_level_layer(const json& test_case) {
 findings run_hrd(const json& test_case) {
     return run_steps<h265_hrd_parameters>(
         test_case, [](auto& record, auto& reader, const json& step) {
-            return record.parse(step.at("commonInfPresentFlag").get<bool>(),
-                                step.at("maxNumSubLayersMinus1").get<unsigned int>(), reader);
+            return parse_by_rules(step, record, step.at("commonInfPresentFlag").get<bool>(),
+                                  step.at("maxNumSubLayersMinus1").get<unsigned int>(), reader);
         });
 }
 
@@ -191,19 +220,22 @@ findings run_sub_layer_hrd(const json& test_case) {
     const auto hrd = record_of<h265_hrd_parameters>(test_case.at("hrd"));
     return run_steps<h265_nal_sub_layer_hrd_parameters>(
         test_case, [&](auto& record, auto& reader, const json& step) {
-            return record.parse(step.at("subLayerId").get<unsigned int>(),
-                                step.at("cpb_count").get<unsigned int>(), hrd, reader);
+            return parse_by_rules(step, record, step.at("subLayerId").get<unsigned int>(),
+                                  step.at("cpb_count").get<unsigned int>(), hrd, reader);
         });
 }
 
 findings run_vps(const json& test_case) {
-    return run_steps<h265_nal_vps>(
-        test_case, [](auto& record, auto& reader, const json&) { return record.parse(reader); });
+    return run_steps<h265_nal_vps>(test_case, [](auto& record, auto& reader, const json& step) {
+        return parse_by_rules(step, record, reader);
+    });
 }
 
 findings run_scaling_list_data(const json& test_case) {
-    return run_steps<h265_scaling_list_data>(
-        test_case, [](auto& record, auto& reader, const json&) { return record.parse(reader); });
+    return run_steps<h265_scaling_list_data>(test_case,
+                                             [](auto& record, auto& reader, const json& step) {
+                                                 return parse_by_rules(step, record, reader);
+                                             });
 }
 
 // The record may be one of the sets that it is predicted from.
@@ -220,7 +252,8 @@ findings run_st_ref_pic_set(const json& test_case) {
     return run_steps(
         test_case, own < sets.size() ? sets[own] : alone,
         [&](h265_st_ref_pic_set& record, h2645_common_bitreader& reader, const json& step) {
-            return record.parse(reader, sps, step.at("idx").get<unsigned int>(), sets);
+            return parse_by_rules(step, record, reader, sps, step.at("idx").get<unsigned int>(),
+                                  sets);
         },
         [&](findings& differences, const json&) {
             for (std::size_t i = 0; i < sets.size(); ++i) {
@@ -239,7 +272,7 @@ findings run_vui(const json& test_case) {
         [&](h265_vui_parameters& record, h2645_common_bitreader& reader, const json& step) {
             sps.sps_max_sub_layers_minus1 =
                 step.at("sps_max_sub_layers_minus1").get<unsigned char>();
-            return record.parse(reader, sps);
+            return parse_by_rules(step, record, reader, sps);
         },
         [&](findings& differences, const json& step) {
             json expected;
@@ -270,8 +303,8 @@ findings run_slice_segment_header(const json& test_case) {
         test_case, header,
         [&](h265_slice_segment_header& record, h2645_common_bitreader& reader, const json& step) {
             const auto nal_unit_type = step.at("nal_unit_type").get<unsigned int>();
-            return record.parse(reader, pps_store, sps_store, vps_store,
-                                static_cast<h265_nal_unit_type>(nal_unit_type));
+            return parse_by_rules(step, record, reader, pps_store, sps_store, vps_store,
+                                  static_cast<h265_nal_unit_type>(nal_unit_type));
         },
         [&](findings& differences, const json&) {
             constexpr unsigned int none = 0xFFFFFFFF;
@@ -285,15 +318,16 @@ findings run_ref_pic_lists_modification(const json& test_case) {
     return run_steps<h265_ref_pic_lists_modification>(
         test_case, [](auto& record, auto& reader, const json& step) {
             const auto header = record_of<h265_slice_segment_header>(step.at("header"));
-            return record.parse(reader, header);
+            return parse_by_rules(step, record, reader, header);
         });
 }
 
 findings run_pic_timing(const json& test_case) {
     const auto sps = record_of<h265_nal_sps>(test_case.at("sps"));
-    return run_steps<h265_nal_sei_pic_timing>(
-        test_case,
-        [&](auto& record, auto& reader, const json&) { return record.parse(reader, sps); });
+    return run_steps<h265_nal_sei_pic_timing>(test_case,
+                                              [&](auto& record, auto& reader, const json& step) {
+                                                  return parse_by_rules(step, record, reader, sps);
+                                              });
 }
 
 findings run_pic_timing_store(const json& test_case) {
@@ -381,6 +415,21 @@ const std::map<std::string, findings (*)(const json&)> entries = {
     {"sub_layer_hrd", run_sub_layer_hrd},
     {"vps", run_vps},
     {"vui", run_vui},
+    {"standard_active_parameter_sets", run_active_parameter_sets},
+    {"standard_buffering_period", run_buffering_period},
+    {"standard_hrd", run_hrd},
+    {"standard_pic_timing", run_pic_timing},
+    {"standard_pic_timing_store", run_pic_timing_store},
+    {"standard_pps", run_pps},
+    {"standard_profile_tier_level", run_profile_tier_level},
+    {"standard_ref_pic_lists_modification", run_ref_pic_lists_modification},
+    {"standard_scaling_list_data", run_scaling_list_data},
+    {"standard_slice_segment_header", run_slice_segment_header},
+    {"standard_sps", run_sps},
+    {"standard_st_ref_pic_set", run_st_ref_pic_set},
+    {"standard_sub_layer_hrd", run_sub_layer_hrd},
+    {"standard_vps", run_vps},
+    {"standard_vui", run_vui},
 };
 
 // 0 or 1 as the exit status.

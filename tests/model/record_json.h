@@ -532,6 +532,31 @@ h2645_common_base_store<Record> store_of(const json& from) {
     return store;
 }
 
+// With zeros, which `compare` takes as well.
+template <class Value>
+json to_json(const Value& value) {
+    if constexpr (std::is_arithmetic_v<Value>) {
+        return value;
+    } else if constexpr (std::is_same_v<Value, std::vector<bool>>) {
+        std::string digits;
+        for (const bool digit : value) {
+            digits += digit ? '1' : '0';
+        }
+        return digits;
+    } else if constexpr (is_vector<Value>::value) {
+        json entries = json::array();
+        for (const auto& entry : value) {
+            entries.push_back(to_json(entry));
+        }
+        return entries;
+    } else {
+        json record = json::object();
+        fields_of<Value>::visit(
+            value, [&](const char* name, const auto& field) { record[name] = to_json(field); });
+        return record;
+    }
+}
+
 // A field or an entry within a record, as a chain from the inside out.
 struct place {
     const place* outer;

@@ -205,6 +205,10 @@ class StRefPicSet(Entry):
                 parsed(rng, new, lambda s, r: s.parse(r, self.sps, idx, self.sets), 0.1)
                 if rng.random() < 0.08:
                     new.NumDeltaPocs = rng.choice((126, 127, 128, 0xFFFFFFFF))
+        self.give(rng)
+
+    def give(self, rng):
+        """Tells of the sets, one of which may be the record."""
         if rng.random() < 0.7:
             self.sps.num_short_term_ref_pic_sets = len(self.sets)
         self.own = None
@@ -442,6 +446,15 @@ class RefPicListsModification(Entry):
         return record.parse(reader, arguments["header"])
 
 
+HRD_LENGTHS = (
+    "du_cpb_removal_delay_increment_length_minus1",
+    "dpb_output_delay_du_length_minus1",
+    "initial_cpb_removal_delay_length_minus1",
+    "au_cpb_removal_delay_length_minus1",
+    "dpb_output_delay_length_minus1",
+)
+
+
 def timing_sps(rng):
     """An SPS as far as timing messages look at it."""
     sps = h265_nal_sps()
@@ -463,13 +476,7 @@ def timing_sps(rng):
     hrd.vcl_hrd_parameters_present_flag = rng.random() < 0.5
     hrd.sub_pic_hrd_params_present_flag = rng.random() < 0.5
     hrd.sub_pic_cpb_params_in_pic_timing_sei_flag = rng.random() < 0.5
-    for name in (
-        "du_cpb_removal_delay_increment_length_minus1",
-        "dpb_output_delay_du_length_minus1",
-        "initial_cpb_removal_delay_length_minus1",
-        "au_cpb_removal_delay_length_minus1",
-        "dpb_output_delay_length_minus1",
-    ):
+    for name in HRD_LENGTHS:
         length = rng.choice((rng.randrange(32), 22, 23, 24, 25, 30, 31))
         if rng.random() < 0.01:
             length = rng.choice((32, 49, 50, 63, 254, 255))

@@ -1,0 +1,55 @@
+"""pic_parameter_set_rbsp(), H.265 clauses 7.3.2.3 and 7.4.3.3."""
+
+from . import h265_scaling_list_data as scaling_list_reading
+from .arithmetic import size_in_ctbs
+
+MAX_REF_IDX_ACTIVE = 16  # one more than the standard has
+
+
+def parse(pps, r, sps_store):
+    pps.reset()
+    pps.pps_pic_parameter_set_id = r.ue("pps_pic_parameter_set_id")
+    pps.pps_seq_parameter_set_id = r.ue("pps_seq_parameter_set_id")
+    if pps.pps_pic_parameter_set_id > 63 or pps.pps_seq_parameter_set_id > 15:
+        return False
+    sps = sps_store.map.get(pps.pps_seq_parameter_set_id)
+    if sps is None or not sps.valid:
+        return False
+    pps.first_tools(r)
+    pps.num_ref_idx_l0_default_active_minus1 = r.ue("num_ref_idx_active_minus1")
+    pps.num_ref_idx_l1_default_active_minus1 = r.ue("num_ref_idx_active_minus1")
+    for minus1 in (
+        pps.num_ref_idx_l0_default_active_minus1,
+        pps.num_ref_idx_l1_default_active_minus1,
+    ):
+        if minus1 + 1 > MAX_REF_IDX_ACTIVE:
+            return False
+    pps.quantisation(r)
+    pps.tiles_enabled_flag = r.flag("tiles_enabled_flag")
+    pps.entropy_coding_sync_enabled_flag = r.flag()
+    if not tiles(pps, r, sps):
+        return False
+    pps.loop_filters(r)
+    pps.pps_scaling_list_data_present_flag = r.flag("scaling_list_data_present_flag")
+    if pps.pps_scaling_list_data_present_flag:
+        if not scaling_list_reading.parse(pps.scaling_list_data, r):
+            return False
+    pps.end(r)
+    return pps.valid
+
+
+def tiles(pps, r, sps):
+    if not pps.tiles_enabled_flag:
+        pps.uniform_spacing_flag = True
+        pps.loop_filter_across_tiles_enabled_flag = True
+        return True
+    pps.num_tile_columns_minus1 = r.ue("num_tiles_minus1")
+    pps.num_tile_rows_minus1 = r.ue("num_tiles_minus1")
+    pps.uniform_spacing_flag = r.flag("uniform_spacing_flag")
+    if not pps.uniform_spacing_flag:
+        across, down = size_in_ctbs(sps)
+        if pps.num_tile_columns_minus1 >= across or pps.num_tile_rows_minus1 >= down:
+            return False
+        pps.tile_sizes(r)
+    pps.loop_filter_across_tiles_enabled_flag = r.flag()
+    return True

@@ -1,0 +1,51 @@
+"""What suits an element by the standard's limits, in place of what inventor.py has for it."""
+
+from ..inventor import any_code, count, often
+
+
+def mostly_small(rng):
+    """Distances between pictures, such that chains of sets stay near."""
+    choice = rng.random()
+    if choice < 0.9:
+        return rng.randrange(5)
+    if choice < 0.98:
+        return rng.choice((30, 1000, 16383, 32765, 32766, 32767, 32768))
+    return any_code(rng)
+
+
+def index(rng):
+    return rng.choice((0, 0, 1, 1, 2, 3, rng.getrandbits(6)))
+
+
+def pictures(rng):
+    """Of two counts whose sum has a limit."""
+    return rng.randrange(5) if rng.random() < 0.9 else rng.choice((7, 8, 9, 15, 16, 17, 128))
+
+
+HABITS = {
+    "max_sub_layers_minus1": lambda rng: rng.choice((0, 0, 0, 1, 2, 3, 5, 6, 6, 7)),
+    "sps_seq_parameter_set_id": often(range(16)),
+    "pps_pic_parameter_set_id": often((*range(64), 63, 64)),
+    "log2_max_pic_order_cnt_lsb_minus4": often((*range(13), 12, 13)),
+    "vps_num_layer_sets_minus1": count(3, 1023),
+    "vps_num_hrd_parameters": count(5, 1024),
+    "cpb_cnt_minus1": count(2, 31),
+    "num_short_term_ref_pic_sets": often((*range(9), 4, 8, 16, 63, 64, 65)),
+    "num_long_term_ref_pics_sps": often((*range(9), 2, 4, 16, 31, 32, 33)),
+    "num_negative_pics": pictures,
+    "num_positive_pics": pictures,
+    "delta_poc_minus1": mostly_small,
+    "abs_delta_rps_minus1": mostly_small,
+    "delta_idx_minus1": often((0, 0, 0, 1, 2)),
+    "scaling_list_pred_matrix_id_delta": often((0, 0, 0, 0, 1), 0.99),
+    "num_tiles_minus1": count(4, 30),
+    "num_decoding_units_minus1": count(5, 80),
+    "num_sps_ids_minus1": count(4, 15),
+    "active_seq_parameter_set_id": often(range(16), 0.99),
+    "slice_type": often((0, 0, 0, 1, 1, 2, 3)),
+    "short_term_ref_pic_set_idx": index,
+    "num_long_term_sps": lambda rng: rng.choice((0, 0, 1, 1, 2, 3, 15, 16, 17)),
+    "num_long_term_pics": lambda rng: rng.choice((0, 0, 1, 1, 2, 3, 3, 4, 15, 16, 17)),
+    "lt_idx_sps": index,
+    "num_ref_idx_active_minus1": often((0, 0, 1, 1, 2, 3, 14, 15, 15, 16), 0.99),
+}
