@@ -40,6 +40,16 @@ def damaged(rng, bits):
     return bits[:place] + format(rng.getrandbits(8), "08b") + bits[place:]
 
 
+def continuation(rng):
+    """Bits that may well be read as the rest of a structure: many ones make short codes, and behind
+    an extension flag anything goes up to the last one."""
+    length = rng.randrange(1, 400)
+    rest = rng.getrandbits(length)
+    if rng.random() < 0.5:
+        rest |= rng.getrandbits(length)
+    return format(rest, f"0{length}b") + "1"
+
+
 TAILS = (
     lambda rng: "",
     lambda rng: "1",
@@ -61,10 +71,13 @@ def make_input(rng, record, parse, nested, budget, habits, faults):
 
     inventor = Inventor(rng, start, budget, habits)
     try:
-        parse(record.copy(), inventor)
+        fits = parse(record.copy(), inventor)
     except BadAlloc:
-        pass
+        fits = True
     bits = inventor.bits()
+    if not fits:
+        # Something to go on with, for a reader that should have stopped here and does not.
+        bits += continuation(rng)
     if nested or rng.random() < 0.2:
         bits += rng.choice(TAILS)(rng)
     if fault and bits:

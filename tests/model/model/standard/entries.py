@@ -22,7 +22,7 @@ from . import (
     h265_vui_parameters,
     stores,
 )
-from .habits import HABITS
+from .habits import HABITS, NEAR
 
 
 class StandardEntry:
@@ -80,6 +80,8 @@ class StandardSubLayerHrd(StandardEntry, own.SubLayerHrd):
 
 
 class StandardVps(StandardEntry, own.Vps):
+    budget = 80000  # for as many layer sets as there may be
+
     def parse_standard(self, record, reader, arguments):
         return h265_nal_vps.parse(record, reader)
 
@@ -147,6 +149,11 @@ class StandardVui(StandardEntry, own.Vui):
 
 
 class StandardSps(StandardEntry, own.Sps):
+    def __init__(self, rng):
+        super().__init__(rng)
+        if rng.random() < 0.7:
+            self.habits.update(NEAR)
+
     def parse_standard(self, record, reader, arguments):
         return sps_reading.parse(record, reader, self.vps_store)
 

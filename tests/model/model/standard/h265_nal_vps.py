@@ -18,7 +18,7 @@ def parse(vps, r):
         vps.vps_max_num_reorder_pics,
         vps.vps_max_latency_increase_plus1,
     )
-    vps.vps_max_layer_id = r.u(6)
+    vps.vps_max_layer_id = r.u(6, "max_layer_id")
     vps.vps_num_layer_sets_minus1 = r.ue("vps_num_layer_sets_minus1")
     if vps.vps_num_layer_sets_minus1 > 1023:
         return False

@@ -9,7 +9,7 @@ def mostly_small(rng):
     if choice < 0.9:
         return rng.randrange(5)
     if choice < 0.98:
-        return rng.choice((30, 1000, 16383, 32765, 32766, 32767, 32768))
+        return rng.choice((30, 1000, 16383, 32765, 32766, 32767, 32767, 32768))
     return any_code(rng)
 
 
@@ -24,14 +24,14 @@ def pictures(rng):
 
 HABITS = {
     "max_sub_layers_minus1": lambda rng: rng.choice((0, 0, 0, 1, 2, 3, 5, 6, 6, 7)),
-    "sps_seq_parameter_set_id": often(range(16)),
-    "pps_pic_parameter_set_id": often((*range(64), 63, 64)),
-    "log2_max_pic_order_cnt_lsb_minus4": often((*range(13), 12, 13)),
+    "sps_seq_parameter_set_id": often((0, 1, 7, 14, 15, 15, 16)),
+    "pps_pic_parameter_set_id": often((0, 1, 31, 62, 63, 63, 64)),
+    "log2_max_pic_order_cnt_lsb_minus4": often((*range(13), 12, 12, 12, 13)),
     "vps_num_layer_sets_minus1": count(3, 1023),
     "vps_num_hrd_parameters": count(5, 1024),
     "cpb_cnt_minus1": count(2, 31),
-    "num_short_term_ref_pic_sets": often((*range(9), 4, 8, 16, 63, 64, 65)),
-    "num_long_term_ref_pics_sps": often((*range(9), 2, 4, 16, 31, 32, 33)),
+    "num_short_term_ref_pic_sets": often((*range(9), 4, 8, 16, 63, 64, 64, 65)),
+    "num_long_term_ref_pics_sps": often((*range(9), 2, 4, 16, 31, 32, 32, 33)),
     "num_negative_pics": pictures,
     "num_positive_pics": pictures,
     "delta_poc_minus1": mostly_small,
@@ -47,5 +47,14 @@ HABITS = {
     "num_long_term_sps": lambda rng: rng.choice((0, 0, 1, 1, 2, 3, 15, 16, 17)),
     "num_long_term_pics": lambda rng: rng.choice((0, 0, 1, 1, 2, 3, 3, 4, 15, 16, 17)),
     "lt_idx_sps": index,
+    "max_layer_id": lambda rng: rng.choice((0, 0, 1, 5, rng.getrandbits(6))),
     "num_ref_idx_active_minus1": often((0, 0, 1, 1, 2, 3, 14, 15, 15, 16), 0.99),
+}
+
+# Sets that are all within the limits, so that many of them are.
+NEAR = {
+    "num_negative_pics": lambda rng: rng.randrange(4),
+    "num_positive_pics": lambda rng: rng.randrange(4),
+    "delta_poc_minus1": lambda rng: rng.randrange(9),
+    "abs_delta_rps_minus1": lambda rng: rng.randrange(9),
 }

@@ -9,10 +9,11 @@ from ..record import Store
 from . import h265_nal_pps as pps_reading
 from . import h265_nal_sps as sps_reading
 from . import h265_nal_vps as vps_reading
-from .habits import HABITS
+from .habits import HABITS, NEAR
 
 SPS_HABITS = {
     **HABITS,
+    **NEAR,
     "scaling_list_data_present_flag": seldom(0.02),
     "vui_parameters_present_flag": seldom(0.02),
     "long_term_ref_pics_present_flag": seldom(0.7),
