@@ -22,11 +22,9 @@ public:
     [[nodiscard]] std::size_t num_negative() const { return num_negative_; }
     [[nodiscard]] const picture& operator[](std::size_t i) const { return pictures_[i]; }
 
-    // False, and nothing added, when there are too many or the distance is none that
-    // clause 7.4.8 allows.
+    // False, and nothing added, when there are too many.
     [[nodiscard]] bool add(const picture& added) {
-        constexpr std::int64_t farthest = 1 << 15;
-        if (size_ == most || added.delta_poc < -farthest || added.delta_poc >= farthest) {
+        if (size_ == most) {
             return false;
         }
         num_negative_ += added.delta_poc < 0 ? 1 : 0;
@@ -65,10 +63,14 @@ template <class Set>
 }
 
 // The pictures of a set that is predicted from `reference`, equations 7-61 and 7-62; `set` has its
-// flags and deltaRps. False when they are too many or too far.
+// flags and its distance. False when they are too many, or one is farther away than clause 8.3.1
+// has differences of picture order counts.
 template <class Set>
 [[nodiscard]] bool predict_pictures(const short_term_pictures& reference, const Set& set,
                                     short_term_pictures& pictures) {
+    constexpr std::int64_t farthest = 1 << 15;
+    const std::int64_t absDeltaRps = std::int64_t{set.abs_delta_rps_minus1} + 1;
+    const std::int64_t deltaRps = set.delta_rps_sign ? -absDeltaRps : absDeltaRps;
     const std::size_t negative = reference.num_negative();
     const std::size_t all = reference.size();
     // Outwards from the current picture: pictures across the one that the reference set belongs to,
@@ -83,9 +85,10 @@ template <class Set>
             } else if (k > across) {
                 j = begin + k - across - 1;
             }
-            const std::int64_t dPoc = (j < all ? reference[j].delta_poc : 0) + set.deltaRps;
+            const std::int64_t dPoc = (j < all ? reference[j].delta_poc : 0) + deltaRps;
             const bool taken = (before ? dPoc < 0 : dPoc > 0) && set.use_delta_flag[j];
-            if (taken && !pictures.add({dPoc, set.used_by_curr_pic_flag[j]})) {
+            if (taken && (dPoc < -farthest || dPoc >= farthest ||
+                          !pictures.add({dPoc, set.used_by_curr_pic_flag[j]}))) {
                 return false;
             }
         }

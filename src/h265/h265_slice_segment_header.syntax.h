@@ -8,7 +8,6 @@
 #include "h2645_common/wrapping.h"
 #include "h265/h265_ref_pic_lists_modification.syntax.h"
 #include "h265/h265_st_ref_pic_set.syntax.h"
-#include "h265/picture_size.h"
 #include "h265/slice_type.h"
 
 #include <algorithm>
@@ -158,7 +157,7 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         } else {
             walk.clear(slice.dependent_slice_segment_flag);
         }
-        const unsigned int PicSizeInCtbsY = pic_size_in_ctbs(*sps);
+        const unsigned int PicSizeInCtbsY = Walker::rules::pic_size_in_ctbs(*sps);
         if (PicSizeInCtbsY == 0) {
             return false;
         }

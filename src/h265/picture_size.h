@@ -3,20 +3,19 @@
 
 #include "h2645_common/wrapping.h"
 
+#include <cstdint>
+
 namespace kovran {
 
+// PicWidthInCtbsY and PicHeightInCtbsY, equations 7-15 and 7-17; 0 both when there is no coding
+// tree block of that size.
 struct picture_size {
     unsigned int width;
     unsigned int height;
 };
 
-// PicWidthInCtbsY and PicHeightInCtbsY, equations 7-10 to 7-18, in 32 bits; 0 both when the SPS's
-// coding tree block size makes no sense.
 template <class Sps>
-[[nodiscard]] picture_size picture_size_in_ctbs(const Sps& sps) {
-    const unsigned int CtbLog2SizeY =
-        wrapping_sum(wrapping_sum(sps.log2_min_luma_coding_block_size_minus3, 3),
-                     sps.log2_diff_max_min_luma_coding_block_size);
+[[nodiscard]] picture_size picture_size_in_ctbs(const Sps& sps, std::uint64_t CtbLog2SizeY) {
     if (CtbLog2SizeY >= 32) {
         return {0, 0};
     }
@@ -27,10 +26,26 @@ template <class Sps>
     return {in_ctbs(sps.pic_width_in_luma_samples), in_ctbs(sps.pic_height_in_luma_samples)};
 }
 
-// PicSizeInCtbsY, equation 7-19, in 32 bits; 0 when the SPS's sizes make no sense.
 template <class Sps>
-[[nodiscard]] unsigned int pic_size_in_ctbs(const Sps& sps) {
+[[nodiscard]] picture_size picture_size_in_ctbs(const Sps& sps) {
+    return picture_size_in_ctbs(sps, std::uint64_t{sps.log2_min_luma_coding_block_size_minus3} + 3 +
+                                         sps.log2_diff_max_min_luma_coding_block_size);
+}
+
+// PicSizeInCtbsY, equation 7-19.
+template <class Sps>
+[[nodiscard]] std::uint64_t pic_size_in_ctbs(const Sps& sps) {
     const picture_size size = picture_size_in_ctbs(sps);
+    return std::uint64_t{size.width} * size.height;
+}
+
+// The same with every sum and product modulo 2^32.
+template <class Sps>
+[[nodiscard]] unsigned int wrapping_pic_size_in_ctbs(const Sps& sps) {
+    const unsigned int CtbLog2SizeY =
+        wrapping_sum(wrapping_sum(sps.log2_min_luma_coding_block_size_minus3, 3),
+                     sps.log2_diff_max_min_luma_coding_block_size);
+    const picture_size size = picture_size_in_ctbs(sps, CtbLog2SizeY);
     return wrapping_product(size.width, size.height);
 }
 

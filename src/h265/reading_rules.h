@@ -131,6 +131,12 @@ struct own_rules {
 
     // Slice segment headers.
 
+    // Differs from equation 7-19 where sizes are absurd: its sums and products are modulo 2^32.
+    template <class Sps>
+    static unsigned int pic_size_in_ctbs(const Sps& sps) {
+        return wrapping_pic_size_in_ctbs(sps);
+    }
+
     // Differs from clauses 7.4.7.1 and 7.4.7.2, where it is Ceil(Log2(count)): the number of binary
     // digits of a count that is not 0, one more when the count is a power of two.
     static unsigned char index_width(unsigned int count) {
@@ -250,13 +256,11 @@ struct standard_rules {
     static constexpr unsigned int max_pics_in_set = short_term_pictures::most;
     template <class Sps>
     static unsigned int max_tile_columns_minus1(const Sps& sps) {
-        const unsigned int PicWidthInCtbsY = picture_size_in_ctbs(sps).width;
-        return PicWidthInCtbsY != 0 ? PicWidthInCtbsY - 1 : 0;
+        return last_of(picture_size_in_ctbs(sps).width);
     }
     template <class Sps>
     static unsigned int max_tile_rows_minus1(const Sps& sps) {
-        const unsigned int PicHeightInCtbsY = picture_size_in_ctbs(sps).height;
-        return PicHeightInCtbsY != 0 ? PicHeightInCtbsY - 1 : 0;
+        return last_of(picture_size_in_ctbs(sps).height);
     }
     static constexpr unsigned int max_sps_id = 15;
     static constexpr unsigned int max_pps_id = 63;
@@ -403,6 +407,13 @@ struct standard_rules {
 
     // Slice segment headers.
 
+    // 0, as for a size that makes no sense, from 2^32 blocks on.
+    template <class Sps>
+    static unsigned int pic_size_in_ctbs(const Sps& sps) {
+        const std::uint64_t PicSizeInCtbsY = kovran::pic_size_in_ctbs(sps);
+        return PicSizeInCtbsY >> 32 == 0 ? static_cast<unsigned int>(PicSizeInCtbsY) : 0;
+    }
+
     // Ceil( Log2( count ) ).
     static unsigned char index_width(unsigned int count) {
         unsigned char width = 0;
@@ -490,8 +501,8 @@ struct standard_rules {
     template <class Sps>
     static unsigned int max_decoding_units(const Sps& sps) {
         // The largest picture of table A.8 in the smallest coding tree blocks.
-        constexpr unsigned int largest_picture = 35651584 / (16 * 16);
-        return std::min(pic_size_in_ctbs(sps), largest_picture);
+        constexpr std::uint64_t largest_picture = 35651584 / (16 * 16);
+        return static_cast<unsigned int>(std::min(kovran::pic_size_in_ctbs(sps), largest_picture));
     }
     static constexpr unsigned int max_active_sps_ids = 16;
     static constexpr unsigned int max_active_layers = 63;
@@ -502,6 +513,13 @@ struct standard_rules {
     }
 
 private:
+    // The last of so many tiles in a direction, which are no more than the blocks of a picture, of
+    // whatever level: Sqrt( MaxLumaPs * 8 ) samples, clause A.4.1, in the smallest blocks.
+    static unsigned int last_of(unsigned int tiles) {
+        constexpr unsigned int longest_side = 16888 / 16 + 1;
+        return tiles != 0 ? std::min(tiles, longest_side) - 1 : 0;
+    }
+
     template <class Walker, class Layer>
     static bool infer_profile(Walker& walk, Layer& layer, const Layer& above) {
         const std::size_t flags = above.profile_compatibility_flag.size();

@@ -640,6 +640,10 @@ TEST(StandardPps, HasNoMoreTilesThanThePictureHasCodingTreeBlocks) {
     EXPECT_TRUE(takes(5, 2));
     EXPECT_FALSE(takes(6, 1));
     EXPECT_FALSE(takes(1, 3));
+    // Sqrt( 8 * 35651584 ) samples, in blocks of 16.
+    sps.pic_width_in_luma_samples = 0xFFFFFFF0;
+    EXPECT_TRUE(takes(1056, 1));
+    EXPECT_FALSE(takes(1057, 1));
     sps.log2_diff_max_min_luma_coding_block_size = 40;  // no size at all
     EXPECT_TRUE(takes(1, 1));
     EXPECT_FALSE(takes(2, 1));

@@ -251,6 +251,25 @@ TEST(StandardStRefPicSet, PredictsNoPictureTooFarAway) {
     EXPECT_TRUE(parses(predicted(-32769, {kept::dropped}), none));
 }
 
+// 2^32 - 1 before and after, which 32 bits hold as 1 and -1.
+TEST(StandardStRefPicSet, DoesNotWrapDistances) {
+    const ref_pic_sets one = {set_of({{-1, true}}, {})};
+    for (const unsigned int delta_rps_sign : {0U, 1U}) {
+        test::bit_writer bits;
+        bits.u<1>(1).u(1, delta_rps_sign).ue(0xFFFFFFFE).u<2>(0b11);
+        EXPECT_FALSE(parses(bits, one));
+    }
+}
+
+// -10 and 2^15 - 10 are in the range that the reference, 2^15, is not in.
+TEST(StandardStRefPicSet, PredictsFromAPictureTooFarAway) {
+    const ref_pic_sets far = {set_of({}, {{1 << 15, true}})};
+    expect_pictures(parsed(predicted(-10, {kept::used, kept::used}), 1, far), {{-10, true}},
+                    {{(1 << 15) - 10, true}});
+    expect_pictures(parsed(predicted(1, {kept::dropped, kept::used}), 1, far), {}, {{1, true}});
+    EXPECT_FALSE(parses(predicted(1, {kept::used, kept::used}), far));
+}
+
 TEST(StandardStRefPicSet, FailsWhenTheReferenceIsNotWhole) {
     const auto bits = predicted(-1, {kept::used, kept::used, kept::used, kept::used});
     EXPECT_TRUE(parses(bits, references));

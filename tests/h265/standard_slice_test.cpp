@@ -149,6 +149,41 @@ TEST(StandardSlice, HasAnAddressAsWideAsTheStandardSays) {
     }
 }
 
+TEST(StandardSlice, FailsWithoutAPictureSizeThatAnAddressCanCount) {
+    // first_slice_segment_in_pic_flag and slice_pic_parameter_set_id are the first two bits.
+    const test::bit_writer bits = test::bit_writer().u<1>(0).ue(0).u<32>(0).u<32>(0);
+    host stream;
+    const auto bits_read = [&] {
+        h265_slice_segment_header slice;
+        return stream.parse(slice, bits, TRAIL_R).bits;
+    };
+    stream.sps().log2_diff_max_min_luma_coding_block_size = 0;
+    stream.sps().pic_width_in_luma_samples = 0xFFFFFFF8;  // 2^29 - 1 blocks of 8
+    stream.sps().pic_height_in_luma_samples = 64;
+    EXPECT_GE(bits_read(), 2U + 32U);  // 2^32 - 8 of them
+    stream.sps().pic_height_in_luma_samples = 65;
+    EXPECT_EQ(bits_read(), 2U);
+
+    // 2 + 3 - 2 in 32 bits.
+    stream.sps().pic_width_in_luma_samples = 64;
+    stream.sps().log2_min_luma_coding_block_size_minus3 = 2;
+    stream.sps().log2_diff_max_min_luma_coding_block_size = 0xFFFFFFFE;
+    EXPECT_EQ(bits_read(), 2U);
+}
+
+// What a segment has before its address are the values that the header begins with.
+TEST(StandardSlice, HasDefaultsInADependentSegment) {
+    host stream;
+    stream.have_sets(3);
+    stream.pps().dependent_slice_segments_enabled_flag = true;
+    stream.pps().num_ref_idx_l0_default_active_minus1 = 4;
+    stream.sps().pic_width_in_luma_samples = 128;
+    const auto slice = stream.parsed(test::bit_writer().u<1>(0).ue(0).u<1>(1).u<1>(1));
+    EXPECT_EQ(slice.CurrRpsIdx, 3U);
+    EXPECT_EQ(slice.num_ref_idx_l0_active_minus1, 4U);
+    EXPECT_FALSE(slice.pic_output_flag);
+}
+
 // ---- Temporal motion vector prediction
 
 TEST(StandardSlice, HasTheTemporalMvpFlagWheneverTheSpsEnablesIt) {

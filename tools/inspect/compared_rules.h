@@ -119,6 +119,12 @@ struct compared_rules : own_rules {
         return own_rules::end_predicted_set(walk, set, reference);
     }
 
+    template <class Sps>
+    static unsigned int pic_size_in_ctbs(const Sps& sps) {
+        return decide("pic_size_in_ctbs", own_rules::pic_size_in_ctbs(sps),
+                      standard_rules::pic_size_in_ctbs(sps));
+    }
+
     static unsigned char index_width(unsigned int count) {
         return decide("index_width", own_rules::index_width(count),
                       standard_rules::index_width(count));

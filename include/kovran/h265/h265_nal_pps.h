@@ -85,8 +85,8 @@ struct h265_nal_pps {
     // False, with `valid` false: pps_pic_parameter_set_id is above 63 or pps_seq_parameter_set_id
     // above 15; the SPS is not in the store, or not valid; a number of reference indices is above
     // 16; spacing is not uniform and there are more tile columns or rows than the SPS's picture has
-    // coding tree blocks; the scaling lists cannot be read; there is no memory; or the trailing
-    // bits are malformed.
+    // coding tree blocks, 1056 at the most; the scaling lists cannot be read; there is no memory;
+    // or the trailing bits are malformed.
     [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                                  h2645_common_base_store<h265_nal_sps>& sps_store);
 };

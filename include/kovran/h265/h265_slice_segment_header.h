@@ -93,8 +93,9 @@ struct h265_slice_segment_header {
     // pictures. A long-term entry that names a candidate has its poc_lsb_lt and
     // used_by_curr_pic_lt_flag, and NumPicTotalCurr is that of equation 7-55.
     //
-    // In a dependent slice segment what is not read is as in a fresh record: the values are those
-    // of the independent slice segment before it, which the host has.
+    // In a dependent slice segment what is not read is as in a fresh record, but for CurrRpsIdx and
+    // the two num_ref_idx_lX_active_minus1, which have the values that they begin with: the
+    // header's are those of the independent slice segment before it, which the host has.
     //
     // False, with `valid` false: as above, except for the last reason; or the PPS identifier is
     // above 63, slice_type above 2, short_term_ref_pic_set_idx or lt_idx_sps beyond what the SPS

@@ -53,8 +53,8 @@ struct h265_st_ref_pic_set {
     // predicted from must have been read this way too.
     //
     // False, with `valid` false: the reference is outside `sets`, or its arrays do not fit its
-    // counts; this set or the reference has more than 16 pictures, or a predicted picture is 2^15
-    // or more away; or there is no memory.
+    // counts; this set or the reference has more than 16 pictures; a predicted picture is outside
+    // -2^15 to 2^15 - 1; or there is no memory.
     [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                                  const h265_nal_sps& sps, unsigned int idx,
                                                  const std::vector<h265_st_ref_pic_set>& sets);

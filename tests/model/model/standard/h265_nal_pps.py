@@ -4,6 +4,8 @@ from . import h265_scaling_list_data as scaling_list_reading
 from .arithmetic import size_in_ctbs
 
 MAX_REF_IDX_ACTIVE = 16  # one more than the standard has
+# Of a picture of level 6.2, in blocks of 16 samples: Sqrt( 8 * 35651584 ) / 16.
+LONGEST_SIDE = 1056
 
 
 def parse(pps, r, sps_store):
@@ -47,7 +49,7 @@ def tiles(pps, r, sps):
     pps.num_tile_rows_minus1 = r.ue("num_tiles_minus1")
     pps.uniform_spacing_flag = r.flag("uniform_spacing_flag")
     if not pps.uniform_spacing_flag:
-        across, down = size_in_ctbs(sps)
+        across, down = (min(blocks, LONGEST_SIDE) for blocks in size_in_ctbs(sps))
         if pps.num_tile_columns_minus1 >= across or pps.num_tile_rows_minus1 >= down:
             return False
         pps.tile_sizes(r)

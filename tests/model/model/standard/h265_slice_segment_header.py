@@ -25,6 +25,9 @@ def parse(header, r, pps_store, sps_store, vps_store, nal_unit_type):
     sps = sps_store.map.get(pps.pps_seq_parameter_set_id) if pps else None
     if sps is None or sps.sps_video_parameter_set_id not in vps_store.map:
         return False
+    header.CurrRpsIdx = sps.num_short_term_ref_pic_sets
+    header.num_ref_idx_l0_active_minus1 = pps.num_ref_idx_l0_default_active_minus1
+    header.num_ref_idx_l1_active_minus1 = pps.num_ref_idx_l1_default_active_minus1
 
     if not header.first_slice_segment_in_pic_flag:
         if pps.dependent_slice_segments_enabled_flag:
@@ -40,10 +43,6 @@ def parse(header, r, pps_store, sps_store, vps_store, nal_unit_type):
 
 
 def independent(header, r, pps, sps, is_idr):
-    header.CurrRpsIdx = sps.num_short_term_ref_pic_sets
-    header.num_ref_idx_l0_active_minus1 = pps.num_ref_idx_l0_default_active_minus1
-    header.num_ref_idx_l1_active_minus1 = pps.num_ref_idx_l1_default_active_minus1
-
     r.skip(pps.num_extra_slice_header_bits)
     header.slice_type = r.ue("slice_type")
     if header.slice_type > I:
