@@ -414,10 +414,10 @@ struct standard_rules {
         return PicSizeInCtbsY >> 32 == 0 ? static_cast<unsigned int>(PicSizeInCtbsY) : 0;
     }
 
-    // Ceil( Log2( count ) ).
+    // Ceil( Log2( count ) ), of a count that is not 0.
     static unsigned char index_width(unsigned int count) {
         unsigned char width = 0;
-        for (unsigned int highest = count != 0 ? count - 1 : 0; highest != 0; highest >>= 1) {
+        for (unsigned int highest = count - 1; highest != 0; highest >>= 1) {
             ++width;
         }
         return width;

@@ -283,6 +283,15 @@ TEST(StandardStRefPicSet, FailsWhenTheReferenceIsNotWhole) {
     broken = references;
     broken[0].NumDeltaPocs = 4;
     EXPECT_FALSE(parses(bits, broken));
+    // 17 and 2^32 - 1 are 16 in 32 bits.
+    std::vector<picture> before;
+    for (int i = 1; i <= 17; ++i) {
+        before.push_back({-i, true});
+    }
+    broken[0] = set_of(before, {});
+    broken[0].num_positive_pics = 0xFFFFFFFF;
+    broken[0].NumDeltaPocs = 16;
+    EXPECT_FALSE(parses(bits, broken));
     broken = references;
     broken[0].delta_poc_s0_minus1[0] = 32768;
     EXPECT_FALSE(parses(bits, broken));
