@@ -247,6 +247,24 @@ TEST_P(InspectTraceOfStreams, ShowsTheElementsOfTheReadingWhereTheyStand) {
     });
 }
 
+// What the encoders got wrong: buffering periods without HRD parameters in the SPS, which tell how
+// long their elements are; and a short-term set of 26623 pictures, which the other reader refuses
+// with all that goes by that SPS.
+TEST_P(InspectTraceOfStreams, HasFaultsOnlyWhereTheEncoderMadeThem) {
+    const outcome result = run({"trace", stream_path(GetParam())});
+    const std::string prefix = "kovran: " + stream_path(GetParam()) + ": ";
+    if (GetParam() == "hrd_novuihrd") {
+        EXPECT_EQ(result.err,
+                  prefix + "unit 4 at 97: SEI message buffering_period cannot be read\n");
+    } else if (GetParam() == "mprps_b3") {
+        const std::string first = prefix + "unit 1 at 32: the SPS cannot be read\n";
+        EXPECT_EQ(result.err.substr(0, first.size()), first);
+    } else {
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.status, 0);
+    }
+}
+
 TEST_P(InspectTraceOfStreams, ShowsTheElementsUpToTheFirstThatTheOwnRulesReadOtherwise) {
     const bool chained = streams_with_chained_sets().count(GetParam()) == 1;
     bool chained_set_found = false;
