@@ -210,6 +210,9 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         return false;
     }
     walk.assign(slice.NumPicTotalCurr, num_pic_total_curr<Walker>(slice, *sps));
+    if (!Walker::rules::can_count_pictures(slice, *pps, *sps)) {
+        return false;
+    }
     if (pps->lists_modification_present_flag && slice.NumPicTotalCurr > 1 &&
         !walk.structure(ELEMENT(slice, ref_pic_lists_modification), [&](auto& lists) {
             return ref_pic_lists_modification(walk, lists, slice);

@@ -31,7 +31,8 @@ template <class Walker, class Set, class Sps, class Sets>
     const auto& reference = sets[set.RefRpsIdx];
     typename Walker::rules::reference_pictures pictures;
     const unsigned int reference_pics = reference.NumDeltaPocs;
-    const unsigned int reference_counts = reference.num_negative_pics + reference.num_positive_pics;
+    const unsigned int reference_counts =
+        wrapping_sum(reference.num_negative_pics, reference.num_positive_pics);
     walk.assign(set.NumDeltaPocs, reference_pics);
     if (reference_pics < reference_counts ||
         reference_pics > Walker::rules::max_pics_in_reference_set ||

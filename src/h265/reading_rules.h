@@ -197,6 +197,12 @@ struct own_rules {
             flags.begin() + static_cast<std::ptrdiff_t>(std::min(entries, flags.size())), true));
     }
 
+    // Differs from equation 7-55: the current picture is never counted.
+    template <class Slice, class Pps, class Sps>
+    static bool can_count_pictures(const Slice&, const Pps&, const Sps&) {
+        return true;
+    }
+
     // SEI messages.
 
     // Differs from clause D.2.1, where it is 3 as among the prefix messages: the suffix payload
@@ -468,6 +474,17 @@ struct standard_rules {
         return static_cast<unsigned int>(std::count(flags.begin(), flags.end(), true));
     }
 
+    // Whether the current picture counts as well stands in the PPS's extension, which is passed
+    // over, and decides on the list modification when there is another picture. Only the profiles
+    // of clauses A.3.7 and A.3.8 know it.
+    template <class Slice, class Pps, class Sps>
+    static bool can_count_pictures(const Slice& slice, const Pps& pps, const Sps& sps) {
+        const auto& general = sps.profile_tier_level.general;
+        return !pps.lists_modification_present_flag || !pps.pps_extension_present_flag ||
+               slice.NumPicTotalCurr == 0 ||
+               (!has_profile(general, 9) && !has_profile(general, 11));
+    }
+
     // SEI messages.
 
     static constexpr unsigned int suffix_filler_payload = 3;
@@ -513,6 +530,12 @@ struct standard_rules {
     }
 
 private:
+    template <class Layer>
+    static bool has_profile(const Layer& layer, unsigned int profile) {
+        const auto& compatible = layer.profile_compatibility_flag;
+        return layer.profile_idc == profile || (profile < compatible.size() && compatible[profile]);
+    }
+
     // The last of so many tiles in a direction, which are no more than the blocks of a picture, of
     // whatever level: Sqrt( MaxLumaPs * 8 ) samples, clause A.4.1, in the smallest blocks.
     static unsigned int last_of(unsigned int tiles) {

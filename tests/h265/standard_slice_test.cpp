@@ -456,6 +456,49 @@ TEST(StandardSlice, ShowsNothingStale) {
     EXPECT_TRUE(test::same_fields(slice, expected));
 }
 
+// Whether the current picture is one of two then, as pps_curr_pic_ref_enabled_flag may say, is not
+// known.
+TEST(StandardSlice, FailsWhereOnlyTheExtensionOfThePpsTellsOfAListModification) {
+    host stream;
+    stream.pps().lists_modification_present_flag = true;
+    stream.pps().pps_extension_present_flag = true;
+    h265_profile_tier_level::layer_t& general = stream.sps().profile_tier_level.general;
+    general.profile_compatibility_flag.assign(32, false);
+    test::bit_writer one_picture = first_segment(slice_p).u<4>(9).u<1>(0);
+    one_picture.u<1>(0).ue(1).ue(0).ue(0).u<1>(1);  // the set
+    one_picture.u<1>(0);                            // num_ref_idx_active_override_flag
+    const test::bit_writer no_picture =
+        first_segment(slice_p).u<4>(9).u<1>(0).u<1>(0).ue(0).ue(0).u<1>(0);
+    const auto expect_failure = [&](bool fails, unsigned int profile) {
+        EXPECT_EQ(stream.takes(one_picture), !fails) << profile;
+        EXPECT_TRUE(stream.takes(no_picture)) << profile;
+        EXPECT_TRUE(stream.takes(with_set_of_sps(slice_i))) << profile;
+        EXPECT_EQ(stream.bits_by_own_rules(one_picture), one_picture.size()) << profile;
+    };
+    stream.have_sets(1);
+    for (unsigned int profile = 0; profile < 32; ++profile) {
+        const bool of_screen_content = profile == 9 || profile == 11;
+        general.profile_idc = static_cast<unsigned char>(profile);
+        expect_failure(of_screen_content, profile);
+        general.profile_idc = 4;
+        general.profile_compatibility_flag[profile] = true;
+        expect_failure(of_screen_content, profile);
+        general.profile_compatibility_flag[profile] = false;
+    }
+    general.profile_idc = 9;
+    stream.pps().pps_extension_present_flag = false;
+    expect_failure(false, 9);
+    stream.pps().pps_extension_present_flag = true;
+    stream.pps().lists_modification_present_flag = false;
+    expect_failure(false, 9);
+    // A record that was never read has no compatibility flags.
+    stream.pps().lists_modification_present_flag = true;
+    general.profile_compatibility_flag.clear();
+    expect_failure(true, 9);
+    general.profile_idc = 4;
+    expect_failure(false, 4);
+}
+
 // ---- The modification by itself
 
 TEST(StandardRefPicListsModification, HasEntriesAsWideAsTheStandardSays) {

@@ -177,6 +177,12 @@ struct compared_rules : own_rules {
                       used_long_term_pics(slice, sps));
     }
 
+    template <class Slice, class Pps, class Sps>
+    static bool can_count_pictures(const Slice& slice, const Pps& pps, const Sps& sps) {
+        return decide("can_count_pictures", own_rules::can_count_pictures(slice, pps, sps),
+                      standard_rules::can_count_pictures(slice, pps, sps));
+    }
+
     template <class Hrd>
     static bool has_decoding_unit_info(const Hrd& hrd) {
         return decide("has_decoding_unit_info", own_rules::has_decoding_unit_info(hrd),

@@ -100,7 +100,9 @@ struct h265_slice_segment_header {
     // False, with `valid` false: as above, except for the last reason; or the PPS identifier is
     // above 63, slice_type above 2, short_term_ref_pic_set_idx or lt_idx_sps beyond what the SPS
     // has, num_long_term_sps above what it has, or there are more than 16 long-term pictures or
-    // reference indices in a list. Throws std::bad_alloc when there is no memory.
+    // reference indices in a list; or whether there is a list modification hangs on
+    // pps_curr_pic_ref_enabled_flag, which is in the extension data of a PPS for screen content.
+    // Throws std::bad_alloc when there is no memory.
     [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                                  h2645_common_base_store<h265_nal_pps>& pps_store,
                                                  h2645_common_base_store<h265_nal_sps>& sps_store,

@@ -62,7 +62,7 @@ def independent(header, r, pps, sps, is_idr):
         # ChromaArrayType
         if sps.chroma_format_idc != 0 and not sps.separate_colour_plane_flag:
             header.slice_sao_chroma_flag = r.flag()
-    return header.slice_type == I or reference_lists(header, r, pps, pictures)
+    return header.slice_type == I or reference_lists(header, r, pps, sps, pictures)
 
 
 def reference_picture_set(header, r, sps):
@@ -115,7 +115,12 @@ def long_term_pictures(header, r, sps):
     return True
 
 
-def reference_lists(header, r, pps, pictures):
+def has_screen_content_profile(layer):
+    compatible = [j for j, flag in enumerate(layer.profile_compatibility_flag) if flag]
+    return any(profile in (9, 11) for profile in [layer.profile_idc, *compatible])
+
+
+def reference_lists(header, r, pps, sps, pictures):
     header.num_ref_idx_active_override_flag = r.flag("num_ref_idx_active_override_flag")
     if header.num_ref_idx_active_override_flag:
         header.num_ref_idx_l0_active_minus1 = r.ue("num_ref_idx_active_minus1")
@@ -129,6 +134,13 @@ def reference_lists(header, r, pps, pictures):
     if pictures is not None:
         header.NumPicTotalCurr += sum(pictures.used_by_curr_pic_s0_flag)
         header.NumPicTotalCurr += sum(pictures.used_by_curr_pic_s1_flag)
-    if pps.lists_modification_present_flag and header.NumPicTotalCurr > 1:
+    if not pps.lists_modification_present_flag or header.NumPicTotalCurr == 0:
+        return True
+    # pps_scc_extension() may say that the current picture counts as well.
+    if pps.pps_extension_present_flag and has_screen_content_profile(
+        sps.profile_tier_level.general
+    ):
+        return False
+    if header.NumPicTotalCurr > 1:
         return modification_reading.parse(header.ref_pic_lists_modification, r, header)
     return True
