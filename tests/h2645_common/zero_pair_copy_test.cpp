@@ -4,10 +4,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
+
+#include "support/fenced_memory.h"
 
 namespace kovran::zero_pair {
 namespace {
@@ -42,21 +43,28 @@ std::size_t size_before_pair(const bytes& data) {
     return data.size();
 }
 
-// Both ranges end where their allocations do. What lies behind the copy must stay.
-void expect_all_copy(const bytes& data) {
+// What lies behind the copy must stay.
+void expect_copy(const implementation& each, unsigned char* out, unsigned char* in,
+                 const bytes& data) {
     const std::size_t clean = size_before_pair(data);
-    for (const implementation& each : implementations()) {
-        const auto in = std::make_unique<unsigned char[]>(data.size());
-        std::copy(data.begin(), data.end(), in.get());
-        const auto out = std::make_unique<unsigned char[]>(data.size());
-        std::fill_n(out.get(), data.size(), static_cast<unsigned char>(0xAA));
-        bytes expected(data.begin(), data.begin() + static_cast<std::ptrdiff_t>(clean));
-        expected.resize(data.size(), 0xAA);
+    std::copy(data.begin(), data.end(), in);
+    std::fill_n(out, data.size(), static_cast<unsigned char>(0xAA));
+    bytes expected(data.begin(), data.begin() + static_cast<std::ptrdiff_t>(clean));
+    expected.resize(data.size(), 0xAA);
 
-        ASSERT_EQ(each.copy(out.get(), in.get(), data.size()), clean)
-            << each.name << ", " << data.size() << " bytes";
-        ASSERT_EQ(bytes(out.get(), out.get() + data.size()), expected)
-            << each.name << ", " << data.size() << " bytes";
+    ASSERT_EQ(each.copy(out, in, data.size()), clean)
+        << each.name << ", " << data.size() << " bytes";
+    ASSERT_EQ(bytes(out, out + data.size()), expected)
+        << each.name << ", " << data.size() << " bytes";
+}
+
+// No byte outside the ranges may be touched.
+void expect_all_copy(const bytes& data) {
+    static const test::fenced_memory source;
+    static const test::fenced_memory target;
+    for (const implementation& each : implementations()) {
+        expect_copy(each, target.last(data.size()), source.last(data.size()), data);
+        expect_copy(each, target.begin(), source.begin(), data);
     }
 }
 

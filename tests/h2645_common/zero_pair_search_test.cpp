@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
+
+#include "support/fenced_memory.h"
 
 namespace kovran::zero_pair {
 namespace {
@@ -51,17 +53,22 @@ std::ptrdiff_t position(search find_in, const unsigned char* data, std::size_t s
     return match == nullptr ? -1 : match - data;
 }
 
-// The data lie at the given distance from an aligned address, and end where their allocation does.
+void expect_agreement(const implementation& each, unsigned char* place, const bytes& data) {
+    std::copy(data.begin(), data.end(), place);
+    ASSERT_EQ(position(each.start_code, place, data.size()), first_position(data, 1, 1))
+        << each.name << ", " << data.size() << " bytes";
+    ASSERT_EQ(position(each.reserved, place, data.size()), first_position(data, 0, 3))
+        << each.name << ", " << data.size() << " bytes";
+}
+
+// At the given distance from an aligned address, and where no byte behind the data may be touched,
+// and none before them.
 void expect_all_agree(const bytes& data, std::size_t alignment) {
-    const auto copy = std::make_unique<unsigned char[]>(alignment + data.size());
-    std::copy(data.begin(), data.end(), copy.get() + alignment);
-    const std::ptrdiff_t start_code_at = first_position(data, 1, 1);
-    const std::ptrdiff_t reserved_at = first_position(data, 0, 3);
+    static const test::fenced_memory memory;
     for (const implementation& each : implementations()) {
-        ASSERT_EQ(position(each.start_code, copy.get() + alignment, data.size()), start_code_at)
-            << each.name << ", " << data.size() << " bytes, alignment " << alignment;
-        ASSERT_EQ(position(each.reserved, copy.get() + alignment, data.size()), reserved_at)
-            << each.name << ", " << data.size() << " bytes, alignment " << alignment;
+        expect_agreement(each, memory.begin() + alignment, data);
+        expect_agreement(each, memory.last(data.size()), data);
+        expect_agreement(each, memory.begin(), data);
     }
 }
 
