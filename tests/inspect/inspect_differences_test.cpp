@@ -1,3 +1,5 @@
+#include <kovran/h265/h265_nal_writer.h>
+
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -11,6 +13,8 @@
 #include "program.h"
 #include "reading_elements.h"
 #include "readings.h"
+#include "support/bit_writer.h"
+#include "support/parameter_sets.h"
 #include "temporary_folder.h"
 
 namespace kovran::test {
@@ -152,6 +156,43 @@ INSTANTIATE_TEST_SUITE_P(AllStreams, InspectDifferencesOfStreams, testing::Value
                          [](const testing::TestParamInfo<std::string>& stream) {
                              return stream.param;
                          });
+
+std::string unit_of(h265_nal_unit_type type, const bit_writer& rbsp) {
+    h265_nal header;
+    header.nal_unit_type = type;
+    header.nuh_temporal_id_plus1 = 1;
+    header.valid = true;
+    const std::vector<unsigned char>& payload = rbsp.bytes();
+    std::vector<unsigned char> unit(h265_nal_writer::recommended_output_size(payload.size()));
+    h265_nal_writer writer(unit.data(), unit.data(), unit.data() + unit.size(), nalfmt_annex_b);
+    const std::size_t size =
+        writer.block_encode(payload.data(), payload.size(), header, /*zero_bytes=*/1);
+    return {unit.begin(), unit.begin() + static_cast<std::ptrdiff_t>(size)};
+}
+
+// The current picture may be the second reference picture, in a stream of profile 9: only the
+// extension data of the PPS tell.
+TEST(InspectDifferences, ShowsASliceWhoseListModificationHangsOnExtensionData) {
+    sps_syntax sps;
+    sps.profile_tier_level = bit_writer().u<2>(0).u<1>(0).u<5>(9).u<32>(1U << (31 - 9)).u<4>(0xF);
+    sps.profile_tier_level.u<43>(0).u<1>(0).u<8>(93);
+    pps_syntax pps;
+    pps.lists_and_merge_level = bit_writer().u<1>(1).ue(0).u<1>(0);
+    pps.extension = bit_writer().u<1>(1).u<8>(0x10).u<1>(1);
+    bit_writer slice = bit_writer().u<1>(1).ue(0).ue(1).u<8>(5).u<1>(0);
+    slice.ue(1).ue(0).ue(0).u<1>(1);  // the set
+    slice.u<1>(0).trailing_bits();
+    const std::string stream = unit_of(VPS_NUT, vps_syntax().rbsp()) +
+                               unit_of(SPS_NUT, sps.rbsp()) + unit_of(PPS_NUT, pps.rbsp()) +
+                               unit_of(TRAIL_R, slice);
+    const outcome result = program({"differences", "-"}).input(stream).run();
+    const differences found = differences_in(result.out);
+    ASSERT_EQ(found.units.size(), 1U) << result.out << result.err;
+    EXPECT_EQ(found.units[0].standard,
+              "standard ends here: the slice segment header cannot be read");
+    EXPECT_EQ(found.units[0].own, "own ends here");
+    EXPECT_EQ(found.units[0].rule, "rule can_count_pictures");
+}
 
 TEST(InspectDifferences, TellsFaultsOfTheStandardReadingOnly) {
     // hm_ra16 has none by the standard's rules, and its SPS cannot be read by the library's own.
