@@ -321,18 +321,20 @@ TEST(SliceExhaustion, FailsInTheSetOfASlice) {
 }
 
 TEST(SliceExhaustion, ReachesTheCallerFromAListModification) {
-    const auto parse = [](h265_ref_pic_lists_modification& lists, h2645_common_bitreader& reader) {
-        static const h265_slice_segment_header header = [] {
-            h265_slice_segment_header prepared;
-            prepared.NumPicTotalCurr = 3;
-            prepared.num_ref_idx_l0_active_minus1 = 1;
-            prepared.num_ref_idx_l1_active_minus1 = 2;
-            return prepared;
-        }();
-        return lists.parse(reader, header);
-    };
+    static const h265_slice_segment_header header = [] {
+        h265_slice_segment_header prepared;
+        prepared.NumPicTotalCurr = 3;
+        prepared.num_ref_idx_l0_active_minus1 = 1;
+        prepared.num_ref_idx_l1_active_minus1 = 2;
+        return prepared;
+    }();
     expect_ending_at_every_allocation<h265_ref_pic_lists_modification>(
-        slice_syntax().lists, ending::exception, parse, becomes_false);
+        slice_syntax().lists, ending::exception,
+        [](auto& lists, auto& reader) { return lists.parse(reader, header); }, becomes_false);
+    expect_ending_at_every_allocation<h265_ref_pic_lists_modification>(
+        slice_syntax().lists, ending::exception,
+        [](auto& lists, auto& reader) { return lists.parse_standard(reader, header); },
+        becomes_false);
 }
 
 TEST(SliceExhaustion, ClearsValidOfActiveParameterSets) {
