@@ -1,5 +1,3 @@
-#include <kovran/h265/h265_nal_writer.h>
-
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -9,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "annex_b_unit.h"
 #include "byte_string.h"
 #include "program.h"
 #include "reading_elements.h"
@@ -157,19 +156,6 @@ INSTANTIATE_TEST_SUITE_P(AllStreams, InspectDifferencesOfStreams, testing::Value
                              return stream.param;
                          });
 
-std::string unit_of(h265_nal_unit_type type, const bit_writer& rbsp) {
-    h265_nal header;
-    header.nal_unit_type = type;
-    header.nuh_temporal_id_plus1 = 1;
-    header.valid = true;
-    const std::vector<unsigned char>& payload = rbsp.bytes();
-    std::vector<unsigned char> unit(h265_nal_writer::recommended_output_size(payload.size()));
-    h265_nal_writer writer(unit.data(), unit.data(), unit.data() + unit.size(), nalfmt_annex_b);
-    const std::size_t size =
-        writer.block_encode(payload.data(), payload.size(), header, /*zero_bytes=*/1);
-    return {unit.begin(), unit.begin() + static_cast<std::ptrdiff_t>(size)};
-}
-
 // The current picture may be the second reference picture, in a stream of profile 9: only the
 // extension data of the PPS tell.
 TEST(InspectDifferences, ShowsASliceWhoseListModificationHangsOnExtensionData) {
@@ -182,9 +168,9 @@ TEST(InspectDifferences, ShowsASliceWhoseListModificationHangsOnExtensionData) {
     bit_writer slice = bit_writer().u<1>(1).ue(0).ue(1).u<8>(5).u<1>(0);
     slice.ue(1).ue(0).ue(0).u<1>(1);  // the set
     slice.u<1>(0).trailing_bits();
-    const std::string stream = unit_of(VPS_NUT, vps_syntax().rbsp()) +
-                               unit_of(SPS_NUT, sps.rbsp()) + unit_of(PPS_NUT, pps.rbsp()) +
-                               unit_of(TRAIL_R, slice);
+    const std::string stream = annex_b_unit(VPS_NUT, vps_syntax().rbsp()) +
+                               annex_b_unit(SPS_NUT, sps.rbsp()) +
+                               annex_b_unit(PPS_NUT, pps.rbsp()) + annex_b_unit(TRAIL_R, slice);
     const outcome result = program({"differences", "-"}).input(stream).run();
     const differences found = differences_in(result.out);
     ASSERT_EQ(found.units.size(), 1U) << result.out << result.err;

@@ -10,10 +10,13 @@
 #include <utility>
 #include <vector>
 
+#include "annex_b_unit.h"
 #include "byte_string.h"
 #include "program.h"
 #include "reading_elements.h"
 #include "readings.h"
+#include "support/bit_writer.h"
+#include "support/parameter_sets.h"
 #include "temporary_folder.h"
 
 namespace kovran::test {
@@ -381,6 +384,30 @@ TEST(InspectDump, TellsWhichParameterSetIsMissing) {
     EXPECT_EQ(slice.err,
               "kovran: standard input: unit 0 at 3: "
               "the slice segment needs PPS 0, which is not there\n");
+}
+
+TEST(InspectDump, TellsIdentifiersAboveTheirLimits) {
+    sps_syntax sps;
+    sps.sps_seq_parameter_set_id = bit_writer().ue(16);
+    pps_syntax pps;
+    pps.identifiers = bit_writer().ue(64).ue(0);
+    const std::string stream =
+        annex_b_unit(VPS_NUT, vps_syntax().rbsp()) + annex_b_unit(SPS_NUT, sps.rbsp()) +
+        annex_b_unit(SPS_NUT, sps_syntax().rbsp()) + annex_b_unit(PPS_NUT, pps.rbsp());
+    const outcome own = program({"dump", "-", "--rules", "own"}).input(stream).run();
+    EXPECT_EQ(own.status, 1);
+    EXPECT_EQ(own.err,
+              "kovran: standard input: unit 1 at 31: SPS 16 has an identifier above 15\n"
+              "kovran: standard input: unit 3 at 94: PPS 64 has an identifier above 63\n");
+    // By these rules reading ends there, and the identifier is the last element that is shown.
+    const outcome standard = program({"dump", "-"}).input(stream).run();
+    EXPECT_EQ(standard.status, 1);
+    EXPECT_EQ(standard.err,
+              "kovran: standard input: unit 1 at 31: the SPS cannot be read\n"
+              "kovran: standard input: unit 3 at 94: the PPS cannot be read\n");
+    EXPECT_EQ(lines_of(standard.out).count("sps_seq_parameter_set_id 16"), 1U);
+    EXPECT_EQ(lines_of(standard.out).count("pps_pic_parameter_set_id 64"), 1U);
+    EXPECT_EQ(lines_of(standard.out).count("chroma_format_idc 1"), 1U);
 }
 
 TEST(InspectDump, TellsSeiMessagesThatAreCutOff) {
