@@ -407,7 +407,7 @@ TEST(InspectDump, TellsIdentifiersAboveTheirLimits) {
               "kovran: standard input: unit 3 at 94: the PPS cannot be read\n");
     EXPECT_EQ(lines_of(standard.out).count("sps_seq_parameter_set_id 16"), 1U);
     EXPECT_EQ(lines_of(standard.out).count("pps_pic_parameter_set_id 64"), 1U);
-    EXPECT_EQ(lines_of(standard.out).count("chroma_format_idc 1"), 1U);
+    EXPECT_EQ(lines_of(standard.out).count("pic_width_in_luma_samples 64"), 1U);
 }
 
 TEST(InspectDump, TellsSeiMessagesThatAreCutOff) {
