@@ -301,6 +301,9 @@ TEST(StandardSlice, FailsWithACandidateThatTheSpsDoesNotHave) {
     EXPECT_FALSE(stream.takes(with_set_of_sps(slice_p).ue(1).ue(0).u<2>(3).u<1>(0).u<1>(0)));
     stream.sps().used_by_curr_pic_lt_sps_flag.resize(2);
     EXPECT_FALSE(stream.takes(with_set_of_sps(slice_p).ue(1).ue(0).u<2>(2).u<1>(0).u<1>(0)));
+    stream.sps().used_by_curr_pic_lt_sps_flag.resize(3);
+    stream.sps().lt_ref_pic_poc_lsb_sps.resize(2);
+    EXPECT_FALSE(stream.takes(with_set_of_sps(slice_p).ue(1).ue(0).u<2>(2).u<1>(0).u<1>(0)));
 }
 
 // ---- Dependent slice segments
