@@ -7,7 +7,9 @@
 #include <thread>
 
 #include <fcntl.h>
+#include <linux/capability.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -139,6 +141,11 @@ program& program::address_space(std::size_t bytes) {
     return *this;
 }
 
+program& program::without_file_privileges() {
+    without_file_privileges_ = true;
+    return *this;
+}
+
 program& program::output_on_terminal() {
     output_on_terminal_ = true;
     return *this;
@@ -220,6 +227,10 @@ void program::become_program(int in, int out, int err) const {
     if (address_space_ != 0) {
         const rlimit limit{address_space_, address_space_};
         ::setrlimit(RLIMIT_AS, &limit);
+    }
+    if (without_file_privileges_) {
+        ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
+        ::prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
     }
     for (const std::string& variable : environment_) {
         ::putenv(const_cast<char*>(variable.c_str()));
