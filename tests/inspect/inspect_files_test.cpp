@@ -6,7 +6,6 @@
 #include <thread>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include "bus_error.h"
 #include "byte_string.h"
