@@ -5,10 +5,14 @@
 #include <kovran/h2645_common/bit_io.h>
 #include <kovran/h2645_common/h2645_common_base_store.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h2645_common/h2645_common_element_name.h>
+#include <kovran/h2645_common/h2645_common_fault.h>
 #include <kovran/h2645_common/h2645_common_nal_reader.h>
 #include <kovran/h2645_common/h2645_common_nal_writer.h>
 #include <kovran/h2645_common/h2645_common_nalfmt.h>
 #include <kovran/h2645_common/h2645_common_read_xostylesei_vlu32.h>
+#include <kovran/h2645_common/h2645_common_trace.h>
+#include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_hrd_parameters.h>
 #include <kovran/h265/h265_nal.h>
 #include <kovran/h265/h265_nal_aud.h>
@@ -29,6 +33,7 @@
 #include <kovran/h265/h265_scaling_list_data.h>
 #include <kovran/h265/h265_slice_segment_header.h>
 #include <kovran/h265/h265_st_ref_pic_set.h>
+#include <kovran/h265/h265_trace.h>
 #include <kovran/h265/h265_video_format.h>
 #include <kovran/h265/h265_vui_parameters.h>
 

@@ -1,20 +1,21 @@
 #ifndef KOVRAN_SRC_H2645_COMMON_ELEMENT_H
 #define KOVRAN_SRC_H2645_COMMON_ELEMENT_H
 
+#include <kovran/h2645_common/h2645_common_element_name.h>
+
 #include <array>
 #include <cstddef>
-#include <utility>
 
 namespace kovran {
 
 // Where in arrays an element stands, outermost index first; none for an element that is no array's.
 struct element_indices {
-    std::array<std::size_t, 3> value{};
-    std::size_t count = 0;
+    std::array<unsigned int, h2645_common_element_name::most_indices> value{};
+    unsigned int count = 0;
 
     [[nodiscard]] constexpr element_indices followed_by(std::size_t index) const {
         element_indices longer = *this;
-        longer.value[longer.count++] = index;
+        longer.value[longer.count++] = static_cast<unsigned int>(index);
         return longer;
     }
 };

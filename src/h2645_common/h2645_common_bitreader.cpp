@@ -42,11 +42,6 @@ bool all_zero(const unsigned char* first, const unsigned char* last) {
     return true;
 }
 
-// The bits of the data that are not consumed yet; 0 or less at and past the end.
-std::ptrdiff_t bits_left(const h2645_common_bitreader& reader) {
-    return 8 * distance(reader.current, reader.end) + (reader.word_bits - reader.vacant);
-}
-
 }  // namespace
 
 unsigned int h2645_common_bitreader::ue() {
@@ -73,7 +68,7 @@ int h2645_common_bitreader::se() {
 }
 
 bool h2645_common_more_rbsp_data(h2645_common_bitreader& reader) {
-    if (bits_left(reader) <= 0) {
+    if (inlined_bitreader(reader).bits_left() <= 0) {
         return false;
     }
     h2645_common_bitreader ahead = reader;

@@ -3,6 +3,8 @@
 
 #include <kovran/h2645_common/h2645_common_bitreader.h>
 
+#include <cstddef>
+
 namespace kovran {
 
 // The value of se(v) with a code number, clause 9.2.2.
@@ -28,6 +30,14 @@ struct inlined_bitreader : h2645_common_bitreader {
     }
 
     [[nodiscard, gnu::always_inline]] int se() { return signed_value(ue()); }
+
+    // The bits of the data that are not consumed yet; negative past the end. Positions there are
+    // addresses only, and must not be subtracted as pointers.
+    [[nodiscard]] std::ptrdiff_t bits_left() const {
+        return 8 * (static_cast<std::ptrdiff_t>(address(end)) -
+                    static_cast<std::ptrdiff_t>(address(current))) +
+               (word_bits - vacant);
+    }
 };
 
 }  // namespace kovran

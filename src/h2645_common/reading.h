@@ -6,19 +6,24 @@
 #include "h2645_common/element.h"
 #include "h2645_common/inlined_bitreader.h"
 #include "h2645_common/resize.h"
+#include "h2645_common/value_range.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <type_traits>
 #include <utility>
 
 namespace kovran {
 
 // The walker that fills a record from a bit reader: what every parse() walks its description with.
-// Names and indices vanish when compiling; what is left are the reads.
+// Names, indices and ranges vanish when compiling; what is left are the reads.
 template <class Rules>
 class reading {
 public:
-    using rules = Rules;
+    using rules_type = Rules;
+
+    // Where a description asks how to read on.
+    Rules rules;
 
     // Takes the reader's state over, and gives it back at the end. A reference would be one more
     // load at every element.
@@ -30,22 +35,24 @@ public:
     // Descriptors of clause 7.2. u_v is u(v), a width that comes from the stream. They are inlined
     // at every element, however many a description has, so that known widths stay constants.
     template <class Field>
-    [[gnu::always_inline]] void u(unsigned char width, element<Field> target) {
+    [[gnu::always_inline]] void u(unsigned char width, element<Field> target,
+                                  value_range /*allowed*/ = {}) {
         store(target, reader.get<unsigned int>(width));
     }
 
     template <class Field>
-    [[gnu::always_inline]] void u_v(unsigned char width, element<Field> target) {
+    [[gnu::always_inline]] void u_v(unsigned char width, element<Field> target,
+                                    value_range /*allowed*/ = {}) {
         store(target, reader.get_wide(width));
     }
 
     template <class Field>
-    [[gnu::always_inline]] void ue(element<Field> target) {
+    [[gnu::always_inline]] void ue(element<Field> target, value_range /*allowed*/ = {}) {
         store(target, reader.ue());
     }
 
     template <class Field>
-    [[gnu::always_inline]] void se(element<Field> target) {
+    [[gnu::always_inline]] void se(element<Field> target, value_range /*allowed*/ = {}) {
         target.field = reader.se();
     }
 
@@ -71,6 +78,51 @@ public:
     [[nodiscard, gnu::always_inline]] bool structure(element<Record> nested,
                                                      WalkFields&& walk_fields) {
         return std::forward<WalkFields>(walk_fields)(nested.field);
+    }
+
+    // A part of this structure whose elements the standard names with a prefix, and with the
+    // indices of the part.
+    template <class Record, class WalkFields>
+    [[nodiscard, gnu::always_inline]] bool prefixed(const char* /*prefix*/, element<Record> part,
+                                                    WalkFields&& walk_fields) {
+        return std::forward<WalkFields>(walk_fields)(part.field);
+    }
+
+    // Conditions without which reading cannot go on; descriptions return false where they do not
+    // hold. A value has a limit:
+    template <class Field, class Limit>
+    [[nodiscard, gnu::always_inline]] bool at_most(const element<Field>& target, Limit limit) {
+        return !(target.field > limit);
+    }
+
+    // The rest of the data can hold what an element announces: entries of so many bits at the
+    // least.
+    template <class Field>
+    [[nodiscard, gnu::always_inline]] bool data_holds(const element<Field>& /*announced_by*/,
+                                                      std::uint64_t entries,
+                                                      unsigned int fewest_bits) {
+        return Rules::data_may_end || holds(entries, fewest_bits);
+    }
+
+    // What a description returns when its store has no such parameter set.
+    [[nodiscard]] bool missing(const char* /*parameter_set*/, unsigned int /*id*/) { return false; }
+
+    // The end of a structure, all of whose elements have been walked. Sets `valid`, and returns it.
+    template <class Flag>
+    [[nodiscard, gnu::always_inline]] bool finish(Flag&& valid) {
+        valid = Rules::data_may_end || holds(0, 0);
+        return valid;
+    }
+
+    // The same for a structure that ends in rbsp_trailing_bits().
+    [[nodiscard]] bool finish_rbsp(bool& valid) {
+        if (Rules::trailing_bits_decide) {
+            valid = rbsp_trailing_bits();
+        } else {
+            valid = holds(0, 0);
+            static_cast<void>(rbsp_trailing_bits());
+        }
+        return valid;
     }
 
     // Fields that get their value without a read: flags, and others.
@@ -101,6 +153,12 @@ public:
 
 protected:
     inlined_bitreader reader;
+
+    // Whether what was read ends in the data, and leaves so many bits.
+    [[nodiscard]] bool holds(std::uint64_t entries, unsigned int fewest_bits) const {
+        const std::ptrdiff_t left = reader.bits_left();
+        return left >= 0 && entries * fewest_bits <= static_cast<std::uint64_t>(left);
+    }
 
 private:
     // What a field holds, by its reference; a flag of a bit vector has an object in place of one.

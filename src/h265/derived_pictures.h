@@ -7,6 +7,9 @@
 
 namespace kovran {
 
+// Differences of picture order counts are less than this, clause 8.3.1.
+inline constexpr std::int64_t farthest_picture = 1 << 15;
+
 // The pictures of a short-term reference picture set as differences of picture order counts: those
 // before the current picture (DeltaPocS0), nearest first, then those after it (DeltaPocS1).
 class short_term_pictures {
@@ -68,7 +71,6 @@ template <class Set>
 template <class Set>
 [[nodiscard]] bool predict_pictures(const short_term_pictures& reference, const Set& set,
                                     short_term_pictures& pictures) {
-    constexpr std::int64_t farthest = 1 << 15;
     const std::int64_t absDeltaRps = std::int64_t{set.abs_delta_rps_minus1} + 1;
     const std::int64_t deltaRps = set.delta_rps_sign ? -absDeltaRps : absDeltaRps;
     const std::size_t negative = reference.num_negative();
@@ -87,7 +89,7 @@ template <class Set>
             }
             const std::int64_t dPoc = (j < all ? reference[j].delta_poc : 0) + deltaRps;
             const bool taken = (before ? dPoc < 0 : dPoc > 0) && set.use_delta_flag[j];
-            if (taken && (dPoc < -farthest || dPoc >= farthest ||
+            if (taken && (dPoc < -farthest_picture || dPoc >= farthest_picture ||
                           !pictures.add({dPoc, set.used_by_curr_pic_flag[j]}))) {
                 return false;
             }

@@ -1,23 +1,46 @@
 #include <kovran/h265/h265_hrd_parameters.h>
 
-#include "h2645_common/reading.h"
 #include "h265/h265_hrd_parameters.syntax.h"
-#include "h265/reading_rules.h"
+#include "h265/parsing.h"
 
 namespace kovran {
+namespace {
+
+auto description_of(h265_hrd_parameters& record, bool commonInfPresentFlag_,
+                    unsigned int maxNumSubLayersMinus1_) {
+    return [&record, commonInfPresentFlag_, maxNumSubLayersMinus1_](auto& walk) {
+        return hrd_parameters(walk, record, commonInfPresentFlag_, maxNumSubLayersMinus1_);
+    };
+}
+
+}  // namespace
 
 bool h265_hrd_parameters::parse(bool commonInfPresentFlag_, unsigned int maxNumSubLayersMinus1_,
                                 h2645_common_bitreader& reader) {
-    reading<own_rules> walk(reader);
-    return hrd_parameters(walk, *this, commonInfPresentFlag_, maxNumSubLayersMinus1_);
+    return parse_by_own_rules(reader,
+                              description_of(*this, commonInfPresentFlag_, maxNumSubLayersMinus1_));
+}
+
+bool h265_hrd_parameters::parse(bool commonInfPresentFlag_, unsigned int maxNumSubLayersMinus1_,
+                                h2645_common_bitreader& reader, h265_trace& trace,
+                                h265_fault* fault) {
+    return parse_by_own_rules(reader, trace, fault,
+                              description_of(*this, commonInfPresentFlag_, maxNumSubLayersMinus1_));
 }
 
 bool h265_hrd_parameters::parse_standard(bool commonInfPresentFlag_,
                                          unsigned int maxNumSubLayersMinus1_,
-                                         h2645_common_bitreader& reader) {
-    *this = {};
-    reading<standard_rules> walk(reader);
-    return hrd_parameters(walk, *this, commonInfPresentFlag_, maxNumSubLayersMinus1_);
+                                         h2645_common_bitreader& reader, h265_fault* fault) {
+    return parse_by_standard(*this, reader, nullptr, fault,
+                             description_of(*this, commonInfPresentFlag_, maxNumSubLayersMinus1_));
+}
+
+bool h265_hrd_parameters::parse_standard(bool commonInfPresentFlag_,
+                                         unsigned int maxNumSubLayersMinus1_,
+                                         h2645_common_bitreader& reader, h265_trace& trace,
+                                         h265_fault* fault) {
+    return parse_by_standard(*this, reader, &trace, fault,
+                             description_of(*this, commonInfPresentFlag_, maxNumSubLayersMinus1_));
 }
 
 }  // namespace kovran

@@ -2,6 +2,7 @@
 #define KOVRAN_SRC_H265_H265_HRD_PARAMETERS_SYNTAX_H
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h2645_common/wrapping.h"
 #include "h265/h265_nal_sub_layer_hrd_parameters.syntax.h"
 
@@ -17,7 +18,7 @@ template <class Walker, class Hrd>
     walk.assign(hrd.maxNumSubLayersMinus1, maxNumSubLayersMinus1);
     walk.assign(hrd.initial_cpb_removal_delay_length_minus1, 23);
     walk.assign(hrd.au_cpb_removal_delay_length_minus1, 23);
-    Walker::rules::infer_dpb_output_delay_length(walk, hrd);
+    walk.rules.infer_dpb_output_delay_length(walk, hrd);
 
     if (commonInfPresentFlag) {
         walk.u(1, ELEMENT(hrd, nal_hrd_parameters_present_flag));
@@ -40,10 +41,11 @@ template <class Walker, class Hrd>
             walk.u(5, ELEMENT(hrd, dpb_output_delay_length_minus1));
         }
     } else {
-        Walker::rules::infer_common_information(walk, hrd, earlier);
+        walk.rules.infer_common_information(walk, hrd, earlier);
     }
 
-    if (maxNumSubLayersMinus1 > Walker::rules::max_hrd_sub_layers - 1 ||
+    if (!walk.at_most(named("maxNumSubLayersMinus1", maxNumSubLayersMinus1),
+                      walk.rules.max_hrd_sub_layers - 1) ||
         !walk.grow(maxNumSubLayersMinus1 + 1, hrd.fixed_pic_rate_general_flag,
                    hrd.fixed_pic_rate_within_cvs_flag, hrd.elemental_duration_in_tc_minus1,
                    hrd.low_delay_hrd_flag, hrd.cpb_cnt_minus1, hrd.nal_sub_layer_hrd,
@@ -58,13 +60,13 @@ template <class Walker, class Hrd>
             walk.u(1, ELEMENT(hrd, fixed_pic_rate_within_cvs_flag)[i]);
         }
         if (hrd.fixed_pic_rate_within_cvs_flag[i]) {
-            walk.ue(ELEMENT(hrd, elemental_duration_in_tc_minus1)[i]);
-            Walker::rules::infer_low_delay_hrd_flag(walk, hrd.low_delay_hrd_flag, i);
+            walk.ue(ELEMENT(hrd, elemental_duration_in_tc_minus1)[i], up_to(2047));
+            walk.rules.infer_low_delay_hrd_flag(walk, hrd.low_delay_hrd_flag, i);
         } else {
             walk.u(1, ELEMENT(hrd, low_delay_hrd_flag)[i]);
         }
         if (!hrd.low_delay_hrd_flag[i]) {
-            walk.ue(ELEMENT(hrd, cpb_cnt_minus1)[i]);
+            walk.ue(ELEMENT(hrd, cpb_cnt_minus1)[i], up_to(31));
         }
 
         const auto walk_sub_layer = [&walk, &hrd, i](auto& sub_layer) {
@@ -80,8 +82,7 @@ template <class Walker, class Hrd>
             return false;
         }
     }
-    walk.set(hrd.valid);
-    return true;
+    return walk.finish(hrd.valid);
 }
 
 }  // namespace kovran

@@ -1,15 +1,32 @@
 #include <kovran/h265/h265_nal_aud.h>
 
-#include "h2645_common/reading.h"
 #include "h265/h265_nal_aud.syntax.h"
-#include "h265/reading_rules.h"
+#include "h265/parsing.h"
 
 namespace kovran {
+namespace {
+
+auto description_of(h265_nal_aud& record) {
+    return [&record](auto& walk) { return access_unit_delimiter_rbsp(walk, record); };
+}
+
+}  // namespace
 
 bool h265_nal_aud::parse(h2645_common_bitreader& reader) {
-    reading<own_rules> walk(reader);
-    valid = access_unit_delimiter_rbsp(walk, *this);
-    return valid;
+    return parse_by_own_rules(reader, description_of(*this));
+}
+
+bool h265_nal_aud::parse(h2645_common_bitreader& reader, h265_trace& trace, h265_fault* fault) {
+    return parse_by_own_rules(reader, trace, fault, description_of(*this));
+}
+
+bool h265_nal_aud::parse_standard(h2645_common_bitreader& reader, h265_fault* fault) {
+    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this));
+}
+
+bool h265_nal_aud::parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
+                                  h265_fault* fault) {
+    return parse_by_standard(*this, reader, &trace, fault, description_of(*this));
 }
 
 }  // namespace kovran

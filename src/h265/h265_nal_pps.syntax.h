@@ -3,16 +3,22 @@
 
 #include "h2645_common/element.h"
 #include "h2645_common/store_lookup.h"
+#include "h2645_common/value_range.h"
 #include "h265/h265_scaling_list_data.syntax.h"
+#include "h265/pps_ranges.h"
 
 namespace kovran {
 
 // The widths and heights of tiles that are not spaced uniformly, clause 7.3.2.3.1.
-template <class Walker, class Pps, class Sps>
-[[nodiscard]] bool pps_tile_sizes(Walker& walk, Pps& pps, const Sps& sps) {
-    if (pps.num_tile_columns_minus1 > Walker::rules::max_tile_columns_minus1(sps) ||
+template <class Walker, class Pps>
+[[nodiscard]] bool pps_tile_sizes(Walker& walk, Pps& pps) {
+    if (!walk.at_most(ELEMENT(pps, num_tile_columns_minus1), walk.rules.max_tile_columns_minus1) ||
+        !walk.data_holds(ELEMENT(pps, num_tile_columns_minus1), pps.num_tile_columns_minus1,
+                         /*fewest_bits=*/1) ||
         !walk.grow(pps.num_tile_columns_minus1, pps.column_width_minus1) ||
-        pps.num_tile_rows_minus1 > Walker::rules::max_tile_rows_minus1(sps) ||
+        !walk.at_most(ELEMENT(pps, num_tile_rows_minus1), walk.rules.max_tile_rows_minus1) ||
+        !walk.data_holds(ELEMENT(pps, num_tile_rows_minus1), pps.num_tile_rows_minus1,
+                         /*fewest_bits=*/1) ||
         !walk.grow(pps.num_tile_rows_minus1, pps.row_height_minus1)) {
         return false;
     }
@@ -30,16 +36,17 @@ template <class Walker, class Pps, class SpsStore>
 [[nodiscard]] bool pic_parameter_set_rbsp(Walker& walk, Pps& pps, SpsStore& sps_store) {
     walk.clear(pps.valid);
 
-    walk.ue(ELEMENT(pps, pps_pic_parameter_set_id));
-    walk.ue(ELEMENT(pps, pps_seq_parameter_set_id));
-    if (pps.pps_pic_parameter_set_id > Walker::rules::max_pps_id ||
-        pps.pps_seq_parameter_set_id > Walker::rules::max_sps_id) {
+    walk.ue(ELEMENT(pps, pps_pic_parameter_set_id), up_to(63));
+    walk.ue(ELEMENT(pps, pps_seq_parameter_set_id), up_to(15));
+    if (!walk.at_most(ELEMENT(pps, pps_pic_parameter_set_id), walk.rules.max_pps_id) ||
+        !walk.at_most(ELEMENT(pps, pps_seq_parameter_set_id), walk.rules.max_sps_id)) {
         return false;
     }
     const auto* const sps = find_valid_entry(sps_store, pps.pps_seq_parameter_set_id);
-    if (sps == nullptr) {
-        return false;
+    if (!walk.rules.has_named_set(sps)) {
+        return walk.missing("SPS", pps.pps_seq_parameter_set_id);
     }
+    const auto ranges = [sps] { return pps_ranges(sps); };
 
     walk.u(1, ELEMENT(pps, dependent_slice_segments_enabled_flag));
     walk.u(1, ELEMENT(pps, output_flag_present_flag));
@@ -47,25 +54,27 @@ template <class Walker, class Pps, class SpsStore>
     walk.u(1, ELEMENT(pps, sign_data_hiding_enabled_flag));
     walk.u(1, ELEMENT(pps, cabac_init_present_flag));
 
-    walk.ue(ELEMENT(pps, num_ref_idx_l0_default_active_minus1));
-    walk.ue(ELEMENT(pps, num_ref_idx_l1_default_active_minus1));
-    if (pps.num_ref_idx_l0_default_active_minus1 > Walker::rules::max_ref_idx_active_minus1 ||
-        pps.num_ref_idx_l1_default_active_minus1 > Walker::rules::max_ref_idx_active_minus1) {
+    walk.ue(ELEMENT(pps, num_ref_idx_l0_default_active_minus1), up_to(14));
+    walk.ue(ELEMENT(pps, num_ref_idx_l1_default_active_minus1), up_to(14));
+    if (!walk.at_most(ELEMENT(pps, num_ref_idx_l0_default_active_minus1),
+                      walk.rules.max_ref_idx_active_minus1) ||
+        !walk.at_most(ELEMENT(pps, num_ref_idx_l1_default_active_minus1),
+                      walk.rules.max_ref_idx_active_minus1)) {
         return false;
     }
-    walk.se(ELEMENT(pps, init_qp_minus26));
+    walk.se(ELEMENT(pps, init_qp_minus26), ranges().init_qp_minus26);
 
     walk.u(1, ELEMENT(pps, constrained_intra_pred_flag));
     walk.u(1, ELEMENT(pps, transform_skip_enabled_flag));
     walk.u(1, ELEMENT(pps, cu_qp_delta_enabled_flag));
     if (pps.cu_qp_delta_enabled_flag) {
-        walk.ue(ELEMENT(pps, diff_cu_qp_delta_depth));
+        walk.ue(ELEMENT(pps, diff_cu_qp_delta_depth), ranges().diff_cu_qp_delta_depth);
     } else {
         walk.assign(pps.diff_cu_qp_delta_depth, 0);
     }
 
-    walk.se(ELEMENT(pps, pps_cb_qp_offset));
-    walk.se(ELEMENT(pps, pps_cr_qp_offset));
+    walk.se(ELEMENT(pps, pps_cb_qp_offset), between(-12, 12));
+    walk.se(ELEMENT(pps, pps_cr_qp_offset), between(-12, 12));
     walk.u(1, ELEMENT(pps, pps_slice_chroma_qp_offsets_present_flag));
     walk.u(1, ELEMENT(pps, weighted_pred_flag));
     walk.u(1, ELEMENT(pps, weighted_bipred_flag));
@@ -74,15 +83,15 @@ template <class Walker, class Pps, class SpsStore>
     walk.u(1, ELEMENT(pps, tiles_enabled_flag));
     walk.u(1, ELEMENT(pps, entropy_coding_sync_enabled_flag));
     if (pps.tiles_enabled_flag) {
-        walk.ue(ELEMENT(pps, num_tile_columns_minus1));
-        walk.ue(ELEMENT(pps, num_tile_rows_minus1));
+        walk.ue(ELEMENT(pps, num_tile_columns_minus1), ranges().num_tile_columns_minus1);
+        walk.ue(ELEMENT(pps, num_tile_rows_minus1), ranges().num_tile_rows_minus1);
         walk.u(1, ELEMENT(pps, uniform_spacing_flag));
-        if (!pps.uniform_spacing_flag && !pps_tile_sizes(walk, pps, *sps)) {
+        if (!pps.uniform_spacing_flag && !pps_tile_sizes(walk, pps)) {
             return false;
         }
         walk.u(1, ELEMENT(pps, loop_filter_across_tiles_enabled_flag));
     } else {
-        Walker::rules::infer_single_tile(walk, pps);
+        walk.rules.infer_single_tile(walk, pps);
     }
 
     walk.u(1, ELEMENT(pps, pps_loop_filter_across_slices_enabled_flag));
@@ -91,28 +100,29 @@ template <class Walker, class Pps, class SpsStore>
         walk.u(1, ELEMENT(pps, deblocking_filter_override_enabled_flag));
         walk.u(1, ELEMENT(pps, pps_deblocking_filter_disabled_flag));
         if (!pps.pps_deblocking_filter_disabled_flag) {
-            walk.se(ELEMENT(pps, pps_beta_offset_div2));
-            walk.se(ELEMENT(pps, pps_tc_offset_div2));
+            walk.se(ELEMENT(pps, pps_beta_offset_div2), between(-6, 6));
+            walk.se(ELEMENT(pps, pps_tc_offset_div2), between(-6, 6));
         }
     }
 
     walk.u(1, ELEMENT(pps, pps_scaling_list_data_present_flag));
-    if (pps.pps_scaling_list_data_present_flag &&
-        !walk.structure(ELEMENT(pps, scaling_list_data),
-                        [&](auto& lists) { return scaling_list_data(walk, lists); })) {
+    if (!pps.pps_scaling_list_data_present_flag) {
+        walk.rules.end_absent_structure(pps.scaling_list_data);
+    } else if (!walk.structure(ELEMENT(pps, scaling_list_data),
+                               [&](auto& lists) { return scaling_list_data(walk, lists); })) {
         return false;
     }
 
     walk.u(1, ELEMENT(pps, lists_modification_present_flag));
-    walk.ue(ELEMENT(pps, log2_parallel_merge_level_minus2));
+    walk.ue(ELEMENT(pps, log2_parallel_merge_level_minus2),
+            ranges().log2_parallel_merge_level_minus2);
     walk.u(1, ELEMENT(pps, slice_segment_header_extension_present_flag));
 
     walk.u(1, ELEMENT(pps, pps_extension_present_flag));
     if (pps.pps_extension_present_flag) {
         walk.extension_data("pps_extension_data_flag");
     }
-    walk.assign(pps.valid, walk.rbsp_trailing_bits());
-    return pps.valid;
+    return walk.finish_rbsp(pps.valid);
 }
 
 }  // namespace kovran

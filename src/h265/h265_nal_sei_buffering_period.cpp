@@ -1,22 +1,39 @@
 #include <kovran/h265/h265_nal_sei_buffering_period.h>
 
-#include "h2645_common/reading.h"
 #include "h265/h265_nal_sei_buffering_period.syntax.h"
-#include "h265/reading_rules.h"
+#include "h265/parsing.h"
 
 namespace kovran {
+namespace {
+
+auto description_of(h265_nal_sei_buffering_period& record,
+                    const h2645_common_base_store<h265_nal_sps>& sps_store) {
+    return [&record, &sps_store](auto& walk) { return buffering_period(walk, record, sps_store); };
+}
+
+}  // namespace
 
 bool h265_nal_sei_buffering_period::parse(h2645_common_bitreader& reader,
                                           const h2645_common_base_store<h265_nal_sps>& sps_store) {
-    reading<own_rules> walk(reader);
-    return buffering_period(walk, *this, sps_store);
+    return parse_by_own_rules(reader, description_of(*this, sps_store));
+}
+
+bool h265_nal_sei_buffering_period::parse(h2645_common_bitreader& reader,
+                                          const h2645_common_base_store<h265_nal_sps>& sps_store,
+                                          h265_trace& trace, h265_fault* fault) {
+    return parse_by_own_rules(reader, trace, fault, description_of(*this, sps_store));
 }
 
 bool h265_nal_sei_buffering_period::parse_standard(
-    h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_sps>& sps_store) {
-    *this = {};
-    reading<standard_rules> walk(reader);
-    return buffering_period(walk, *this, sps_store);
+    h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_sps>& sps_store,
+    h265_fault* fault) {
+    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this, sps_store));
+}
+
+bool h265_nal_sei_buffering_period::parse_standard(
+    h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_sps>& sps_store,
+    h265_trace& trace, h265_fault* fault) {
+    return parse_by_standard(*this, reader, &trace, fault, description_of(*this, sps_store));
 }
 
 }  // namespace kovran

@@ -3,6 +3,7 @@
 
 #include "h2645_common/element.h"
 #include "h2645_common/store_lookup.h"
+#include "h2645_common/value_range.h"
 
 namespace kovran {
 
@@ -34,11 +35,14 @@ template <class Walker, class Values>
 // buffering_period(), clause D.2.2.
 template <class Walker, class BufferingPeriod, class SpsStore>
 [[nodiscard]] bool buffering_period(Walker& walk, BufferingPeriod& period, SpsStore& sps_store) {
-    walk.ue(ELEMENT(period, bp_seq_parameter_set_id));
-    const auto* const sps = find_entry(sps_store, period.bp_seq_parameter_set_id);
-    if (sps == nullptr || period.bp_seq_parameter_set_id > Walker::rules::max_sps_id) {
-        walk.clear(period.valid);
+    walk.ue(ELEMENT(period, bp_seq_parameter_set_id), up_to(15));
+    if (!walk.at_most(ELEMENT(period, bp_seq_parameter_set_id), walk.rules.max_sps_id)) {
         return false;
+    }
+    const auto* const sps = find_entry(sps_store, period.bp_seq_parameter_set_id);
+    if (sps == nullptr) {
+        walk.clear(period.valid);
+        return walk.missing("SPS", period.bp_seq_parameter_set_id);
     }
     const auto& hrd = sps->vui_parameters.hrd_parameters;
     const auto bits = [](unsigned char length_minus1) {
@@ -48,7 +52,7 @@ template <class Walker, class BufferingPeriod, class SpsStore>
     if (!hrd.sub_pic_hrd_params_present_flag) {
         walk.u(1, ELEMENT(period, irap_cpb_params_present_flag));
     } else {
-        Walker::rules::infer_irap_cpb_params_present_flag(walk, period);
+        walk.rules.infer_irap_cpb_params_present_flag(walk, period);
     }
     if (period.irap_cpb_params_present_flag) {
         walk.u_v(bits(hrd.au_cpb_removal_delay_length_minus1), ELEMENT(period, cpb_delay_offset));
@@ -62,8 +66,8 @@ template <class Walker, class BufferingPeriod, class SpsStore>
     if (hrd.cpb_cnt_minus1.empty()) {
         return false;
     }
-    walk.assign(period.CpbCnt, Walker::rules::cpb_cnt_minus1(hrd) + 1);
-    if (period.CpbCnt > Walker::rules::max_hrd_cpbs) {
+    walk.assign(period.CpbCnt, walk.rules.cpb_cnt_minus1(hrd) + 1);
+    if (!walk.at_most(ELEMENT(period, CpbCnt), walk.rules.max_hrd_cpbs)) {
         return false;
     }
     const initial_cpb_removal_bits removal_bits = {
@@ -92,8 +96,7 @@ template <class Walker, class BufferingPeriod, class SpsStore>
     if (period.use_alt_cpb_params_flag_present) {
         walk.u(1, ELEMENT(period, use_alt_cpb_params_flag));
     }
-    walk.set(period.valid);
-    return true;
+    return walk.finish(period.valid);
 }
 
 }  // namespace kovran

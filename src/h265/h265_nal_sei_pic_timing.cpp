@@ -1,30 +1,56 @@
 #include <kovran/h265/h265_nal_sei_pic_timing.h>
 
-#include "h2645_common/reading.h"
 #include "h2645_common/store_lookup.h"
 #include "h265/h265_nal_sei_pic_timing.syntax.h"
-#include "h265/reading_rules.h"
+#include "h265/parsing.h"
 
 #include <iterator>
 
 namespace kovran {
+namespace {
+
+const h265_nal_sps* active_entry(const h2645_common_base_store<h265_nal_sps>& store) {
+    return store.active_id != store.no_id ? find_entry(store, store.active_id) : nullptr;
+}
+
+void tell_missing(const h2645_common_base_store<h265_nal_sps>& store, h265_fault* fault) {
+    if (fault != nullptr) {
+        *fault = {};
+        fault->kind = h265_fault_kind::parameter_set_missing;
+        fault->parameter_set = "SPS";
+        fault->parameter_set_id = store.active_id;
+    }
+}
+
+auto description_of(h265_nal_sei_pic_timing& record, const h265_nal_sps& sps) {
+    return [&record, &sps](auto& walk) { return pic_timing(walk, record, sps); };
+}
+
+}  // namespace
 
 bool h265_nal_sei_pic_timing::parse(h2645_common_bitreader& reader, const h265_nal_sps& sps) {
-    reading<own_rules> walk(reader);
-    return pic_timing(walk, *this, sps);
+    return parse_by_own_rules(reader, description_of(*this, sps));
+}
+
+bool h265_nal_sei_pic_timing::parse(h2645_common_bitreader& reader, const h265_nal_sps& sps,
+                                    h265_trace& trace, h265_fault* fault) {
+    return parse_by_own_rules(reader, trace, fault, description_of(*this, sps));
 }
 
 bool h265_nal_sei_pic_timing::parse_standard(h2645_common_bitreader& reader,
-                                             const h265_nal_sps& sps) {
-    *this = {};
-    reading<standard_rules> walk(reader);
-    return pic_timing(walk, *this, sps);
+                                             const h265_nal_sps& sps, h265_fault* fault) {
+    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this, sps));
+}
+
+bool h265_nal_sei_pic_timing::parse_standard(h2645_common_bitreader& reader,
+                                             const h265_nal_sps& sps, h265_trace& trace,
+                                             h265_fault* fault) {
+    return parse_by_standard(*this, reader, &trace, fault, description_of(*this, sps));
 }
 
 bool h265_nal_sei_pic_timing::parse(h2645_common_bitreader& reader,
                                     const h2645_common_base_store<h265_nal_sps>& store) {
-    const h265_nal_sps* const sps =
-        store.active_id != store.no_id ? find_entry(store, store.active_id) : nullptr;
+    const h265_nal_sps* const sps = active_entry(store);
     if (sps == nullptr) {
         valid = false;
         return false;
@@ -32,15 +58,42 @@ bool h265_nal_sei_pic_timing::parse(h2645_common_bitreader& reader,
     return parse(reader, *sps);
 }
 
-bool h265_nal_sei_pic_timing::parse_standard(h2645_common_bitreader& reader,
-                                             const h2645_common_base_store<h265_nal_sps>& store) {
-    const h265_nal_sps* const sps =
-        store.active_id != store.no_id ? find_entry(store, store.active_id) : nullptr;
+bool h265_nal_sei_pic_timing::parse(h2645_common_bitreader& reader,
+                                    const h2645_common_base_store<h265_nal_sps>& store,
+                                    h265_trace& trace, h265_fault* fault) {
+    const h265_nal_sps* const sps = active_entry(store);
     if (sps == nullptr) {
-        *this = {};
+        tell_missing(store, fault);
+        trace.clear();
+        valid = false;
         return false;
     }
-    return parse_standard(reader, *sps);
+    return parse(reader, *sps, trace, fault);
+}
+
+bool h265_nal_sei_pic_timing::parse_standard(h2645_common_bitreader& reader,
+                                             const h2645_common_base_store<h265_nal_sps>& store,
+                                             h265_fault* fault) {
+    const h265_nal_sps* const sps = active_entry(store);
+    if (sps == nullptr) {
+        tell_missing(store, fault);
+        start_afresh(*this);
+        return false;
+    }
+    return parse_standard(reader, *sps, fault);
+}
+
+bool h265_nal_sei_pic_timing::parse_standard(h2645_common_bitreader& reader,
+                                             const h2645_common_base_store<h265_nal_sps>& store,
+                                             h265_trace& trace, h265_fault* fault) {
+    const h265_nal_sps* const sps = active_entry(store);
+    if (sps == nullptr) {
+        tell_missing(store, fault);
+        trace.clear();
+        start_afresh(*this);
+        return false;
+    }
+    return parse_standard(reader, *sps, trace, fault);
 }
 
 const char* h265_nal_sei_pic_timing::pic_struct_to_str() const {

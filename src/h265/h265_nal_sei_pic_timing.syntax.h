@@ -2,6 +2,10 @@
 #define KOVRAN_SRC_H265_H265_NAL_SEI_PIC_TIMING_SYNTAX_H
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
+#include "h265/picture_size.h"
+
+#include <cstdint>
 
 namespace kovran {
 
@@ -11,12 +15,15 @@ template <class Walker, class PicTiming, class Sps>
     const auto increment_bits = static_cast<unsigned char>(
         sps.vui_parameters.hrd_parameters.du_cpb_removal_delay_increment_length_minus1 + 1);
     walk.set(timing.du_info_present);
-    walk.ue(ELEMENT(timing, num_decoding_units_minus1));
+    walk.ue(ELEMENT(timing, num_decoding_units_minus1), pic_size_range(sps));
     walk.u(1, ELEMENT(timing, du_common_cpb_removal_delay_flag));
     if (timing.du_common_cpb_removal_delay_flag) {
         walk.u_v(increment_bits, ELEMENT(timing, du_common_cpb_removal_delay_increment_minus1));
     }
-    if (timing.num_decoding_units_minus1 >= Walker::rules::max_decoding_units(sps) ||
+    if (!walk.at_most(ELEMENT(timing, num_decoding_units_minus1),
+                      walk.rules.max_decoding_units_minus1(sps)) ||
+        !walk.data_holds(ELEMENT(timing, num_decoding_units_minus1),
+                         std::uint64_t{timing.num_decoding_units_minus1} + 1, /*fewest_bits=*/1) ||
         !walk.grow(timing.num_decoding_units_minus1 + 1, timing.num_nalus_in_du_minus1,
                    timing.du_cpb_removal_delay_increment_minus1)) {
         return false;
@@ -38,11 +45,11 @@ template <class Walker, class PicTiming, class Sps>
         return static_cast<unsigned char>(length_minus1 + 1);
     };
     if (sps.vui_parameters.frame_field_info_present_flag) {
-        walk.u(4, ELEMENT(timing, pic_struct));
-        walk.u(2, ELEMENT(timing, source_scan_type));
+        walk.u(4, ELEMENT(timing, pic_struct), up_to(12));
+        walk.u(2, ELEMENT(timing, source_scan_type), up_to(2));
         walk.u(1, ELEMENT(timing, duplicate_flag));
     } else {
-        Walker::rules::infer_source_scan_type(walk, timing, sps);
+        walk.rules.infer_source_scan_type(walk, timing, sps);
     }
     walk.assign(timing.cpb_dpb_delays_present,
                 hrd.nal_hrd_parameters_present_flag || hrd.vcl_hrd_parameters_present_flag);
@@ -54,13 +61,12 @@ template <class Walker, class PicTiming, class Sps>
             walk.u_v(bits(hrd.dpb_output_delay_du_length_minus1),
                      ELEMENT(timing, pic_dpb_output_du_delay));
         }
-        if (Walker::rules::has_decoding_unit_info(hrd) &&
+        if (walk.rules.has_decoding_unit_info(hrd) &&
             !pic_timing_decoding_units(walk, timing, sps)) {
             return false;
         }
     }
-    walk.set(timing.valid);
-    return true;
+    return walk.finish(timing.valid);
 }
 
 }  // namespace kovran

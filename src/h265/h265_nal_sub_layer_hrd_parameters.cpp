@@ -1,26 +1,51 @@
 #include <kovran/h265/h265_hrd_parameters.h>
 #include <kovran/h265/h265_nal_sub_layer_hrd_parameters.h>
 
-#include "h2645_common/reading.h"
 #include "h265/h265_nal_sub_layer_hrd_parameters.syntax.h"
-#include "h265/reading_rules.h"
+#include "h265/parsing.h"
 
 namespace kovran {
+namespace {
+
+auto description_of(h265_nal_sub_layer_hrd_parameters& record, unsigned int subLayerId_,
+                    unsigned int cpb_count_, const h265_hrd_parameters& hrd) {
+    return [&record, subLayerId_, cpb_count_, &hrd](auto& walk) {
+        return sub_layer_hrd_parameters(walk, record, subLayerId_, cpb_count_, hrd);
+    };
+}
+
+}  // namespace
 
 bool h265_nal_sub_layer_hrd_parameters::parse(unsigned int subLayerId_, unsigned int cpb_count_,
                                               const h265_hrd_parameters& hrd,
                                               h2645_common_bitreader& reader) {
-    reading<own_rules> walk(reader);
-    return sub_layer_hrd_parameters(walk, *this, subLayerId_, cpb_count_, hrd);
+    return parse_by_own_rules(reader, description_of(*this, subLayerId_, cpb_count_, hrd));
+}
+
+bool h265_nal_sub_layer_hrd_parameters::parse(unsigned int subLayerId_, unsigned int cpb_count_,
+                                              const h265_hrd_parameters& hrd,
+                                              h2645_common_bitreader& reader, h265_trace& trace,
+                                              h265_fault* fault) {
+    return parse_by_own_rules(reader, trace, fault,
+                              description_of(*this, subLayerId_, cpb_count_, hrd));
 }
 
 bool h265_nal_sub_layer_hrd_parameters::parse_standard(unsigned int subLayerId_,
                                                        unsigned int cpb_count_,
                                                        const h265_hrd_parameters& hrd,
-                                                       h2645_common_bitreader& reader) {
-    *this = {};
-    reading<standard_rules> walk(reader);
-    return sub_layer_hrd_parameters(walk, *this, subLayerId_, cpb_count_, hrd);
+                                                       h2645_common_bitreader& reader,
+                                                       h265_fault* fault) {
+    return parse_by_standard(*this, reader, nullptr, fault,
+                             description_of(*this, subLayerId_, cpb_count_, hrd));
+}
+
+bool h265_nal_sub_layer_hrd_parameters::parse_standard(unsigned int subLayerId_,
+                                                       unsigned int cpb_count_,
+                                                       const h265_hrd_parameters& hrd,
+                                                       h2645_common_bitreader& reader,
+                                                       h265_trace& trace, h265_fault* fault) {
+    return parse_by_standard(*this, reader, &trace, fault,
+                             description_of(*this, subLayerId_, cpb_count_, hrd));
 }
 
 }  // namespace kovran

@@ -13,7 +13,9 @@ template <class Walker, class SubLayerHrd, class Hrd>
     walk.clear(sub_layer.valid);
     walk.assign(sub_layer.subLayerId, subLayerId);
     walk.assign(sub_layer.cpb_count, cpb_count);
-    if (cpb_count > Walker::rules::max_hrd_cpbs ||
+    const auto count = named("cpb_cnt_minus1", cpb_count, {{subLayerId}, 1});
+    if (!walk.at_most(count, walk.rules.max_hrd_cpbs) ||
+        !walk.data_holds(count, cpb_count, /*fewest_bits=*/3) ||
         !walk.grow(cpb_count, sub_layer.bit_rate_value_minus1, sub_layer.cpb_size_value_minus1,
                    sub_layer.cpb_size_du_value_minus1, sub_layer.bit_rate_du_value_minus1,
                    sub_layer.cbr_flag)) {
@@ -28,8 +30,7 @@ template <class Walker, class SubLayerHrd, class Hrd>
         }
         walk.u(1, ELEMENT(sub_layer, cbr_flag)[i]);
     }
-    walk.set(sub_layer.valid);
-    return true;
+    return walk.finish(sub_layer.valid);
 }
 
 }  // namespace kovran

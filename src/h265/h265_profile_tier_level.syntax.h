@@ -2,6 +2,7 @@
 #define KOVRAN_SRC_H265_H265_PROFILE_TIER_LEVEL_SYNTAX_H
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 
 namespace kovran {
 
@@ -9,7 +10,7 @@ namespace kovran {
 template <class Walker, class Layer>
 [[nodiscard]] bool profile_tier_level_layer(Walker& walk, Layer& layer) {
     if (layer.profile_present_flag) {
-        walk.u(2, ELEMENT(layer, profile_space));
+        walk.u(2, ELEMENT(layer, profile_space), up_to(0));
         walk.u(1, ELEMENT(layer, tier_flag));
         walk.u(5, ELEMENT(layer, profile_idc));
         if (!walk.grow(32, layer.profile_compatibility_flag)) {
@@ -58,8 +59,7 @@ template <class Walker, class Layer>
     if (layer.level_present_flag) {
         walk.u(8, ELEMENT(layer, level_idc));
     }
-    walk.set(layer.valid);
-    return true;
+    return walk.finish(layer.valid);
 }
 
 // profile_tier_level(), clause 7.3.3.
@@ -70,11 +70,12 @@ template <class Walker, class ProfileTierLevel>
 
     walk.assign(ptl.general.profile_present_flag, profilePresentFlag);
     walk.set(ptl.general.level_present_flag);
-    if (!walk.structure(ELEMENT(ptl, general), walk_layer)) {
+    if (!walk.prefixed("general_", ELEMENT(ptl, general), walk_layer)) {
         walk.clear(ptl.valid);
         return false;
     }
-    if (maxNumSubLayersMinus1 > Walker::rules::max_profile_tier_level_sub_layers ||
+    if (!walk.at_most(named("maxNumSubLayersMinus1", maxNumSubLayersMinus1),
+                      walk.rules.max_profile_tier_level_sub_layers) ||
         !walk.grow(maxNumSubLayersMinus1, ptl.sub_layers)) {
         return false;
     }
@@ -89,17 +90,16 @@ template <class Walker, class ProfileTierLevel>
         }
     }
     for (unsigned int i = 0; i < maxNumSubLayersMinus1; ++i) {
-        if (!walk.structure(ELEMENT(ptl, sub_layers)[i], walk_layer)) {
+        if (!walk.prefixed("sub_layer_", ELEMENT(ptl, sub_layers)[i], walk_layer)) {
             walk.clear(ptl.valid);
             return false;
         }
     }
-    if (!Walker::rules::infer_absent_sub_layers(walk, ptl)) {
+    if (!walk.rules.infer_absent_sub_layers(walk, ptl)) {
         walk.clear(ptl.valid);
         return false;
     }
-    walk.set(ptl.valid);
-    return true;
+    return walk.finish(ptl.valid);
 }
 
 }  // namespace kovran

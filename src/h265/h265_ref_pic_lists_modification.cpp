@@ -1,23 +1,41 @@
 #include <kovran/h265/h265_ref_pic_lists_modification.h>
 #include <kovran/h265/h265_slice_segment_header.h>
 
-#include "h2645_common/reading.h"
 #include "h265/h265_ref_pic_lists_modification.syntax.h"
-#include "h265/reading_rules.h"
+#include "h265/parsing.h"
 
 namespace kovran {
+namespace {
+
+auto description_of(h265_ref_pic_lists_modification& record,
+                    const h265_slice_segment_header& header) {
+    return
+        [&record, &header](auto& walk) { return ref_pic_lists_modification(walk, record, header); };
+}
+
+}  // namespace
 
 bool h265_ref_pic_lists_modification::parse(h2645_common_bitreader& reader,
                                             const h265_slice_segment_header& header) {
-    reading<own_rules> walk(reader);
-    return ref_pic_lists_modification(walk, *this, header);
+    return parse_by_own_rules(reader, description_of(*this, header));
+}
+
+bool h265_ref_pic_lists_modification::parse(h2645_common_bitreader& reader,
+                                            const h265_slice_segment_header& header,
+                                            h265_trace& trace, h265_fault* fault) {
+    return parse_by_own_rules(reader, trace, fault, description_of(*this, header));
 }
 
 bool h265_ref_pic_lists_modification::parse_standard(h2645_common_bitreader& reader,
-                                                     const h265_slice_segment_header& header) {
-    *this = {};
-    reading<standard_rules> walk(reader);
-    return ref_pic_lists_modification(walk, *this, header);
+                                                     const h265_slice_segment_header& header,
+                                                     h265_fault* fault) {
+    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this, header));
+}
+
+bool h265_ref_pic_lists_modification::parse_standard(h2645_common_bitreader& reader,
+                                                     const h265_slice_segment_header& header,
+                                                     h265_trace& trace, h265_fault* fault) {
+    return parse_by_standard(*this, reader, &trace, fault, description_of(*this, header));
 }
 
 }  // namespace kovran

@@ -1,20 +1,33 @@
 #include <kovran/h265/h265_scaling_list_data.h>
 
-#include "h2645_common/reading.h"
 #include "h265/h265_scaling_list_data.syntax.h"
-#include "h265/reading_rules.h"
+#include "h265/parsing.h"
 
 namespace kovran {
+namespace {
 
-bool h265_scaling_list_data::parse(h2645_common_bitreader& reader) {
-    reading<own_rules> walk(reader);
-    return scaling_list_data(walk, *this);
+auto description_of(h265_scaling_list_data& record) {
+    return [&record](auto& walk) { return scaling_list_data(walk, record); };
 }
 
-bool h265_scaling_list_data::parse_standard(h2645_common_bitreader& reader) {
-    *this = {};
-    reading<standard_rules> walk(reader);
-    return scaling_list_data(walk, *this);
+}  // namespace
+
+bool h265_scaling_list_data::parse(h2645_common_bitreader& reader) {
+    return parse_by_own_rules(reader, description_of(*this));
+}
+
+bool h265_scaling_list_data::parse(h2645_common_bitreader& reader, h265_trace& trace,
+                                   h265_fault* fault) {
+    return parse_by_own_rules(reader, trace, fault, description_of(*this));
+}
+
+bool h265_scaling_list_data::parse_standard(h2645_common_bitreader& reader, h265_fault* fault) {
+    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this));
+}
+
+bool h265_scaling_list_data::parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
+                                            h265_fault* fault) {
+    return parse_by_standard(*this, reader, &trace, fault, description_of(*this));
 }
 
 }  // namespace kovran

@@ -2,6 +2,7 @@
 #define KOVRAN_SRC_H265_H265_SCALING_LIST_DATA_SYNTAX_H
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h2645_common/wrapping.h"
 
 #include <algorithm>
@@ -27,8 +28,9 @@ template <class Walker, class ScalingLists>
         for (unsigned int matrixId = 0; matrixId < 6; matrixId += sizeId == 3 ? 3 : 1) {
             walk.u(1, ELEMENT(lists, scaling_list_pred_mode_flag)[sizeId][matrixId]);
             if (!lists.scaling_list_pred_mode_flag[sizeId][matrixId]) {
-                walk.ue(ELEMENT(lists, scaling_list_pred_matrix_id_delta)[sizeId][matrixId]);
-                if (!Walker::rules::end_predicted_scaling_list(walk, lists, sizeId, matrixId)) {
+                walk.ue(ELEMENT(lists, scaling_list_pred_matrix_id_delta)[sizeId][matrixId],
+                        up_to(matrixId / (sizeId == 3 ? 3 : 1)));
+                if (!walk.rules.end_predicted_scaling_list(walk, lists, sizeId, matrixId)) {
                     return false;
                 }
                 continue;
@@ -36,7 +38,8 @@ template <class Walker, class ScalingLists>
             unsigned int nextCoef = 8;
             if (sizeId > 1) {
                 auto& dc_coef_minus8 = lists.scaling_list_dc_coef_minus8[sizeId - 2][matrixId];
-                walk.se(ELEMENT(lists, scaling_list_dc_coef_minus8)[sizeId - 2][matrixId]);
+                walk.se(ELEMENT(lists, scaling_list_dc_coef_minus8)[sizeId - 2][matrixId],
+                        between(-7, 247));
                 nextCoef = wrapping_sum(static_cast<unsigned int>(dc_coef_minus8), 8) & 0xFFU;
             }
             auto& coefficients = lists.ScalingList[sizeId][matrixId];
@@ -46,7 +49,8 @@ template <class Walker, class ScalingLists>
             for (unsigned int i = 0; i < coefNum; ++i) {
                 int scaling_list_delta_coef = 0;
                 walk.se(named("scaling_list_delta_coef", scaling_list_delta_coef,
-                              {{sizeId, matrixId, i}, 3}));
+                              {{sizeId, matrixId, i}, 3}),
+                        between(-128, 127));
                 nextCoef =
                     wrapping_sum(nextCoef, static_cast<unsigned int>(scaling_list_delta_coef)) &
                     0xFFU;
@@ -54,8 +58,7 @@ template <class Walker, class ScalingLists>
             }
         }
     }
-    walk.set(lists.valid);
-    return true;
+    return walk.finish(lists.valid);
 }
 
 }  // namespace kovran

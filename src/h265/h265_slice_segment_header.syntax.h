@@ -4,14 +4,18 @@
 #include <kovran/h265/h265_nal.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/resize.h"
 #include "h2645_common/store_lookup.h"
+#include "h2645_common/value_range.h"
 #include "h2645_common/wrapping.h"
 #include "h265/h265_ref_pic_lists_modification.syntax.h"
 #include "h265/h265_st_ref_pic_set.syntax.h"
 #include "h265/slice_type.h"
+#include "h265/sub_layer_ordering.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace kovran {
@@ -21,13 +25,20 @@ template <class Walker, class Slice, class Sps>
 [[nodiscard]] bool slice_long_term_pics(Walker& walk, Slice& slice, const Sps& sps,
                                         unsigned char lsb_bits) {
     if (sps.num_long_term_ref_pics_sps > 0) {
-        walk.ue(ELEMENT(slice, num_long_term_sps));
+        walk.ue(ELEMENT(slice, num_long_term_sps), up_to(sps.num_long_term_ref_pics_sps));
     }
-    walk.ue(ELEMENT(slice, num_long_term_pics));
-    if (!Walker::rules::can_have_long_term_pics(slice, sps)) {
+    walk.ue(ELEMENT(slice, num_long_term_pics),
+            up_to(std::int64_t{max_dpb_size} - slice.num_long_term_sps));
+    if (!walk.at_most(ELEMENT(slice, num_long_term_sps), walk.rules.max_long_term_sps(sps)) ||
+        !walk.at_most(ELEMENT(slice, num_long_term_pics),
+                      walk.rules.max_long_term_pics(slice.num_long_term_sps))) {
         return false;
     }
     const unsigned int entries = wrapping_sum(slice.num_long_term_sps, slice.num_long_term_pics);
+    const bool goes_on = walk.rules.can_read_long_term_pics(sps);
+    if (!goes_on && entries > largest_unbounded_array) {
+        return false;
+    }
     walk.grow_or_throw(entries, slice.lt_idx_sps, slice.poc_lsb_lt, slice.used_by_curr_pic_lt_flag,
                        slice.delta_poc_msb_present_flag, slice.delta_poc_msb_cycle_lt);
     if (entries != 0) {
@@ -37,16 +48,17 @@ template <class Walker, class Slice, class Sps>
         walk.clear(slice.delta_poc_msb_present_flag[0]);
         walk.assign(slice.delta_poc_msb_cycle_lt[0], 0);
     }
-    if (!Walker::rules::can_read_long_term_pics(sps)) {
+    if (!goes_on) {
         return false;
     }
     for (unsigned int i = 0; i < entries; ++i) {
         if (i < slice.num_long_term_sps) {
             if (sps.num_long_term_ref_pics_sps > 1) {
-                walk.u_v(Walker::rules::index_width(sps.num_long_term_ref_pics_sps),
-                         ELEMENT(slice, lt_idx_sps)[i]);
+                walk.u_v(walk.rules.index_width(sps.num_long_term_ref_pics_sps),
+                         ELEMENT(slice, lt_idx_sps)[i],
+                         up_to(std::int64_t{sps.num_long_term_ref_pics_sps} - 1));
             }
-            if (!Walker::rules::take_candidate(walk, slice, sps, i)) {
+            if (!walk.rules.take_candidate(walk, slice, sps, i)) {
                 return false;
             }
         } else {
@@ -66,7 +78,8 @@ template <class Walker, class Slice, class Sps>
 [[nodiscard]] bool slice_ref_pic_sets(Walker& walk, Slice& slice, const Sps& sps) {
     const auto lsb_bits = static_cast<unsigned char>(sps.log2_max_pic_order_cnt_lsb_minus4 + 4);
     walk.u_v(lsb_bits, ELEMENT(slice, slice_pic_order_cnt_lsb));
-    walk.u(1, ELEMENT(slice, short_term_ref_pic_set_sps_flag));
+    walk.u(1, ELEMENT(slice, short_term_ref_pic_set_sps_flag),
+           up_to(sps.num_short_term_ref_pic_sets != 0 ? 1 : 0));
     if (!slice.short_term_ref_pic_set_sps_flag) {
         if (!walk.structure(ELEMENT(slice, st_ref_pic_set), [&](auto& set) {
                 return st_ref_pic_set(walk, set, sps, sps.num_short_term_ref_pic_sets,
@@ -76,10 +89,11 @@ template <class Walker, class Slice, class Sps>
         }
     } else {
         if (sps.num_short_term_ref_pic_sets > 1) {
-            walk.u_v(Walker::rules::index_width(sps.num_short_term_ref_pic_sets),
-                     ELEMENT(slice, short_term_ref_pic_set_idx));
+            walk.u_v(walk.rules.index_width(sps.num_short_term_ref_pic_sets),
+                     ELEMENT(slice, short_term_ref_pic_set_idx),
+                     up_to(std::int64_t{sps.num_short_term_ref_pic_sets} - 1));
         }
-        if (!Walker::rules::has_set(sps, slice.short_term_ref_pic_set_idx)) {
+        if (!walk.rules.has_set(sps, slice.short_term_ref_pic_set_idx)) {
             return false;
         }
         walk.assign(slice.CurrRpsIdx, slice.short_term_ref_pic_set_idx);
@@ -87,7 +101,7 @@ template <class Walker, class Slice, class Sps>
     if (sps.long_term_ref_pics_present_flag && !slice_long_term_pics(walk, slice, sps, lsb_bits)) {
         return false;
     }
-    if (Walker::rules::has_temporal_mvp_flag(sps)) {
+    if (walk.rules.has_temporal_mvp_flag(sps)) {
         walk.u(1, ELEMENT(slice, slice_temporal_mvp_enabled_flag));
     }
     return true;
@@ -111,8 +125,8 @@ template <class Set>
 // NumPicTotalCurr, equation 7-55. An SPS whose parse failed can have fewer sets than its count
 // says.
 template <class Walker, class Slice, class Sps>
-[[nodiscard]] unsigned int num_pic_total_curr(const Slice& slice, const Sps& sps) {
-    unsigned int pics = Walker::rules::count_long_term_pics(slice, sps);
+[[nodiscard]] unsigned int num_pic_total_curr(Walker& walk, const Slice& slice, const Sps& sps) {
+    unsigned int pics = walk.rules.count_long_term_pics(slice, sps);
     if (slice.CurrRpsIdx >= sps.num_short_term_ref_pic_sets) {
         pics += count_short_term_pics(slice.st_ref_pic_set);
     } else if (slice.CurrRpsIdx < sps.st_ref_pic_set.size()) {
@@ -134,17 +148,20 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
     } else {
         walk.clear(slice.no_output_of_prior_pics_flag);
     }
-    walk.ue(ELEMENT(slice, slice_pic_parameter_set_id));
-    if (slice.slice_pic_parameter_set_id > Walker::rules::max_pps_id) {
+    walk.ue(ELEMENT(slice, slice_pic_parameter_set_id), up_to(63));
+    if (!walk.at_most(ELEMENT(slice, slice_pic_parameter_set_id), walk.rules.max_pps_id)) {
         return false;
     }
     const auto* const pps = find_entry(pps_store, slice.slice_pic_parameter_set_id);
     if (pps == nullptr) {
-        return false;
+        return walk.missing("PPS", slice.slice_pic_parameter_set_id);
     }
     const auto* const sps = find_entry(sps_store, pps->pps_seq_parameter_set_id);
-    if (sps == nullptr || find_entry(vps_store, sps->sps_video_parameter_set_id) == nullptr) {
-        return false;
+    if (sps == nullptr) {
+        return walk.missing("SPS", pps->pps_seq_parameter_set_id);
+    }
+    if (find_entry(vps_store, sps->sps_video_parameter_set_id) == nullptr) {
+        return walk.missing("VPS", sps->sps_video_parameter_set_id);
     }
     walk.assign(slice.NumPicTotalCurr, 0);
     walk.assign(slice.CurrRpsIdx, sps->num_short_term_ref_pic_sets);
@@ -157,22 +174,22 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         } else {
             walk.clear(slice.dependent_slice_segment_flag);
         }
-        const unsigned int PicSizeInCtbsY = Walker::rules::pic_size_in_ctbs(*sps);
+        const unsigned int PicSizeInCtbsY = walk.rules.pic_size_in_ctbs(*sps);
         if (PicSizeInCtbsY == 0) {
             return false;
         }
-        walk.u_v(Walker::rules::index_width(PicSizeInCtbsY), ELEMENT(slice, slice_segment_address));
+        walk.u_v(walk.rules.index_width(PicSizeInCtbsY), ELEMENT(slice, slice_segment_address),
+                 between(1, std::int64_t{PicSizeInCtbsY} - 1));
     }
-    if (Walker::rules::is_dependent(slice)) {
-        walk.set(slice.valid);
-        return true;
+    if (walk.rules.is_dependent(slice)) {
+        return walk.finish(slice.valid);
     }
 
     for (unsigned int i = 0; i < pps->num_extra_slice_header_bits; ++i) {
         walk.skip(1, "slice_reserved_flag", i);
     }
-    walk.ue(ELEMENT(slice, slice_type));
-    if (!Walker::rules::is_slice_type(slice.slice_type)) {
+    walk.ue(ELEMENT(slice, slice_type), up_to(2));
+    if (!walk.rules.is_slice_type(slice.slice_type)) {
         return false;
     }
     if (pps->output_flag_present_flag) {
@@ -181,7 +198,7 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         walk.set(slice.pic_output_flag);
     }
     if (sps->separate_colour_plane_flag) {
-        walk.u(2, ELEMENT(slice, colour_plane_id));
+        walk.u(2, ELEMENT(slice, colour_plane_id), up_to(2));
     }
     if (nal_unit_type != IDR_W_RADL && nal_unit_type != IDR_N_LP &&
         !slice_ref_pic_sets(walk, slice, *sps)) {
@@ -195,22 +212,21 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         }
     }
     if (slice.slice_type > slice_type_p) {
-        walk.set(slice.valid);
-        return true;
+        return walk.finish(slice.valid);
     }
 
     walk.u(1, ELEMENT(slice, num_ref_idx_active_override_flag));
     if (slice.num_ref_idx_active_override_flag) {
-        walk.ue(ELEMENT(slice, num_ref_idx_l0_active_minus1));
+        walk.ue(ELEMENT(slice, num_ref_idx_l0_active_minus1), up_to(14));
         if (slice.slice_type == slice_type_b) {
-            walk.ue(ELEMENT(slice, num_ref_idx_l1_active_minus1));
+            walk.ue(ELEMENT(slice, num_ref_idx_l1_active_minus1), up_to(14));
         }
     }
-    if (has_too_many_references<typename Walker::rules>(slice)) {
+    if (!can_have_references(walk, slice)) {
         return false;
     }
-    walk.assign(slice.NumPicTotalCurr, num_pic_total_curr<Walker>(slice, *sps));
-    if (!Walker::rules::can_count_pictures(slice, *pps, *sps)) {
+    walk.assign(slice.NumPicTotalCurr, num_pic_total_curr(walk, slice, *sps));
+    if (!walk.rules.can_count_pictures(slice, *pps, *sps)) {
         return false;
     }
     if (pps->lists_modification_present_flag && slice.NumPicTotalCurr > 1 &&
@@ -219,8 +235,7 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         })) {
         return false;
     }
-    walk.set(slice.valid);
-    return true;
+    return walk.finish(slice.valid);
 }
 
 }  // namespace kovran

@@ -2,7 +2,12 @@
 #define KOVRAN_SRC_H265_H265_ST_REF_PIC_SET_SYNTAX_H
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h2645_common/wrapping.h"
+#include "h265/derived_pictures.h"
+#include "h265/sps_ranges.h"
+
+#include <cstdint>
 
 namespace kovran {
 
@@ -11,17 +16,18 @@ template <class Walker, class Set, class Sps, class Sets>
 [[nodiscard]] bool predicted_st_ref_pic_set(Walker& walk, Set& set, const Sps& sps,
                                             unsigned int stRpsIdx, const Sets& sets) {
     if (stRpsIdx == sps.num_short_term_ref_pic_sets) {
-        walk.ue(ELEMENT(set, delta_idx_minus1));
+        walk.ue(ELEMENT(set, delta_idx_minus1), up_to(std::int64_t{stRpsIdx} - 1));
     } else {
         walk.assign(set.delta_idx_minus1, 0);
     }
     walk.u(1, ELEMENT(set, delta_rps_sign));
-    walk.ue(ELEMENT(set, abs_delta_rps_minus1));
+    walk.ue(ELEMENT(set, abs_delta_rps_minus1), up_to(farthest_picture - 1));
     walk.assign(set.RefRpsIdx, wrapping_difference(stRpsIdx - 1, set.delta_idx_minus1));
     const unsigned int absDeltaRps = set.abs_delta_rps_minus1 + 1;
     walk.assign(set.deltaRps,
                 set.delta_rps_sign ? wrapping_difference(0, absDeltaRps) : absDeltaRps);
-    if (set.RefRpsIdx >= sets.size()) {
+    if (!walk.at_most(ELEMENT(set, delta_idx_minus1), stRpsIdx - 1) ||
+        set.RefRpsIdx >= sets.size()) {
         return false;
     }
 
@@ -29,14 +35,15 @@ template <class Walker, class Set, class Sps, class Sets>
     walk.assign(set.num_positive_pics, 0);
     // Copied, as the reference may be this record, or move when it grows.
     const auto& reference = sets[set.RefRpsIdx];
-    typename Walker::rules::reference_pictures pictures;
+    typename Walker::rules_type::reference_pictures pictures;
     const unsigned int reference_pics = reference.NumDeltaPocs;
     const unsigned int reference_counts =
         wrapping_sum(reference.num_negative_pics, reference.num_positive_pics);
     walk.assign(set.NumDeltaPocs, reference_pics);
     if (reference_pics < reference_counts ||
-        reference_pics > Walker::rules::max_pics_in_reference_set ||
-        !Walker::rules::take_reference(reference, pictures) ||
+        !walk.at_most(named("NumDeltaPocs", reference_pics),
+                      walk.rules.max_pics_in_reference_set) ||
+        !walk.rules.take_reference(reference, pictures) ||
         !walk.grow(reference_pics + 1, set.use_delta_flag, set.used_by_curr_pic_flag)) {
         return false;
     }
@@ -48,7 +55,7 @@ template <class Walker, class Set, class Sps, class Sets>
             walk.u(1, ELEMENT(set, use_delta_flag)[j]);
         }
     }
-    return Walker::rules::end_predicted_set(walk, set, pictures);
+    return walk.rules.end_predicted_set(walk, set, pictures);
 }
 
 // st_ref_pic_set( stRpsIdx ), clause 7.3.7.
@@ -69,33 +76,31 @@ template <class Walker, class Set, class Sps, class Sets>
         if (!predicted_st_ref_pic_set(walk, set, sps, stRpsIdx, sets)) {
             return false;
         }
-        walk.set(set.valid);
-        return true;
+        return walk.finish(set.valid);
     }
 
-    walk.ue(ELEMENT(set, num_negative_pics));
-    walk.ue(ELEMENT(set, num_positive_pics));
-    if (wrapping_sum(set.num_negative_pics, set.num_positive_pics) >
-            Walker::rules::max_pics_in_set ||
-        set.num_negative_pics > Walker::rules::max_pics_in_one_direction ||
+    walk.ue(ELEMENT(set, num_negative_pics), reference_pictures_range(sps));
+    walk.ue(ELEMENT(set, num_positive_pics), reference_pictures_range(sps, set.num_negative_pics));
+    if (!walk.at_most(ELEMENT(set, num_negative_pics), walk.rules.max_pics_in_one_direction) ||
+        !walk.at_most(ELEMENT(set, num_positive_pics),
+                      walk.rules.max_positive_pics(set.num_negative_pics)) ||
         !walk.grow(set.num_negative_pics, set.delta_poc_s0_minus1, set.used_by_curr_pic_s0_flag)) {
         return false;
     }
     for (unsigned int i = 0; i < set.num_negative_pics; ++i) {
-        walk.ue(ELEMENT(set, delta_poc_s0_minus1)[i]);
+        walk.ue(ELEMENT(set, delta_poc_s0_minus1)[i], up_to(farthest_picture - 1));
         walk.u(1, ELEMENT(set, used_by_curr_pic_s0_flag)[i]);
     }
-    if (set.num_positive_pics > Walker::rules::max_pics_in_one_direction ||
+    if (!walk.at_most(ELEMENT(set, num_positive_pics), walk.rules.max_pics_in_one_direction) ||
         !walk.grow(set.num_positive_pics, set.delta_poc_s1_minus1, set.used_by_curr_pic_s1_flag)) {
         return false;
     }
     for (unsigned int i = 0; i < set.num_positive_pics; ++i) {
-        walk.ue(ELEMENT(set, delta_poc_s1_minus1)[i]);
+        walk.ue(ELEMENT(set, delta_poc_s1_minus1)[i], up_to(farthest_picture - 1));
         walk.u(1, ELEMENT(set, used_by_curr_pic_s1_flag)[i]);
     }
     walk.assign(set.NumDeltaPocs, set.num_negative_pics + set.num_positive_pics);
-    walk.set(set.valid);
-    return true;
+    return walk.finish(set.valid);
 }
 
 }  // namespace kovran

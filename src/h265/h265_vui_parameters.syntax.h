@@ -2,10 +2,13 @@
 #define KOVRAN_SRC_H265_H265_VUI_PARAMETERS_SYNTAX_H
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h265/h265_hrd_parameters.syntax.h"
+#include "h265/sps_ranges.h"
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 namespace kovran {
 
@@ -41,7 +44,7 @@ inline constexpr unsigned int extended_sar = 255;
 template <class Walker, class Vui, class Sps>
 [[nodiscard]] bool vui_parameters(Walker& walk, Vui& vui, const Sps& sps) {
     walk.clear(vui.valid);
-    Walker::rules::infer_vui_elements(walk, vui);
+    walk.rules.infer_vui_elements(walk, vui);
 
     walk.u(1, ELEMENT(vui, aspect_ratio_info_present_flag));
     if (vui.aspect_ratio_info_present_flag) {
@@ -53,7 +56,7 @@ template <class Walker, class Vui, class Sps>
         } else {
             const bool reserved = vui.aspect_ratio_idc >= sample_aspect_ratios.size();
             const auto ratio = sample_aspect_ratios[reserved ? 0 : vui.aspect_ratio_idc];
-            Walker::rules::end_extended_sar(walk, vui);
+            walk.rules.end_extended_sar(walk, vui);
             walk.assign(vui.sar_width, ratio.width);
             walk.assign(vui.sar_height, ratio.height);
         }
@@ -66,7 +69,7 @@ template <class Walker, class Vui, class Sps>
 
     walk.u(1, ELEMENT(vui, video_signal_type_present_flag));
     if (vui.video_signal_type_present_flag) {
-        walk.u(3, ELEMENT(vui, video_format));
+        walk.u(3, ELEMENT(vui, video_format), up_to(5));
         walk.u(1, ELEMENT(vui, video_full_range_flag));
         walk.u(1, ELEMENT(vui, colour_description_present_flag));
         if (vui.colour_description_present_flag) {
@@ -78,38 +81,49 @@ template <class Walker, class Vui, class Sps>
 
     walk.u(1, ELEMENT(vui, chroma_loc_info_present_flag));
     if (vui.chroma_loc_info_present_flag) {
-        walk.ue(ELEMENT(vui, chroma_sample_loc_type_top_field));
-        walk.ue(ELEMENT(vui, chroma_sample_loc_type_bottom_field));
+        walk.ue(ELEMENT(vui, chroma_sample_loc_type_top_field), up_to(5));
+        walk.ue(ELEMENT(vui, chroma_sample_loc_type_bottom_field), up_to(5));
     }
 
     walk.u(1, ELEMENT(vui, neutral_chroma_indication_flag));
     walk.u(1, ELEMENT(vui, field_seq_flag));
-    walk.u(1, ELEMENT(vui, frame_field_info_present_flag));
+    walk.u(1, ELEMENT(vui, frame_field_info_present_flag), between(vui.field_seq_flag ? 1 : 0, 1));
 
     walk.u(1, ELEMENT(vui, default_display_window_flag));
     if (vui.default_display_window_flag) {
-        walk.ue(ELEMENT(vui, def_disp_win_left_offset));
-        walk.ue(ELEMENT(vui, def_disp_win_right_offset));
-        walk.ue(ELEMENT(vui, def_disp_win_top_offset));
-        walk.ue(ELEMENT(vui, def_disp_win_bottom_offset));
+        const std::uint64_t across =
+            std::uint64_t{sps.conf_win_left_offset} + sps.conf_win_right_offset;
+        const std::uint64_t down =
+            std::uint64_t{sps.conf_win_top_offset} + sps.conf_win_bottom_offset;
+        walk.ue(ELEMENT(vui, def_disp_win_left_offset),
+                window_range(sps.pic_width_in_luma_samples, sub_width_c(sps), across));
+        walk.ue(ELEMENT(vui, def_disp_win_right_offset),
+                window_range(sps.pic_width_in_luma_samples, sub_width_c(sps),
+                             across + vui.def_disp_win_left_offset));
+        walk.ue(ELEMENT(vui, def_disp_win_top_offset),
+                window_range(sps.pic_height_in_luma_samples, sub_height_c(sps), down));
+        walk.ue(ELEMENT(vui, def_disp_win_bottom_offset),
+                window_range(sps.pic_height_in_luma_samples, sub_height_c(sps),
+                             down + vui.def_disp_win_top_offset));
     }
 
     walk.u(1, ELEMENT(vui, vui_timing_info_present_flag));
     if (vui.vui_timing_info_present_flag) {
-        walk.u(32, ELEMENT(vui, vui_num_units_in_tick));
-        walk.u(32, ELEMENT(vui, vui_time_scale));
+        walk.u(32, ELEMENT(vui, vui_num_units_in_tick), from(1));
+        walk.u(32, ELEMENT(vui, vui_time_scale), from(1));
         walk.u(1, ELEMENT(vui, vui_poc_proportional_to_timing_flag));
         if (vui.vui_poc_proportional_to_timing_flag) {
             walk.ue(ELEMENT(vui, vui_num_ticks_poc_diff_one_minus1));
         }
         walk.u(1, ELEMENT(vui, vui_hrd_parameters_present_flag));
-        if (vui.vui_hrd_parameters_present_flag &&
-            !walk.structure(ELEMENT(vui, hrd_parameters), [&](auto& hrd) {
-                return hrd_parameters(walk, hrd, /*commonInfPresentFlag=*/true,
-                                      sps.sps_max_sub_layers_minus1);
-            })) {
-            return false;
-        }
+    }
+    if (!vui.vui_timing_info_present_flag || !vui.vui_hrd_parameters_present_flag) {
+        walk.rules.end_absent_structure(vui.hrd_parameters);
+    } else if (!walk.structure(ELEMENT(vui, hrd_parameters), [&](auto& hrd) {
+                   return hrd_parameters(walk, hrd, /*commonInfPresentFlag=*/true,
+                                         sps.sps_max_sub_layers_minus1);
+               })) {
+        return false;
     }
 
     walk.u(1, ELEMENT(vui, bitstream_restriction_flag));
@@ -117,14 +131,13 @@ template <class Walker, class Vui, class Sps>
         walk.u(1, ELEMENT(vui, tiles_fixed_structure_flag));
         walk.u(1, ELEMENT(vui, motion_vectors_over_pic_boundaries_flag));
         walk.u(1, ELEMENT(vui, restricted_ref_pic_lists_flag));
-        walk.ue(ELEMENT(vui, min_spatial_segmentation_idc));
-        walk.ue(ELEMENT(vui, max_bytes_per_pic_denom));
-        walk.ue(ELEMENT(vui, max_bits_per_min_cu_denom));
-        walk.ue(ELEMENT(vui, log2_max_mv_length_horizontal));
-        walk.ue(ELEMENT(vui, log2_max_mv_length_vertical));
+        walk.ue(ELEMENT(vui, min_spatial_segmentation_idc), up_to(4095));
+        walk.ue(ELEMENT(vui, max_bytes_per_pic_denom), up_to(16));
+        walk.ue(ELEMENT(vui, max_bits_per_min_cu_denom), up_to(16));
+        walk.ue(ELEMENT(vui, log2_max_mv_length_horizontal), up_to(15));
+        walk.ue(ELEMENT(vui, log2_max_mv_length_vertical), up_to(15));
     }
-    walk.set(vui.valid);
-    return true;
+    return walk.finish(vui.valid);
 }
 
 }  // namespace kovran

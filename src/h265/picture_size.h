@@ -1,11 +1,17 @@
 #ifndef KOVRAN_SRC_H265_PICTURE_SIZE_H
 #define KOVRAN_SRC_H265_PICTURE_SIZE_H
 
+#include "h2645_common/value_range.h"
 #include "h2645_common/wrapping.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace kovran {
+
+// The longest side of a picture of any level, Sqrt( MaxLumaPs * 8 ) samples of clause A.4.1, in the
+// smallest coding tree blocks.
+inline constexpr unsigned int longest_side_in_ctbs = 16888 / 16 + 1;
 
 // PicWidthInCtbsY and PicHeightInCtbsY, equations 7-15 and 7-17; 0 both when there is no coding
 // tree block of that size.
@@ -39,7 +45,14 @@ template <class Sps>
     return std::uint64_t{size.width} * size.height;
 }
 
-// The same with every sum and product modulo 2^32.
+// What counts the blocks of a picture from 0.
+template <class Sps>
+[[nodiscard]] value_range pic_size_range(const Sps& sps) {
+    constexpr std::uint64_t absurd = std::uint64_t{1} << 32;
+    return up_to(static_cast<std::int64_t>(std::min(pic_size_in_ctbs(sps), absurd)) - 1);
+}
+
+// PicSizeInCtbsY with every sum and product modulo 2^32.
 template <class Sps>
 [[nodiscard]] unsigned int wrapping_pic_size_in_ctbs(const Sps& sps) {
     const unsigned int CtbLog2SizeY =

@@ -6,6 +6,8 @@
 #include "h265/picture_size.h"
 #include "h265/scaling_list_prediction.h"
 #include "h265/slice_type.h"
+#include "h265/start_afresh.h"
+#include "h265/sub_layer_ordering.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -20,6 +22,19 @@ inline constexpr unsigned int no_bound = 0xFFFFFFFF;
 // `Walker::rules` by name; docs/differences.md lists the same for hosts. What parse() goes by are
 // these; hosts rely on them, so they do not change.
 struct own_rules {
+    // Differs from clause 7.3, where a structure has all its elements: reading goes on past the end
+    // of the data, where bits are 0, and counts may announce more than the data can hold.
+    static constexpr bool data_may_end = true;
+    // Malformed rbsp_trailing_bits() lose the parameter set that they end. By the standard's rules
+    // it is taken as read, and the fault is told.
+    static constexpr bool trailing_bits_decide = true;
+    // Differs from clause 7.4.2.4.2, where parameter sets are bound when they are activated: an SPS
+    // needs its VPS before it, a PPS its SPS.
+    template <class ParameterSet>
+    static bool has_named_set(const ParameterSet* named_set) {
+        return named_set != nullptr;
+    }
+
     // Bounds. Each is what a count may be at most, and takes the place of the standard's; values
     // that size no array have none at all.
 
@@ -38,25 +53,23 @@ struct own_rules {
     // directions together.
     static constexpr unsigned int max_pics_in_one_direction = 128;
     static constexpr unsigned int max_pics_in_reference_set = 127;
-    static constexpr unsigned int max_pics_in_set = no_bound;
+    static unsigned int max_positive_pics(unsigned int /*num_negative_pics*/) { return no_bound; }
     // Differs from clause 7.4.3.3.1: as many as the picture has coding tree blocks, less one. Holds
     // only where widths and heights are coded, and there for the number less one.
-    template <class Sps>
-    static unsigned int max_tile_columns_minus1(const Sps&) {
-        return 128;
-    }
-    template <class Sps>
-    static unsigned int max_tile_rows_minus1(const Sps&) {
-        return 128;
-    }
+    static constexpr unsigned int max_tile_columns_minus1 = 128;
+    static constexpr unsigned int max_tile_rows_minus1 = 128;
     // Differs from clauses 7.4.3.2.1, 7.4.3.3.1 and 7.4.7.1: identifiers up to 15 and 63, 4 to 16
-    // bits of picture order count, 16 reference indices in each list.
+    // bits of picture order count, 15 reference indices in each list.
     static constexpr unsigned int max_sps_id = no_bound;
     static constexpr unsigned int max_pps_id = no_bound;
     static constexpr unsigned int max_log2_max_pic_order_cnt_lsb_minus4 = no_bound;
     static constexpr unsigned int max_ref_idx_active_minus1 = no_bound;
 
     // Absent elements.
+
+    // A structure that the stream does not have keeps what its record held.
+    template <class Structure>
+    static void end_absent_structure(Structure&) {}
 
     // Differs from clause 7.4.4: the profile and the level of a sub-layer that has none in the
     // stream are not those of the layer above it; the host infers them.
@@ -160,10 +173,11 @@ struct own_rules {
     static bool has_set(const Sps&, unsigned int /*short_term_ref_pic_set_idx*/) {
         return true;
     }
-    template <class Slice, class Sps>
-    static bool can_have_long_term_pics(const Slice&, const Sps&) {
-        return true;
+    template <class Sps>
+    static unsigned int max_long_term_sps(const Sps&) {
+        return no_bound;
     }
+    static unsigned int max_long_term_pics(unsigned int /*num_long_term_sps*/) { return no_bound; }
     // Differs from equation 7-52: what the SPS says of a candidate is not taken over.
     template <class Walker, class Slice, class Sps>
     static bool take_candidate(Walker&, Slice&, const Sps&, unsigned int /*i*/) {
@@ -234,8 +248,8 @@ struct own_rules {
     // Differs from clause D.3.3: as many as fit NumDecodingUnits, up to the picture's coding tree
     // blocks.
     template <class Sps>
-    static unsigned int max_decoding_units(const Sps&) {
-        return 128;
+    static std::int64_t max_decoding_units_minus1(const Sps&) {
+        return 127;
     }
     // Differs from clause D.3.21: 16 SPS identifiers, and layers up to 62. No VPS that was parsed
     // has more than 64 layers; a record that a host made can.
@@ -250,6 +264,12 @@ struct own_rules {
 // H.265 as it stands: what parse_standard() goes by, in a record that starts afresh. Bounds are
 // those of the clauses that own_rules names.
 struct standard_rules {
+    static constexpr bool data_may_end = false;
+    static constexpr bool trailing_bits_decide = false;
+    template <class ParameterSet>
+    static bool has_named_set(const ParameterSet* /*named_set*/) {
+        return true;
+    }
     static constexpr unsigned int max_profile_tier_level_sub_layers = 6;
     static constexpr unsigned int max_hrd_sub_layers = 7;
     static constexpr unsigned int max_hrd_cpbs = 32;
@@ -259,21 +279,23 @@ struct standard_rules {
     static constexpr unsigned int max_long_term_ref_pics_sps = 32;
     static constexpr unsigned int max_pics_in_one_direction = short_term_pictures::most;
     static constexpr unsigned int max_pics_in_reference_set = short_term_pictures::most;
-    static constexpr unsigned int max_pics_in_set = short_term_pictures::most;
-    template <class Sps>
-    static unsigned int max_tile_columns_minus1(const Sps& sps) {
-        return last_of(picture_size_in_ctbs(sps).width);
+    static unsigned int max_positive_pics(unsigned int num_negative_pics) {
+        return short_term_pictures::most - num_negative_pics;
     }
-    template <class Sps>
-    static unsigned int max_tile_rows_minus1(const Sps& sps) {
-        return last_of(picture_size_in_ctbs(sps).height);
-    }
+    // Of whatever picture: a PPS is bound to its SPS when a slice activates it.
+    static constexpr unsigned int max_tile_columns_minus1 = longest_side_in_ctbs - 1;
+    static constexpr unsigned int max_tile_rows_minus1 = longest_side_in_ctbs - 1;
     static constexpr unsigned int max_sps_id = 15;
     static constexpr unsigned int max_pps_id = 63;
     static constexpr unsigned int max_log2_max_pic_order_cnt_lsb_minus4 = 12;
-    static constexpr unsigned int max_ref_idx_active_minus1 = 15;
+    static constexpr unsigned int max_ref_idx_active_minus1 = 14;
 
     // Absent elements.
+
+    template <class Structure>
+    static void end_absent_structure(Structure& absent) {
+        drop_entries(absent);
+    }
 
     template <class Walker, class ProfileTierLevel>
     static bool infer_absent_sub_layers(Walker& walk, ProfileTierLevel& ptl) {
@@ -438,12 +460,12 @@ struct standard_rules {
     static bool has_set(const Sps& sps, unsigned int short_term_ref_pic_set_idx) {
         return short_term_ref_pic_set_idx < sps.num_short_term_ref_pic_sets;
     }
-    template <class Slice, class Sps>
-    static bool can_have_long_term_pics(const Slice& slice, const Sps& sps) {
-        // Of the decoded picture buffer, clause A.4.2.
-        constexpr unsigned int most = 16;
-        return slice.num_long_term_sps <= std::min(most, sps.num_long_term_ref_pics_sps) &&
-               slice.num_long_term_pics <= most - slice.num_long_term_sps;
+    template <class Sps>
+    static unsigned int max_long_term_sps(const Sps& sps) {
+        return std::min(max_dpb_size, sps.num_long_term_ref_pics_sps);
+    }
+    static unsigned int max_long_term_pics(unsigned int num_long_term_sps) {
+        return max_dpb_size - num_long_term_sps;
     }
     template <class Walker, class Slice, class Sps>
     static bool take_candidate(Walker& walk, Slice& slice, const Sps& sps, unsigned int i) {
@@ -515,11 +537,13 @@ struct standard_rules {
         return hrd.cpb_cnt_minus1.back();
     }
 
+    // -1 for a picture without blocks.
     template <class Sps>
-    static unsigned int max_decoding_units(const Sps& sps) {
+    static std::int64_t max_decoding_units_minus1(const Sps& sps) {
         // The largest picture of table A.8 in the smallest coding tree blocks.
         constexpr std::uint64_t largest_picture = 35651584 / (16 * 16);
-        return static_cast<unsigned int>(std::min(kovran::pic_size_in_ctbs(sps), largest_picture));
+        return static_cast<std::int64_t>(std::min(kovran::pic_size_in_ctbs(sps), largest_picture)) -
+               1;
     }
     static constexpr unsigned int max_active_sps_ids = 16;
     static constexpr unsigned int max_active_layers = 63;
@@ -534,13 +558,6 @@ private:
     static bool has_profile(const Layer& layer, unsigned int profile) {
         const auto& compatible = layer.profile_compatibility_flag;
         return layer.profile_idc == profile || (profile < compatible.size() && compatible[profile]);
-    }
-
-    // The last of so many tiles in a direction, which are no more than the blocks of a picture, of
-    // whatever level: Sqrt( MaxLumaPs * 8 ) samples, clause A.4.1, in the smallest blocks.
-    static unsigned int last_of(unsigned int tiles) {
-        constexpr unsigned int longest_side = 16888 / 16 + 1;
-        return tiles != 0 ? std::min(tiles, longest_side) - 1 : 0;
     }
 
     template <class Walker, class Layer>

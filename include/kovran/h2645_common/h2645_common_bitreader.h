@@ -30,8 +30,8 @@ struct h2645_common_bitreader
     // A code of more than 31 leading zeros is not one of the standard's, and is what the zeros past
     // the end look like. Of such a code 32 bits are consumed; ue() then gives 0xFFFF, se() 0x8000:
     // beyond every bound that is put on a count.
-    [[nodiscard]] KOVRAN_API unsigned int ue();
-    [[nodiscard]] KOVRAN_API int se();
+    KOVRAN_API unsigned int ue();
+    KOVRAN_API int se();
 };
 
 // more_rbsp_data(), clause 7.2: false when no bits are left, or when those left are a single 1 bit
@@ -45,7 +45,7 @@ struct h2645_common_bitreader
 // rbsp_trailing_bits(), clause 7.3.2.11: consumes the stop bit and the bits up to the next byte
 // boundary. False when the stop bit is not 1 or one of the others not 0; they are consumed even
 // then.
-[[nodiscard]] KOVRAN_API bool h2645_common_skip_rbsp_trailing_bits(h2645_common_bitreader& reader);
+KOVRAN_API bool h2645_common_skip_rbsp_trailing_bits(h2645_common_bitreader& reader);
 
 }  // namespace kovran
 

@@ -3,7 +3,9 @@
 
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_nal_sub_layer_hrd_parameters.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -47,18 +49,22 @@ struct h265_hrd_parameters {
     //
     // False, with `valid` false: maxNumSubLayersMinus1 or a cpb_cnt_minus1 that sizes a sub-layer
     // structure is above 127, or there is no memory. What was read before stays.
-    [[nodiscard]] KOVRAN_API bool parse(bool commonInfPresentFlag,
-                                        unsigned int maxNumSubLayersMinus1,
-                                        h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(bool commonInfPresentFlag, unsigned int maxNumSubLayersMinus1,
+                          h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(bool commonInfPresentFlag, unsigned int maxNumSubLayersMinus1,
+                          h2645_common_bitreader& reader, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh: low_delay_hrd_flag is
     // false where it is absent, and an absent dpb_output_delay_length_minus1 is 23. Without common
     // information there is none: that of an earlier structure is h265_nal_vps's to take over.
     // False, with `valid` false: maxNumSubLayersMinus1 is above 6, a cpb_cnt_minus1 that sizes a
     // sub-layer structure above 31, or there is no memory.
-    [[nodiscard]] KOVRAN_API bool parse_standard(bool commonInfPresentFlag,
-                                                 unsigned int maxNumSubLayersMinus1,
-                                                 h2645_common_bitreader& reader);
+    KOVRAN_API bool parse_standard(bool commonInfPresentFlag, unsigned int maxNumSubLayersMinus1,
+                                   h2645_common_bitreader& reader, h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(bool commonInfPresentFlag, unsigned int maxNumSubLayersMinus1,
+                                   h2645_common_bitreader& reader, h265_trace& trace,
+                                   h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

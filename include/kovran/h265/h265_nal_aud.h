@@ -3,6 +3,8 @@
 
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
+#include <kovran/h265/h265_trace.h>
 
 namespace kovran {
 
@@ -14,7 +16,14 @@ struct h265_nal_aud {
 
     // Reads one RBSP; `reader` stands right after the two NAL unit header bytes.
     // False when the trailing bits are malformed; pic_type is stored even then.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_trace& trace,
+                          h265_fault* fault = nullptr);
+
+    // The same; H.265 leaves nothing to differ in. In a record that starts afresh.
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
+                                   h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

@@ -4,8 +4,10 @@
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_base_store.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_nal_sps.h>
 #include <kovran/h265/h265_scaling_list_data.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -75,8 +77,11 @@ struct h265_nal_pps {
     // False, with `valid` false: the SPS is not in the store, or not valid; num_tile_columns_minus1
     // or num_tile_rows_minus1 is above 128 and spacing is not uniform; the scaling lists cannot be
     // read; there is no memory; or the trailing bits are malformed. What was read before stays.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
-                                        h2645_common_base_store<h265_nal_sps>& sps_store);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          h2645_common_base_store<h265_nal_sps>& sps_store);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          h2645_common_base_store<h265_nal_sps>& sps_store, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh: without tiles
     // uniform_spacing_flag and loop_filter_across_tiles_enabled_flag are true, and predicted
@@ -87,8 +92,12 @@ struct h265_nal_pps {
     // 16; spacing is not uniform and there are more tile columns or rows than the SPS's picture has
     // coding tree blocks, 1056 at the most; the scaling lists cannot be read; there is no memory;
     // or the trailing bits are malformed.
-    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
-                                                 h2645_common_base_store<h265_nal_sps>& sps_store);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   h2645_common_base_store<h265_nal_sps>& sps_store,
+                                   h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   h2645_common_base_store<h265_nal_sps>& sps_store,
+                                   h265_trace& trace, h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

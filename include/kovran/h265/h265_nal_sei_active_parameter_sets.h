@@ -4,7 +4,9 @@
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_base_store.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_nal_vps.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -27,14 +29,21 @@ struct h265_nal_sei_active_parameter_sets {
     //
     // False, with `valid` false: the VPS is not in the store, num_sps_ids_minus1 or the VPS's
     // vps_max_layers_minus1 is above 127, or there is no memory. What was read before stays.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
-                                        h2645_common_base_store<h265_nal_vps>& vps_store);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          h2645_common_base_store<h265_nal_vps>& vps_store);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          h2645_common_base_store<h265_nal_vps>& vps_store, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh: layers count up to 62.
     // False, with `valid` false: the VPS is not in the store, num_sps_ids_minus1 or an SPS
     // identifier is above 15, or there is no memory.
-    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
-                                                 h2645_common_base_store<h265_nal_vps>& vps_store);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   h2645_common_base_store<h265_nal_vps>& vps_store,
+                                   h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   h2645_common_base_store<h265_nal_vps>& vps_store,
+                                   h265_trace& trace, h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

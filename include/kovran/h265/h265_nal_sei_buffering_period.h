@@ -4,7 +4,9 @@
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_base_store.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -49,15 +51,22 @@ struct h265_nal_sei_buffering_period {
     // False, with `valid` false: the SPS is not in the store. False, with `valid` as it was (go by
     // the return value): the SPS never had HRD parameters, cpb_cnt_minus1[0] is above 127, or there
     // is no memory.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
-                                        const h2645_common_base_store<h265_nal_sps>& sps_store);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          const h2645_common_base_store<h265_nal_sps>& sps_store);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          const h2645_common_base_store<h265_nal_sps>& sps_store, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh: CpbCnt is that of the
     // highest sub-layer, and irap_cpb_params_present_flag is false where it is absent. False, with
     // `valid` false: bp_seq_parameter_set_id is above 15 or its SPS not in the store; the SPS has
     // no HRD parameters; CpbCnt is above 32; or there is no memory.
-    [[nodiscard]] KOVRAN_API bool parse_standard(
-        h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_sps>& sps_store);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   const h2645_common_base_store<h265_nal_sps>& sps_store,
+                                   h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   const h2645_common_base_store<h265_nal_sps>& sps_store,
+                                   h265_trace& trace, h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

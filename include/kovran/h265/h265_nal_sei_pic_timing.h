@@ -4,7 +4,9 @@
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_base_store.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -39,21 +41,32 @@ struct h265_nal_sei_pic_timing {
     //
     // False, with `valid` as it was (go by the return value) and du_info_present set:
     // num_decoding_units_minus1 is above 127, or there is no memory.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_nal_sps& sps);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_nal_sps& sps);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_nal_sps& sps,
+                          h265_trace& trace, h265_fault* fault = nullptr);
 
     // The same with the store's active SPS. False, with `valid` false, when there is none.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
-                                        const h2645_common_base_store<h265_nal_sps>& store);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          const h2645_common_base_store<h265_nal_sps>& store);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          const h2645_common_base_store<h265_nal_sps>& store, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same two by the standard's own rules, in a record that starts afresh: decoding unit
     // information is there when both sub-picture flags are set, and an absent source_scan_type
     // follows from the general profile's source flags. False, with `valid` false, when there are
     // more decoding units than the picture has coding tree blocks (139,264 at the most), no active
     // SPS, or no memory.
-    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
-                                                 const h265_nal_sps& sps);
-    [[nodiscard]] KOVRAN_API bool parse_standard(
-        h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_sps>& store);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, const h265_nal_sps& sps,
+                                   h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, const h265_nal_sps& sps,
+                                   h265_trace& trace, h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   const h2645_common_base_store<h265_nal_sps>& store,
+                                   h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   const h2645_common_base_store<h265_nal_sps>& store,
+                                   h265_trace& trace, h265_fault* fault = nullptr);
 
     // pic_struct and source_scan_type in words, tables D.2 and D.3; "?" for reserved values, never
     // null.

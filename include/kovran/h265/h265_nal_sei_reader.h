@@ -41,7 +41,7 @@ struct h265_nal_sei_reader {
     // Reads the next message; true when there was one, be it truncated. False when fewer than two
     // bytes are left, or payloadType or payloadSize is cut off by the end: `cursor` is then at
     // `end` and the field that was cut off is 0xFFFFFFFF.
-    [[nodiscard]] KOVRAN_API bool next_message();
+    KOVRAN_API bool next_message();
 };
 
 }  // namespace kovran

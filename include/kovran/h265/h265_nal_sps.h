@@ -4,10 +4,12 @@
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_base_store.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_profile_tier_level.h>
 #include <kovran/h265/h265_scaling_list_data.h>
 #include <kovran/h265/h265_st_ref_pic_set.h>
+#include <kovran/h265/h265_trace.h>
 #include <kovran/h265/h265_vui_parameters.h>
 
 #include <vector>
@@ -90,8 +92,11 @@ struct h265_nal_sps {
     // False, with `valid` false: the VPS is not in the store, or not valid; one of the structures
     // in the SPS cannot be read; num_short_term_ref_pic_sets or num_long_term_ref_pics_sps is above
     // 128; there is no memory; or the trailing bits are malformed. What was read before stays.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
-                                        h2645_common_base_store<h265_nal_vps>& vps_store);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          h2645_common_base_store<h265_nal_vps>& vps_store);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          h2645_common_base_store<h265_nal_vps>& vps_store, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh. Predicted sets end with
     // their pictures, in chains as well; ordering information that only the highest sub-layer has
@@ -107,8 +112,12 @@ struct h265_nal_sps {
     // log2_max_pic_order_cnt_lsb_minus4 above 12, num_short_term_ref_pic_sets above 64 or
     // num_long_term_ref_pics_sps above 32; one of the structures in the SPS cannot be read; there
     // is no memory; or the trailing bits are malformed.
-    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
-                                                 h2645_common_base_store<h265_nal_vps>& vps_store);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   h2645_common_base_store<h265_nal_vps>& vps_store,
+                                   h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   h2645_common_base_store<h265_nal_vps>& vps_store,
+                                   h265_trace& trace, h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

@@ -3,6 +3,8 @@
 
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -26,15 +28,20 @@ struct h265_nal_sub_layer_hrd_parameters {
     // Reads one structure of `cpb_count` CPB specifications, of `hrd` using
     // sub_pic_hrd_params_present_flag.
     // False when cpb_count is above 128 or there is no memory; `valid` is then false.
-    [[nodiscard]] KOVRAN_API bool parse(unsigned int subLayerId, unsigned int cpb_count,
-                                        const h265_hrd_parameters& hrd,
-                                        h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(unsigned int subLayerId, unsigned int cpb_count,
+                          const h265_hrd_parameters& hrd, h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(unsigned int subLayerId, unsigned int cpb_count,
+                          const h265_hrd_parameters& hrd, h2645_common_bitreader& reader,
+                          h265_trace& trace, h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh: at most 32 CPB
     // specifications.
-    [[nodiscard]] KOVRAN_API bool parse_standard(unsigned int subLayerId, unsigned int cpb_count,
-                                                 const h265_hrd_parameters& hrd,
-                                                 h2645_common_bitreader& reader);
+    KOVRAN_API bool parse_standard(unsigned int subLayerId, unsigned int cpb_count,
+                                   const h265_hrd_parameters& hrd, h2645_common_bitreader& reader,
+                                   h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(unsigned int subLayerId, unsigned int cpb_count,
+                                   const h265_hrd_parameters& hrd, h2645_common_bitreader& reader,
+                                   h265_trace& trace, h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

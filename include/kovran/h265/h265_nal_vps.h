@@ -3,8 +3,10 @@
 
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_hrd_parameters.h>
 #include <kovran/h265/h265_profile_tier_level.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -57,7 +59,9 @@ struct h265_nal_vps {
     // malformed. False, with `valid` as it was (go by the return value): vps_num_layer_sets_minus1
     // is above 127, vps_num_hrd_parameters above 128, an HRD structure cannot be read, or there is
     // no memory. What was read before stays.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh. cprms_present_flag[0]
     // is true; an HRD structure without common information has that of the structure before it;
@@ -67,7 +71,9 @@ struct h265_nal_vps {
     // False, with `valid` false: vps_max_sub_layers_minus1 is 7, vps_num_layer_sets_minus1 above
     // 1023, vps_num_hrd_parameters above 1024; one of the structures in the VPS cannot be read;
     // there is no memory; or the trailing bits are malformed.
-    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
+                                   h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

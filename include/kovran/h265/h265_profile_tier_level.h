@@ -3,6 +3,8 @@
 
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -49,7 +51,9 @@ struct h265_profile_tier_level {
         // Reads the parts that profile_present_flag and level_present_flag announce; the caller
         // sets these two first. False when there is no memory for profile_compatibility_flag;
         // `valid` is then as it was.
-        [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader);
+        KOVRAN_API bool parse(h2645_common_bitreader& reader);
+        KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_trace& trace,
+                              h265_fault* fault = nullptr);
     };
 
     layer_t general;
@@ -62,15 +66,20 @@ struct h265_profile_tier_level {
     // False, with `valid` as it was: maxNumSubLayersMinus1 is above 128 (`general` has been read),
     // or there is no memory for sub_layers. False, with `valid` false: there is no memory within a
     // layer; layers read before it keep their values.
-    [[nodiscard]] KOVRAN_API bool parse(bool profilePresentFlag, unsigned int maxNumSubLayersMinus1,
-                                        h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(bool profilePresentFlag, unsigned int maxNumSubLayersMinus1,
+                          h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(bool profilePresentFlag, unsigned int maxNumSubLayersMinus1,
+                          h2645_common_bitreader& reader, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh: the profile or level
     // that a sub-layer does not have in the stream is that of the layer above it, `general` for the
     // highest. False, with `valid` false: maxNumSubLayersMinus1 is above 6, or there is no memory.
-    [[nodiscard]] KOVRAN_API bool parse_standard(bool profilePresentFlag,
-                                                 unsigned int maxNumSubLayersMinus1,
-                                                 h2645_common_bitreader& reader);
+    KOVRAN_API bool parse_standard(bool profilePresentFlag, unsigned int maxNumSubLayersMinus1,
+                                   h2645_common_bitreader& reader, h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(bool profilePresentFlag, unsigned int maxNumSubLayersMinus1,
+                                   h2645_common_bitreader& reader, h265_trace& trace,
+                                   h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

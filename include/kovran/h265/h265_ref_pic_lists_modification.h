@@ -3,6 +3,8 @@
 
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -24,15 +26,20 @@ struct h265_ref_pic_lists_modification {
     // False, with `valid` false and nothing read, when NumPicTotalCurr is 0.
     // Throws std::bad_alloc or std::length_error when a list cannot grow, and std::bad_alloc for
     // more than 1,048,576 entries, before anything is allocated.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
-                                        const h265_slice_segment_header& header);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_slice_segment_header& header);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_slice_segment_header& header,
+                          h265_trace& trace, h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh: entries have
     // Ceil(Log2(NumPicTotalCurr)) bits. False, with `valid` false and nothing read, also when
     // either list of `header` has more than 16 entries. Throws std::bad_alloc when there is no
     // memory.
-    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
-                                                 const h265_slice_segment_header& header);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   const h265_slice_segment_header& header,
+                                   h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   const h265_slice_segment_header& header, h265_trace& trace,
+                                   h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

@@ -3,6 +3,8 @@
 
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -25,13 +27,17 @@ struct h265_scaling_list_data {
 
     // Reads one structure. What it does not visit keeps what it held.
     // False when there is no memory; `valid` is then false.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh: a predicted matrix, and
     // its DC coefficient, are those of its reference or of the default lists, tables 7-5 and 7-6.
     // False, with `valid` false: scaling_list_pred_matrix_id_delta names no matrix before it, or
     // there is no memory.
-    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
+                                   h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

@@ -4,12 +4,14 @@
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_base_store.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_nal.h>
 #include <kovran/h265/h265_nal_pps.h>
 #include <kovran/h265/h265_nal_sps.h>
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_ref_pic_lists_modification.h>
 #include <kovran/h265/h265_st_ref_pic_set.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -80,11 +82,17 @@ struct h265_slice_segment_header {
     // and the lists of the modification, have no bound in the syntax. More than 1,048,576 entries
     // are refused that way before anything is allocated. `valid` is then false. A host that catches
     // keeps its record; one that does not want this parses into a copy.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader,
-                                        h2645_common_base_store<h265_nal_pps>& pps_store,
-                                        h2645_common_base_store<h265_nal_sps>& sps_store,
-                                        h2645_common_base_store<h265_nal_vps>& vps_store,
-                                        h265_nal_unit_type nal_unit_type);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          h2645_common_base_store<h265_nal_pps>& pps_store,
+                          h2645_common_base_store<h265_nal_sps>& sps_store,
+                          h2645_common_base_store<h265_nal_vps>& vps_store,
+                          h265_nal_unit_type nal_unit_type);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader,
+                          h2645_common_base_store<h265_nal_pps>& pps_store,
+                          h2645_common_base_store<h265_nal_sps>& sps_store,
+                          h2645_common_base_store<h265_nal_vps>& vps_store,
+                          h265_nal_unit_type nal_unit_type, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh; the parameter sets must
     // have been read this way too. The NAL unit is one of the base layer. Indices have
@@ -103,11 +111,17 @@ struct h265_slice_segment_header {
     // reference indices in a list; or whether there is a list modification hangs on
     // pps_curr_pic_ref_enabled_flag, which is in the extension data of a PPS for screen content.
     // Throws std::bad_alloc when there is no memory.
-    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
-                                                 h2645_common_base_store<h265_nal_pps>& pps_store,
-                                                 h2645_common_base_store<h265_nal_sps>& sps_store,
-                                                 h2645_common_base_store<h265_nal_vps>& vps_store,
-                                                 h265_nal_unit_type nal_unit_type);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   h2645_common_base_store<h265_nal_pps>& pps_store,
+                                   h2645_common_base_store<h265_nal_sps>& sps_store,
+                                   h2645_common_base_store<h265_nal_vps>& vps_store,
+                                   h265_nal_unit_type nal_unit_type, h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
+                                   h2645_common_base_store<h265_nal_pps>& pps_store,
+                                   h2645_common_base_store<h265_nal_sps>& sps_store,
+                                   h2645_common_base_store<h265_nal_vps>& vps_store,
+                                   h265_nal_unit_type nal_unit_type, h265_trace& trace,
+                                   h265_fault* fault = nullptr);
 
     // "B", "P" or "I" by slice_type, "?" for any other value; never null.
     [[nodiscard]] KOVRAN_API const char* slice_type_to_str() const;

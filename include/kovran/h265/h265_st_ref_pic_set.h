@@ -3,6 +3,8 @@
 
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <vector>
 
@@ -43,9 +45,11 @@ struct h265_st_ref_pic_set {
     // False, with `valid` false: the reference is outside `sets`, has more than 127 pictures, or
     // fewer than its own two counts say; num_negative_pics or num_positive_pics is above 128; or
     // there is no memory. What was read before stays, counts included.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_nal_sps& sps,
-                                        unsigned int idx,
-                                        const std::vector<h265_st_ref_pic_set>& sets);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_nal_sps& sps, unsigned int idx,
+                          const std::vector<h265_st_ref_pic_set>& sets);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_nal_sps& sps, unsigned int idx,
+                          const std::vector<h265_st_ref_pic_set>& sets, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh. A predicted set ends
     // with its pictures, equations 7-61 and 7-62: num_negative_pics, num_positive_pics,
@@ -55,9 +59,12 @@ struct h265_st_ref_pic_set {
     // False, with `valid` false: the reference is outside `sets`, or its arrays do not fit its
     // counts; this set or the reference has more than 16 pictures; a predicted picture is outside
     // -2^15 to 2^15 - 1; or there is no memory.
-    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
-                                                 const h265_nal_sps& sps, unsigned int idx,
-                                                 const std::vector<h265_st_ref_pic_set>& sets);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, const h265_nal_sps& sps,
+                                   unsigned int idx, const std::vector<h265_st_ref_pic_set>& sets,
+                                   h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, const h265_nal_sps& sps,
+                                   unsigned int idx, const std::vector<h265_st_ref_pic_set>& sets,
+                                   h265_trace& trace, h265_fault* fault = nullptr);
 };
 
 }  // namespace kovran

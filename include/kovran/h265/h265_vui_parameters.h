@@ -3,7 +3,9 @@
 
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_hrd_parameters.h>
+#include <kovran/h265/h265_trace.h>
 
 namespace kovran {
 
@@ -65,14 +67,19 @@ struct h265_vui_parameters {
     // Reads one structure, of `sps` using sps_max_sub_layers_minus1. Elements that are absent keep
     // what their fields held, and extended_sar_flag is never set back. False when the HRD
     // parameters cannot be read; `valid` is then false, and what was read before stays.
-    [[nodiscard]] KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_nal_sps& sps);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_nal_sps& sps);
+    KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_nal_sps& sps, h265_trace& trace,
+                          h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh: absent elements have
     // the values of clause E.3.1 (video_format 5, colour descriptions 2,
     // motion_vectors_over_pic_boundaries_flag true, max_bytes_per_pic_denom 2,
     // max_bits_per_min_cu_denom 1, log2_max_mv_length_horizontal and _vertical 15), and
     // extended_sar_flag tells of this VUI only.
-    [[nodiscard]] KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_nal_sps& sps);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_nal_sps& sps,
+                                   h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_nal_sps& sps,
+                                   h265_trace& trace, h265_fault* fault = nullptr);
 
     // h265_video_format_to_str of video_format.
     [[nodiscard]] KOVRAN_API const char* video_format_to_str() const;

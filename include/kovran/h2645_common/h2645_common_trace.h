@@ -1,0 +1,65 @@
+#ifndef KOVRAN_H2645_COMMON_H2645_COMMON_TRACE_H
+#define KOVRAN_H2645_COMMON_H2645_COMMON_TRACE_H
+
+#include <kovran/export.h>
+#include <kovran/h2645_common/h2645_common_element_name.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace kovran {
+
+// A syntax element as it was read.
+struct h2645_common_traced_element {
+    h2645_common_element_name name;
+    const char* descriptor = "";  // clause 7.2: "u(n)", "u(v)", "ue(v)", "se(v)", "f(1)"
+    std::size_t first_bit = 0;    // counted from the first bit of the reader's bytes
+    std::size_t width = 0;        // in bits
+    std::int64_t value = 0;       // of extension data, which is one element, none: 0
+
+    // By the library's own rules: the one by which this element is here, or is read so, where the
+    // standard's rules would have decided otherwise. Null where both agree. See h265_rules.h.
+    const char* rule = nullptr;
+
+    // The structure that it stands in, in h2645_common_trace::structures, or no_structure.
+    unsigned int structure = 0;
+
+    bool out_of_range = false;  // the standard does not allow the value here
+};
+
+// A structure that was read within the one that was parsed.
+struct h2645_common_traced_structure {
+    h2645_common_element_name name;
+    unsigned int parent = 0;        // in h2645_common_trace::structures, or no_structure
+    std::size_t first_element = 0;  // how many elements had been read before it
+};
+
+// The elements of one structure in the order of their bits. The host owns it; a traced parse starts
+// it afresh and keeps its memory.
+//
+// Elements that begin behind the end of the data are not listed, so that no data gives more
+// elements than it has bits.
+struct h2645_common_trace {
+    static constexpr unsigned int no_structure = 0xFFFFFFFF;
+
+    std::vector<h2645_common_traced_element> elements;
+    std::vector<h2645_common_traced_structure> structures;  // in the order in which they begin
+
+    void clear() {
+        elements.clear();
+        structures.clear();
+    }
+};
+
+// The name of an element or of a structure of `trace` behind the names of those that it stands in:
+// vui_parameters.hrd_parameters.cpb_cnt_minus1[0].
+[[nodiscard]] KOVRAN_API std::string path_of(const h2645_common_trace& trace,
+                                             const h2645_common_traced_element& element);
+[[nodiscard]] KOVRAN_API std::string path_of(const h2645_common_trace& trace,
+                                             const h2645_common_traced_structure& structure);
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H2645_COMMON_H2645_COMMON_TRACE_H

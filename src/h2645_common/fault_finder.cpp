@@ -1,0 +1,123 @@
+#include "h2645_common/fault_finder.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace kovran {
+namespace {
+
+bool same(const h2645_common_element_name& a, const h2645_common_element_name& b) {
+    return std::string_view(a.name) == b.name && std::string_view(a.prefix) == b.prefix &&
+           a.index_count == b.index_count && a.indices == b.indices;
+}
+
+}  // namespace
+
+fault_finder::fault_finder(h2645_common_fault* fault) : fault_(fault) {
+    if (fault_ != nullptr) {
+        *fault_ = {};
+    }
+}
+
+void fault_finder::open(const h2645_common_element_name& structure) {
+    if (fault_ == nullptr) {
+        return;
+    }
+    if (reads_ != 0 && last().depth > depth_ && !path_of_last_kept_) {
+        path_of_last_ = structures_;
+        path_of_last_kept_ = true;
+    }
+    if (depth_ < structures_.size()) {
+        structures_[depth_] = structure;
+    }
+    ++depth_;
+}
+
+void fault_finder::close(bool walked) {
+    if (!walked) {
+        tell_refusal_of_last();
+    }
+    --depth_;
+}
+
+void fault_finder::refuse(const h2645_common_element_name& name, std::size_t bit,
+                          std::int64_t value, std::int64_t highest) {
+    if (!untold()) {
+        return;
+    }
+    for (std::size_t back = 0; back < std::min(reads_, latest_.size()); ++back) {
+        const read_element& each = latest_[(reads_ - back) % latest_.size()];
+        if (same(each.name, name)) {
+            tell_value(each, highest);
+            return;
+        }
+    }
+    if (reads_ != 0 && !last().allowed.has(last().value)) {
+        tell_refusal_of_last();
+        return;
+    }
+    tell_value({name, bit, value, {}, depth_}, highest);
+}
+
+void fault_finder::missing(const char* parameter_set, unsigned int id) {
+    if (tell(h2645_common_fault_kind::parameter_set_missing, last())) {
+        fault_->parameter_set = parameter_set;
+        fault_->parameter_set_id = id;
+    }
+}
+
+void fault_finder::no_memory() {
+    tell(h2645_common_fault_kind::no_memory, last());
+}
+
+void fault_finder::trailing_bit(const h2645_common_element_name& name, std::size_t bit,
+                                std::int64_t value, std::int64_t expected) {
+    if (tell(h2645_common_fault_kind::trailing_bits, {name, bit, value, {}, depth_})) {
+        fault_->lowest = expected;
+        fault_->highest = expected;
+    }
+}
+
+void fault_finder::end(bool walked) {
+    if (!walked) {
+        tell_refusal_of_last();
+    } else if (fault_ != nullptr && fault_->kind == h2645_common_fault_kind::data_ended) {
+        *fault_ = {};  // the rules of this walk do not mind
+    }
+}
+
+bool fault_finder::tell(h2645_common_fault_kind kind, const read_element& culprit) {
+    if (!untold()) {
+        return false;
+    }
+    const bool moved = path_of_last_kept_ && &culprit == &last();
+    fault_->kind = kind;
+    fault_->structures = moved ? path_of_last_ : structures_;
+    fault_->structure_count = std::min(culprit.depth, h2645_common_fault::most_structures);
+    fault_->element = culprit.name;
+    fault_->first_bit = culprit.bit;
+    fault_->value = culprit.value;
+    return true;
+}
+
+void fault_finder::tell_value(const read_element& culprit, std::int64_t highest) {
+    const value_range allowed =
+        culprit.allowed.has(culprit.value) ? up_to(highest) : culprit.allowed;
+    if (tell(h2645_common_fault_kind::value, culprit)) {
+        fault_->lowest = allowed.lowest;
+        fault_->highest = allowed.highest;
+    }
+}
+
+void fault_finder::tell_refusal_of_last() {
+    if (!untold()) {
+        return;
+    }
+    if (last().allowed.has(last().value)) {
+        tell(h2645_common_fault_kind::contradiction, last());
+    } else {
+        tell_value(last(), last().allowed.highest);
+    }
+}
+
+}  // namespace kovran

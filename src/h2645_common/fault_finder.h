@@ -1,0 +1,83 @@
+#ifndef KOVRAN_SRC_H2645_COMMON_FAULT_FINDER_H
+#define KOVRAN_SRC_H2645_COMMON_FAULT_FINDER_H
+
+#include <kovran/h2645_common/h2645_common_element_name.h>
+#include <kovran/h2645_common/h2645_common_fault.h>
+
+#include "h2645_common/value_range.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace kovran {
+
+// Follows a walk and tells the first thing that goes wrong. What a description refuses without a
+// reason of its own is the value of the element that it read last, as tests stand right under what
+// they test.
+class fault_finder {
+public:
+    // `fault` may be null: then nothing is told.
+    explicit fault_finder(h2645_common_fault* fault);
+
+    void open(const h2645_common_element_name& structure);
+    void close(bool walked);
+
+    // `whole`: the element ends in the data.
+    void read(const h2645_common_element_name& name, std::size_t bit, std::int64_t value,
+              const value_range& allowed, bool whole) {
+        if (fault_ == nullptr) {
+            return;
+        }
+        ++reads_;
+        last() = {name, bit, value, allowed, depth_};
+        path_of_last_kept_ = false;
+        if (!whole) {
+            tell(h2645_common_fault_kind::data_ended, last());
+        }
+    }
+
+    // A value that is above `highest`, wherever it comes from; `bit` is where the walk stands.
+    void refuse(const h2645_common_element_name& name, std::size_t bit, std::int64_t value,
+                std::int64_t highest);
+    void missing(const char* parameter_set, unsigned int id);
+    void no_memory();
+    void trailing_bit(const h2645_common_element_name& name, std::size_t bit, std::int64_t value,
+                      std::int64_t expected);
+
+    void end(bool walked);
+
+private:
+    struct read_element {
+        h2645_common_element_name name;
+        std::size_t bit = 0;
+        std::int64_t value = 0;
+        value_range allowed;
+        unsigned int depth = 0;
+    };
+    using path = std::array<h2645_common_element_name, h2645_common_fault::most_structures>;
+
+    [[nodiscard]] read_element& last() { return latest_[reads_ % latest_.size()]; }
+    [[nodiscard]] bool untold() const {
+        return fault_ != nullptr && fault_->kind == h2645_common_fault_kind::none;
+    }
+    // False when the fault is one of before.
+    bool tell(h2645_common_fault_kind kind, const read_element& culprit);
+    void tell_value(const read_element& culprit, std::int64_t highest);
+    void tell_refusal_of_last();
+
+    h2645_common_fault* fault_;
+
+    // The elements read last: a test may stand below the one after that which it tests.
+    std::array<read_element, 4> latest_{};
+    std::size_t reads_ = 0;
+
+    path structures_{};
+    unsigned int depth_ = 0;
+    path path_of_last_{};  // when another structure has taken its place in structures_
+    bool path_of_last_kept_ = false;
+};
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H2645_COMMON_FAULT_FINDER_H

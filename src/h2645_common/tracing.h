@@ -1,0 +1,277 @@
+#ifndef KOVRAN_SRC_H2645_COMMON_TRACING_H
+#define KOVRAN_SRC_H2645_COMMON_TRACING_H
+
+#include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h2645_common/h2645_common_fault.h>
+#include <kovran/h2645_common/h2645_common_trace.h>
+
+#include "h2645_common/element.h"
+#include "h2645_common/fault_finder.h"
+#include "h2645_common/reading.h"
+#include "h2645_common/rule_notes.h"
+#include "h2645_common/value_range.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+#include <utility>
+
+namespace kovran {
+
+// The walker that fills a record as `reading` does and tells of every element on the way: to a
+// list, and to what finds out why a walk fails. Either may be left out.
+//
+// Past the end of the data the bits are 0 for as long as a record asks for them, which can be
+// millions of elements after a dozen bytes; those are not listed.
+template <class Rules>
+class tracing : public reading<Rules> {
+public:
+    tracing(h2645_common_bitreader& source, h2645_common_trace* trace, h2645_common_fault* fault)
+        : reading<Rules>(source),
+          bits_of_data_(8 * (source.address(source.end) - source.address(source.start))),
+          trace_(trace),
+          fault_(fault) {
+        if (trace_ != nullptr) {
+            trace_->clear();
+        }
+    }
+
+    template <class Field>
+    void u(unsigned char width, element<Field> target, value_range allowed = {}) {
+        const std::size_t bit = this->reader.bit_position();
+        reading<Rules>::u(width, target);
+        tell(target, "u(n)", bit, allowed);
+    }
+
+    template <class Field>
+    void u_v(unsigned char width, element<Field> target, value_range allowed = {}) {
+        const std::size_t bit = this->reader.bit_position();
+        reading<Rules>::u_v(width, target);
+        tell(target, "u(v)", bit, allowed);
+    }
+
+    template <class Field>
+    void ue(element<Field> target, value_range allowed = {}) {
+        const std::size_t bit = this->reader.bit_position();
+        reading<Rules>::ue(target);
+        tell(target, "ue(v)", bit, allowed);
+    }
+
+    template <class Field>
+    void se(element<Field> target, value_range allowed = {}) {
+        const std::size_t bit = this->reader.bit_position();
+        reading<Rules>::se(target);
+        tell(target, "se(v)", bit, allowed);
+    }
+
+    void skip(unsigned int width, const char* name) { skip_bits(width, name, {}); }
+    void skip(unsigned int width, const char* name, std::size_t index) {
+        skip_bits(width, name, element_indices{}.followed_by(index));
+    }
+
+    void extension_data(const char* name) {
+        const std::size_t bit = this->reader.bit_position();
+        reading<Rules>::extension_data(name);
+        if (this->reader.bit_position() != bit) {
+            tell(full_name(name, {}), "u(1)", bit, 0, {});
+        }
+    }
+
+    [[nodiscard]] bool rbsp_trailing_bits() {
+        bool well_formed = trailing_bit("rbsp_stop_one_bit", 1);
+        while (this->reader.bits_to_byte_boundary() != 0) {
+            well_formed = trailing_bit("rbsp_alignment_zero_bit", 0) && well_formed;
+        }
+        return well_formed;
+    }
+
+    template <class Record, class WalkFields>
+    [[nodiscard]] bool structure(element<Record> nested, WalkFields&& walk_fields) {
+        const h2645_common_element_name name = full_name(nested.name, nested.indices);
+        const unsigned int outer = structure_;
+        fault_.open(name);
+        if (trace_ != nullptr && this->reader.bit_position() < bits_of_data_) {
+            structure_ = static_cast<unsigned int>(trace_->structures.size());
+            trace_->structures.push_back({name, outer, trace_->elements.size()});
+        }
+        const bool walked = std::forward<WalkFields>(walk_fields)(nested.field);
+        structure_ = outer;
+        fault_.close(walked);
+        return walked;
+    }
+
+    template <class Record, class WalkFields>
+    [[nodiscard]] bool prefixed(const char* prefix, element<Record> part,
+                                WalkFields&& walk_fields) {
+        prefix_ = prefix;
+        prefix_indices_ = part.indices;
+        const bool walked = std::forward<WalkFields>(walk_fields)(part.field);
+        prefix_ = "";
+        prefix_indices_ = {};
+        return walked;
+    }
+
+    template <class Field, class Limit>
+    [[nodiscard]] bool at_most(const element<Field>& target, Limit limit) {
+        const bool allowed = reading<Rules>::at_most(target, limit);
+        if (!allowed) {
+            refuse(target, static_cast<std::int64_t>(limit));
+        }
+        return allowed;
+    }
+    template <class Field, class Value>
+    [[nodiscard]] bool at_most(const element<Field>& target, const noted_bound<Value>& limit) {
+        const bool allowed = at_most(target, limit.own);
+        if (allowed != reading<Rules>::at_most(target, limit.other)) {
+            this->rules.note(limit.rule);
+        }
+        return allowed;
+    }
+
+    template <class Field>
+    [[nodiscard]] bool data_holds(const element<Field>& announced_by, std::uint64_t entries,
+                                  unsigned int fewest_bits) {
+        const bool holds = this->holds(entries, fewest_bits);
+        note_unless(holds, "data_may_end");
+        if (Rules::data_may_end || holds) {
+            return true;
+        }
+        const std::ptrdiff_t left = this->reader.bits_left();
+        const auto held = left < 0 ? 0 : static_cast<std::int64_t>(left) / fewest_bits;
+        refuse(announced_by, static_cast<std::int64_t>(announced_by.field) -
+                                 (static_cast<std::int64_t>(entries) - held));
+        return false;
+    }
+
+    [[nodiscard]] bool missing(const char* parameter_set, unsigned int id) {
+        fault_.missing(parameter_set, id);
+        return false;
+    }
+
+    template <class Flag>
+    [[nodiscard]] bool finish(Flag&& valid) {
+        note_unless(this->holds(0, 0), "data_may_end");
+        return reading<Rules>::finish(std::forward<Flag>(valid));
+    }
+
+    [[nodiscard]] bool finish_rbsp(bool& valid) {
+        const bool whole = this->holds(0, 0);
+        const bool well_formed = rbsp_trailing_bits();
+        note_unless(whole, "data_may_end");
+        note_unless(!whole || well_formed, "trailing_bits_decide");
+        valid = Rules::trailing_bits_decide ? well_formed : whole;
+        return valid;
+    }
+
+    template <class... Arrays>
+    [[nodiscard]] bool grow(std::size_t count, Arrays&... arrays) {
+        const bool grown = reading<Rules>::grow(count, arrays...);
+        if (!grown) {
+            fault_.no_memory();
+        }
+        return grown;
+    }
+
+    // The end of the walk of the outermost description, which returned `walked`.
+    [[nodiscard]] bool end(bool walked) {
+        if (trace_ != nullptr && !trace_->elements.empty()) {
+            const char*& rule = trace_->elements.back().rule;
+            rule = rule == nullptr ? take_note() : rule;
+        }
+        fault_.end(walked);
+        return walked;
+    }
+
+private:
+    static constexpr bool takes_notes = std::is_base_of_v<rule_notes, Rules>;
+
+    [[nodiscard]] const char* take_note() {
+        if constexpr (takes_notes) {
+            return this->rules.take_note();
+        } else {
+            return nullptr;
+        }
+    }
+
+    void note_unless(bool agreed, const char* rule) {
+        if constexpr (takes_notes) {
+            if (!agreed) {
+                this->rules.note(rule);
+            }
+        } else {
+            static_cast<void>(agreed);
+            static_cast<void>(rule);
+        }
+    }
+
+    [[nodiscard]] h2645_common_element_name full_name(const char* name,
+                                                      const element_indices& indices) const {
+        h2645_common_element_name full = {prefix_, name, prefix_indices_.value,
+                                          prefix_indices_.count};
+        for (unsigned int i = 0; i < indices.count; ++i) {
+            full.indices[full.index_count++] = indices.value[i];
+        }
+        return full;
+    }
+
+    template <class Field>
+    void tell(const element<Field>& target, const char* descriptor, std::size_t bit,
+              const value_range& allowed) {
+        tell(full_name(target.name, target.indices), descriptor, bit,
+             static_cast<std::int64_t>(target.field), allowed);
+    }
+
+    void tell(const h2645_common_element_name& name, const char* descriptor, std::size_t bit,
+              std::int64_t value, const value_range& allowed) {
+        const std::size_t end = this->reader.bit_position();
+        if (trace_ != nullptr && bit < bits_of_data_) {
+            trace_->elements.push_back({name, descriptor, bit, end - bit, value, take_note(),
+                                        structure_, !allowed.has(value)});
+        }
+        fault_.read(name, bit, value, allowed, /*whole=*/end <= bits_of_data_);
+    }
+
+    void skip_bits(unsigned int width, const char* name, const element_indices& indices) {
+        const std::size_t bit = this->reader.bit_position();
+        std::int64_t value = 0;
+        for (unsigned int left = width; left != 0;) {
+            const auto part = static_cast<unsigned char>(left < 32 ? left : 32);
+            value = value << part | this->reader.get_wide(part);
+            left -= part;
+        }
+        tell(full_name(name, indices), "u(n)", bit, value, {});
+    }
+
+    [[nodiscard]] bool trailing_bit(const char* name, unsigned int expected) {
+        const std::size_t bit = this->reader.bit_position();
+        const unsigned int value = this->reader.template get<unsigned int>(1);
+        const h2645_common_element_name full = full_name(name, {});
+        if (trace_ != nullptr && bit < bits_of_data_) {
+            trace_->elements.push_back(
+                {full, "f(1)", bit, 1, value, take_note(), structure_, value != expected});
+        }
+        if (value != expected) {
+            fault_.trailing_bit(full, bit, value, expected);
+        }
+        return value == expected;
+    }
+
+    template <class Field>
+    void refuse(const element<Field>& target, std::int64_t highest) {
+        fault_.refuse(full_name(target.name, target.indices), this->reader.bit_position(),
+                      static_cast<std::int64_t>(target.field), highest);
+    }
+
+    std::size_t bits_of_data_;
+    h2645_common_trace* trace_;
+    fault_finder fault_;
+    unsigned int structure_ = h2645_common_trace::no_structure;
+
+    // Of the part that is being walked, see prefixed().
+    const char* prefix_ = "";
+    element_indices prefix_indices_;
+};
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H2645_COMMON_TRACING_H

@@ -1,0 +1,363 @@
+#ifndef KOVRAN_SRC_H265_START_AFRESH_H
+#define KOVRAN_SRC_H265_START_AFRESH_H
+
+#include <kovran/h265/h265_nal_aud.h>
+#include <kovran/h265/h265_nal_pps.h>
+#include <kovran/h265/h265_nal_sei_active_parameter_sets.h>
+#include <kovran/h265/h265_nal_sei_buffering_period.h>
+#include <kovran/h265/h265_nal_sei_pic_timing.h>
+#include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_nal_vps.h>
+#include <kovran/h265/h265_slice_segment_header.h>
+
+#include <type_traits>
+#include <vector>
+
+namespace kovran {
+
+// start_afresh() makes a record that may have been used before a fresh one, but for the memory of
+// its arrays: arrays of records and of arrays keep their entries, each of them fresh. True when
+// there are such entries. The fields of a record are named in its own order; the compiler counts
+// them.
+//
+// A fresh field is 0, false or empty.
+
+inline bool start_afresh(h265_nal_aud& record);
+inline bool start_afresh(h265_profile_tier_level::layer_t& record);
+inline bool start_afresh(h265_profile_tier_level& record);
+inline bool start_afresh(h265_nal_sub_layer_hrd_parameters& record);
+inline bool start_afresh(h265_hrd_parameters& record);
+inline bool start_afresh(h265_vui_parameters& record);
+inline bool start_afresh(h265_scaling_list_data& record);
+inline bool start_afresh(h265_st_ref_pic_set& record);
+inline bool start_afresh(h265_nal_vps& record);
+inline bool start_afresh(h265_nal_sps& record);
+inline bool start_afresh(h265_nal_pps& record);
+inline bool start_afresh(h265_ref_pic_lists_modification& record);
+inline bool start_afresh(h265_slice_segment_header& record);
+inline bool start_afresh(h265_nal_sei_buffering_period& record);
+inline bool start_afresh(h265_nal_sei_pic_timing& record);
+inline bool start_afresh(h265_nal_sei_active_parameter_sets& record);
+
+template <class Value>
+std::enable_if_t<std::is_arithmetic_v<Value>, bool> start_afresh(Value& value) {
+    value = Value{};
+    return false;
+}
+
+template <class Value>
+bool start_afresh(std::vector<Value>& array) {
+    if constexpr (std::is_arithmetic_v<Value>) {
+        array.clear();
+        return false;
+    } else {
+        for (Value& entry : array) {
+            start_afresh(entry);
+        }
+        return !array.empty();
+    }
+}
+
+template <class... Fields>
+bool start_all_afresh(Fields&... fields) {
+    return (static_cast<int>(start_afresh(fields)) | ...) != 0;
+}
+
+inline bool start_afresh(h265_nal_aud& record) {
+    auto& [pic_type, valid] = record;
+    return start_all_afresh(pic_type, valid);
+}
+
+inline bool start_afresh(h265_profile_tier_level::layer_t& record) {
+    auto& [profile_compatibility_flag, profile_space, profile_idc, level_idc,
+           progressive_source_flag, interlaced_source_flag, non_packed_constraint_flag,
+           frame_only_constraint_flag, max_12bit_constraint_flag, max_10bit_constraint_flag,
+           max_8bit_constraint_flag, max_422chroma_constraint_flag, max_420chroma_constraint_flag,
+           max_monochrome_constraint_flag, intra_constraint_flag, one_picture_only_constraint_flag,
+           lower_bit_rate_constraint_flag, max_14bit_constraint_flag, inbld_flag, tier_flag,
+           profile_present_flag, level_present_flag, valid] = record;
+    return start_all_afresh(
+        profile_compatibility_flag, profile_space, profile_idc, level_idc, progressive_source_flag,
+        interlaced_source_flag, non_packed_constraint_flag, frame_only_constraint_flag,
+        max_12bit_constraint_flag, max_10bit_constraint_flag, max_8bit_constraint_flag,
+        max_422chroma_constraint_flag, max_420chroma_constraint_flag,
+        max_monochrome_constraint_flag, intra_constraint_flag, one_picture_only_constraint_flag,
+        lower_bit_rate_constraint_flag, max_14bit_constraint_flag, inbld_flag, tier_flag,
+        profile_present_flag, level_present_flag, valid);
+}
+
+inline bool start_afresh(h265_profile_tier_level& record) {
+    auto& [general, sub_layers, valid] = record;
+    return start_all_afresh(general, sub_layers, valid);
+}
+
+inline bool start_afresh(h265_nal_sub_layer_hrd_parameters& record) {
+    auto& [subLayerId, cpb_count, bit_rate_value_minus1, cpb_size_value_minus1,
+           cpb_size_du_value_minus1, bit_rate_du_value_minus1, cbr_flag, valid] = record;
+    return start_all_afresh(subLayerId, cpb_count, bit_rate_value_minus1, cpb_size_value_minus1,
+                            cpb_size_du_value_minus1, bit_rate_du_value_minus1, cbr_flag, valid);
+}
+
+inline bool start_afresh(h265_hrd_parameters& record) {
+    auto& [commonInfPresentFlag, maxNumSubLayersMinus1, nal_hrd_parameters_present_flag,
+           vcl_hrd_parameters_present_flag, sub_pic_hrd_params_present_flag, tick_divisor_minus2,
+           du_cpb_removal_delay_increment_length_minus1, sub_pic_cpb_params_in_pic_timing_sei_flag,
+           dpb_output_delay_du_length_minus1, bit_rate_scale, cpb_size_scale, cpb_size_du_scale,
+           initial_cpb_removal_delay_length_minus1, au_cpb_removal_delay_length_minus1,
+           dpb_output_delay_length_minus1, fixed_pic_rate_general_flag,
+           fixed_pic_rate_within_cvs_flag, elemental_duration_in_tc_minus1, low_delay_hrd_flag,
+           cpb_cnt_minus1, nal_sub_layer_hrd, vcl_sub_layer_hrd, valid] = record;
+    return start_all_afresh(
+        commonInfPresentFlag, maxNumSubLayersMinus1, nal_hrd_parameters_present_flag,
+        vcl_hrd_parameters_present_flag, sub_pic_hrd_params_present_flag, tick_divisor_minus2,
+        du_cpb_removal_delay_increment_length_minus1, sub_pic_cpb_params_in_pic_timing_sei_flag,
+        dpb_output_delay_du_length_minus1, bit_rate_scale, cpb_size_scale, cpb_size_du_scale,
+        initial_cpb_removal_delay_length_minus1, au_cpb_removal_delay_length_minus1,
+        dpb_output_delay_length_minus1, fixed_pic_rate_general_flag, fixed_pic_rate_within_cvs_flag,
+        elemental_duration_in_tc_minus1, low_delay_hrd_flag, cpb_cnt_minus1, nal_sub_layer_hrd,
+        vcl_sub_layer_hrd, valid);
+}
+
+inline bool start_afresh(h265_vui_parameters& record) {
+    auto& [aspect_ratio_info_present_flag, aspect_ratio_idc, extended_sar_flag, sar_width,
+           sar_height, overscan_info_present_flag, overscan_appropriate_flag,
+           video_signal_type_present_flag, video_format, video_full_range_flag,
+           colour_description_present_flag, colour_primaries, transfer_characteristics,
+           matrix_coeffs, chroma_loc_info_present_flag, chroma_sample_loc_type_top_field,
+           chroma_sample_loc_type_bottom_field, neutral_chroma_indication_flag, field_seq_flag,
+           frame_field_info_present_flag, default_display_window_flag, def_disp_win_left_offset,
+           def_disp_win_right_offset, def_disp_win_top_offset, def_disp_win_bottom_offset,
+           vui_timing_info_present_flag, vui_num_units_in_tick, vui_time_scale,
+           vui_poc_proportional_to_timing_flag, vui_num_ticks_poc_diff_one_minus1,
+           vui_hrd_parameters_present_flag, hrd_parameters, bitstream_restriction_flag,
+           tiles_fixed_structure_flag, motion_vectors_over_pic_boundaries_flag,
+           restricted_ref_pic_lists_flag, min_spatial_segmentation_idc, max_bytes_per_pic_denom,
+           max_bits_per_min_cu_denom, log2_max_mv_length_horizontal, log2_max_mv_length_vertical,
+           valid] = record;
+    return start_all_afresh(
+        aspect_ratio_info_present_flag, aspect_ratio_idc, extended_sar_flag, sar_width, sar_height,
+        overscan_info_present_flag, overscan_appropriate_flag, video_signal_type_present_flag,
+        video_format, video_full_range_flag, colour_description_present_flag, colour_primaries,
+        transfer_characteristics, matrix_coeffs, chroma_loc_info_present_flag,
+        chroma_sample_loc_type_top_field, chroma_sample_loc_type_bottom_field,
+        neutral_chroma_indication_flag, field_seq_flag, frame_field_info_present_flag,
+        default_display_window_flag, def_disp_win_left_offset, def_disp_win_right_offset,
+        def_disp_win_top_offset, def_disp_win_bottom_offset, vui_timing_info_present_flag,
+        vui_num_units_in_tick, vui_time_scale, vui_poc_proportional_to_timing_flag,
+        vui_num_ticks_poc_diff_one_minus1, vui_hrd_parameters_present_flag, hrd_parameters,
+        bitstream_restriction_flag, tiles_fixed_structure_flag,
+        motion_vectors_over_pic_boundaries_flag, restricted_ref_pic_lists_flag,
+        min_spatial_segmentation_idc, max_bytes_per_pic_denom, max_bits_per_min_cu_denom,
+        log2_max_mv_length_horizontal, log2_max_mv_length_vertical, valid);
+}
+
+inline bool start_afresh(h265_scaling_list_data& record) {
+    auto& [scaling_list_pred_mode_flag, scaling_list_pred_matrix_id_delta,
+           scaling_list_dc_coef_minus8, ScalingList, valid] = record;
+    return start_all_afresh(scaling_list_pred_mode_flag, scaling_list_pred_matrix_id_delta,
+                            scaling_list_dc_coef_minus8, ScalingList, valid);
+}
+
+inline bool start_afresh(h265_st_ref_pic_set& record) {
+    auto& [deltaRps, stRpsIdx, RefRpsIdx, NumDeltaPocs, inter_ref_pic_set_prediction_flag,
+           delta_idx_minus1, delta_rps_sign, abs_delta_rps_minus1, used_by_curr_pic_flag,
+           use_delta_flag, num_negative_pics, num_positive_pics, delta_poc_s0_minus1,
+           used_by_curr_pic_s0_flag, delta_poc_s1_minus1, used_by_curr_pic_s1_flag, valid] = record;
+    return start_all_afresh(
+        deltaRps, stRpsIdx, RefRpsIdx, NumDeltaPocs, inter_ref_pic_set_prediction_flag,
+        delta_idx_minus1, delta_rps_sign, abs_delta_rps_minus1, used_by_curr_pic_flag,
+        use_delta_flag, num_negative_pics, num_positive_pics, delta_poc_s0_minus1,
+        used_by_curr_pic_s0_flag, delta_poc_s1_minus1, used_by_curr_pic_s1_flag, valid);
+}
+
+inline bool start_afresh(h265_nal_vps& record) {
+    auto& [vps_video_parameter_set_id, vps_base_layer_internal_flag, vps_base_layer_available_flag,
+           vps_max_layers_minus1, vps_max_sub_layers_minus1, vps_temporal_id_nesting_flag,
+           vps_reserved_0xffff_16bits, profile_tier_level, vps_sub_layer_ordering_info_present_flag,
+           vps_max_dec_pic_buffering_minus1, vps_max_num_reorder_pics,
+           vps_max_latency_increase_plus1, vps_max_layer_id, vps_num_layer_sets_minus1,
+           layer_id_included_flag, vps_timing_info_present_flag, vps_num_units_in_tick,
+           vps_time_scale, vps_poc_proportional_to_timing_flag, vps_num_ticks_poc_diff_one_minus1,
+           vps_num_hrd_parameters, hrd_layer_set_idx, cprms_present_flag, hrd_parameters,
+           vps_extension_flag, valid] = record;
+    return start_all_afresh(
+        vps_video_parameter_set_id, vps_base_layer_internal_flag, vps_base_layer_available_flag,
+        vps_max_layers_minus1, vps_max_sub_layers_minus1, vps_temporal_id_nesting_flag,
+        vps_reserved_0xffff_16bits, profile_tier_level, vps_sub_layer_ordering_info_present_flag,
+        vps_max_dec_pic_buffering_minus1, vps_max_num_reorder_pics, vps_max_latency_increase_plus1,
+        vps_max_layer_id, vps_num_layer_sets_minus1, layer_id_included_flag,
+        vps_timing_info_present_flag, vps_num_units_in_tick, vps_time_scale,
+        vps_poc_proportional_to_timing_flag, vps_num_ticks_poc_diff_one_minus1,
+        vps_num_hrd_parameters, hrd_layer_set_idx, cprms_present_flag, hrd_parameters,
+        vps_extension_flag, valid);
+}
+
+inline bool start_afresh(h265_nal_sps& record) {
+    auto& [sps_video_parameter_set_id, sps_max_sub_layers_minus1, sps_temporal_id_nesting_flag,
+           profile_tier_level, sps_seq_parameter_set_id, chroma_format_idc,
+           separate_colour_plane_flag, pic_width_in_luma_samples, pic_height_in_luma_samples,
+           conformance_window_flag, conf_win_left_offset, conf_win_right_offset,
+           conf_win_top_offset, conf_win_bottom_offset, bit_depth_luma_minus8,
+           bit_depth_chroma_minus8, log2_max_pic_order_cnt_lsb_minus4,
+           sps_sub_layer_ordering_info_present_flag, sps_max_dec_pic_buffering_minus1,
+           sps_max_num_reorder_pics, sps_max_latency_increase_plus1,
+           log2_min_luma_coding_block_size_minus3, log2_diff_max_min_luma_coding_block_size,
+           log2_min_luma_transform_block_size_minus2, log2_diff_max_min_luma_transform_block_size,
+           max_transform_hierarchy_depth_inter, max_transform_hierarchy_depth_intra,
+           scaling_list_enabled_flag, sps_scaling_list_data_present_flag, scaling_list_data,
+           amp_enabled_flag, sample_adaptive_offset_enabled_flag, pcm_enabled_flag,
+           pcm_sample_bit_depth_luma_minus1, pcm_sample_bit_depth_chroma_minus1,
+           log2_min_pcm_luma_coding_block_size_minus3, log2_diff_max_min_pcm_luma_coding_block_size,
+           pcm_loop_filter_disabled_flag, num_short_term_ref_pic_sets, st_ref_pic_set,
+           long_term_ref_pics_present_flag, num_long_term_ref_pics_sps, lt_ref_pic_poc_lsb_sps,
+           used_by_curr_pic_lt_sps_flag, sps_temporal_mvp_enabled_flag,
+           strong_intra_smoothing_enabled_flag, vui_parameters_present_flag, vui_parameters,
+           sps_extension_flag, valid] = record;
+    return start_all_afresh(
+        sps_video_parameter_set_id, sps_max_sub_layers_minus1, sps_temporal_id_nesting_flag,
+        profile_tier_level, sps_seq_parameter_set_id, chroma_format_idc, separate_colour_plane_flag,
+        pic_width_in_luma_samples, pic_height_in_luma_samples, conformance_window_flag,
+        conf_win_left_offset, conf_win_right_offset, conf_win_top_offset, conf_win_bottom_offset,
+        bit_depth_luma_minus8, bit_depth_chroma_minus8, log2_max_pic_order_cnt_lsb_minus4,
+        sps_sub_layer_ordering_info_present_flag, sps_max_dec_pic_buffering_minus1,
+        sps_max_num_reorder_pics, sps_max_latency_increase_plus1,
+        log2_min_luma_coding_block_size_minus3, log2_diff_max_min_luma_coding_block_size,
+        log2_min_luma_transform_block_size_minus2, log2_diff_max_min_luma_transform_block_size,
+        max_transform_hierarchy_depth_inter, max_transform_hierarchy_depth_intra,
+        scaling_list_enabled_flag, sps_scaling_list_data_present_flag, scaling_list_data,
+        amp_enabled_flag, sample_adaptive_offset_enabled_flag, pcm_enabled_flag,
+        pcm_sample_bit_depth_luma_minus1, pcm_sample_bit_depth_chroma_minus1,
+        log2_min_pcm_luma_coding_block_size_minus3, log2_diff_max_min_pcm_luma_coding_block_size,
+        pcm_loop_filter_disabled_flag, num_short_term_ref_pic_sets, st_ref_pic_set,
+        long_term_ref_pics_present_flag, num_long_term_ref_pics_sps, lt_ref_pic_poc_lsb_sps,
+        used_by_curr_pic_lt_sps_flag, sps_temporal_mvp_enabled_flag,
+        strong_intra_smoothing_enabled_flag, vui_parameters_present_flag, vui_parameters,
+        sps_extension_flag, valid);
+}
+
+inline bool start_afresh(h265_nal_pps& record) {
+    auto& [pps_pic_parameter_set_id, pps_seq_parameter_set_id,
+           dependent_slice_segments_enabled_flag, output_flag_present_flag,
+           num_extra_slice_header_bits, sign_data_hiding_enabled_flag, cabac_init_present_flag,
+           num_ref_idx_l0_default_active_minus1, num_ref_idx_l1_default_active_minus1,
+           init_qp_minus26, constrained_intra_pred_flag, transform_skip_enabled_flag,
+           cu_qp_delta_enabled_flag, diff_cu_qp_delta_depth, pps_cb_qp_offset, pps_cr_qp_offset,
+           pps_slice_chroma_qp_offsets_present_flag, weighted_pred_flag, weighted_bipred_flag,
+           transquant_bypass_enabled_flag, tiles_enabled_flag, entropy_coding_sync_enabled_flag,
+           num_tile_columns_minus1, num_tile_rows_minus1, uniform_spacing_flag, column_width_minus1,
+           row_height_minus1, loop_filter_across_tiles_enabled_flag,
+           pps_loop_filter_across_slices_enabled_flag, deblocking_filter_control_present_flag,
+           deblocking_filter_override_enabled_flag, pps_deblocking_filter_disabled_flag,
+           pps_beta_offset_div2, pps_tc_offset_div2, pps_scaling_list_data_present_flag,
+           scaling_list_data, lists_modification_present_flag, log2_parallel_merge_level_minus2,
+           slice_segment_header_extension_present_flag, pps_extension_present_flag, valid] = record;
+    return start_all_afresh(
+        pps_pic_parameter_set_id, pps_seq_parameter_set_id, dependent_slice_segments_enabled_flag,
+        output_flag_present_flag, num_extra_slice_header_bits, sign_data_hiding_enabled_flag,
+        cabac_init_present_flag, num_ref_idx_l0_default_active_minus1,
+        num_ref_idx_l1_default_active_minus1, init_qp_minus26, constrained_intra_pred_flag,
+        transform_skip_enabled_flag, cu_qp_delta_enabled_flag, diff_cu_qp_delta_depth,
+        pps_cb_qp_offset, pps_cr_qp_offset, pps_slice_chroma_qp_offsets_present_flag,
+        weighted_pred_flag, weighted_bipred_flag, transquant_bypass_enabled_flag,
+        tiles_enabled_flag, entropy_coding_sync_enabled_flag, num_tile_columns_minus1,
+        num_tile_rows_minus1, uniform_spacing_flag, column_width_minus1, row_height_minus1,
+        loop_filter_across_tiles_enabled_flag, pps_loop_filter_across_slices_enabled_flag,
+        deblocking_filter_control_present_flag, deblocking_filter_override_enabled_flag,
+        pps_deblocking_filter_disabled_flag, pps_beta_offset_div2, pps_tc_offset_div2,
+        pps_scaling_list_data_present_flag, scaling_list_data, lists_modification_present_flag,
+        log2_parallel_merge_level_minus2, slice_segment_header_extension_present_flag,
+        pps_extension_present_flag, valid);
+}
+
+inline bool start_afresh(h265_ref_pic_lists_modification& record) {
+    auto& [ref_pic_list_modification_flag_l0, list_entry_l0, ref_pic_list_modification_flag_l1,
+           list_entry_l1, valid] = record;
+    return start_all_afresh(ref_pic_list_modification_flag_l0, list_entry_l0,
+                            ref_pic_list_modification_flag_l1, list_entry_l1, valid);
+}
+
+inline bool start_afresh(h265_slice_segment_header& record) {
+    auto& [first_slice_segment_in_pic_flag, no_output_of_prior_pics_flag,
+           slice_pic_parameter_set_id, dependent_slice_segment_flag, slice_segment_address,
+           slice_type, pic_output_flag, colour_plane_id, slice_pic_order_cnt_lsb,
+           short_term_ref_pic_set_sps_flag, st_ref_pic_set, short_term_ref_pic_set_idx,
+           num_long_term_sps, num_long_term_pics, lt_idx_sps, poc_lsb_lt, used_by_curr_pic_lt_flag,
+           delta_poc_msb_present_flag, delta_poc_msb_cycle_lt, slice_temporal_mvp_enabled_flag,
+           slice_sao_luma_flag, slice_sao_chroma_flag, num_ref_idx_active_override_flag,
+           num_ref_idx_l0_active_minus1, num_ref_idx_l1_active_minus1, ref_pic_lists_modification,
+           NumPicTotalCurr, CurrRpsIdx, valid] = record;
+    return start_all_afresh(
+        first_slice_segment_in_pic_flag, no_output_of_prior_pics_flag, slice_pic_parameter_set_id,
+        dependent_slice_segment_flag, slice_segment_address, slice_type, pic_output_flag,
+        colour_plane_id, slice_pic_order_cnt_lsb, short_term_ref_pic_set_sps_flag, st_ref_pic_set,
+        short_term_ref_pic_set_idx, num_long_term_sps, num_long_term_pics, lt_idx_sps, poc_lsb_lt,
+        used_by_curr_pic_lt_flag, delta_poc_msb_present_flag, delta_poc_msb_cycle_lt,
+        slice_temporal_mvp_enabled_flag, slice_sao_luma_flag, slice_sao_chroma_flag,
+        num_ref_idx_active_override_flag, num_ref_idx_l0_active_minus1,
+        num_ref_idx_l1_active_minus1, ref_pic_lists_modification, NumPicTotalCurr, CurrRpsIdx,
+        valid);
+}
+
+inline bool start_afresh(h265_nal_sei_buffering_period& record) {
+    auto& [bp_seq_parameter_set_id, irap_cpb_params_present_flag, cpb_delay_offset,
+           dpb_delay_offset, concatenation_flag, au_cpb_removal_delay_delta_minus1,
+           nal_initial_cpb_removal_delay, nal_initial_cpb_removal_offset,
+           nal_initial_alt_cpb_removal_delay, nal_initial_alt_cpb_removal_offset,
+           vcl_initial_cpb_removal_delay, vcl_initial_cpb_removal_offset,
+           vcl_initial_alt_cpb_removal_delay, vcl_initial_alt_cpb_removal_offset,
+           use_alt_cpb_params_flag, reserved_u32, CpbCnt, NalHrdBpPresentFlag, VclHrdBpPresentFlag,
+           use_alt_cpb_params_flag_present, valid] = record;
+    return start_all_afresh(bp_seq_parameter_set_id, irap_cpb_params_present_flag, cpb_delay_offset,
+                            dpb_delay_offset, concatenation_flag, au_cpb_removal_delay_delta_minus1,
+                            nal_initial_cpb_removal_delay, nal_initial_cpb_removal_offset,
+                            nal_initial_alt_cpb_removal_delay, nal_initial_alt_cpb_removal_offset,
+                            vcl_initial_cpb_removal_delay, vcl_initial_cpb_removal_offset,
+                            vcl_initial_alt_cpb_removal_delay, vcl_initial_alt_cpb_removal_offset,
+                            use_alt_cpb_params_flag, reserved_u32, CpbCnt, NalHrdBpPresentFlag,
+                            VclHrdBpPresentFlag, use_alt_cpb_params_flag_present, valid);
+}
+
+inline bool start_afresh(h265_nal_sei_pic_timing& record) {
+    auto& [pic_struct, source_scan_type, duplicate_flag, au_cpb_removal_delay_minus1,
+           pic_dpb_output_delay, pic_dpb_output_du_delay, num_decoding_units_minus1,
+           du_common_cpb_removal_delay_flag, du_common_cpb_removal_delay_increment_minus1,
+           num_nalus_in_du_minus1, du_cpb_removal_delay_increment_minus1, du_info_present,
+           cpb_dpb_delays_present, valid] = record;
+    return start_all_afresh(
+        pic_struct, source_scan_type, duplicate_flag, au_cpb_removal_delay_minus1,
+        pic_dpb_output_delay, pic_dpb_output_du_delay, num_decoding_units_minus1,
+        du_common_cpb_removal_delay_flag, du_common_cpb_removal_delay_increment_minus1,
+        num_nalus_in_du_minus1, du_cpb_removal_delay_increment_minus1, du_info_present,
+        cpb_dpb_delays_present, valid);
+}
+
+inline bool start_afresh(h265_nal_sei_active_parameter_sets& record) {
+    auto& [active_video_parameter_set_id, self_contained_cvs_flag, no_parameter_set_update_flag,
+           num_sps_ids_minus1, active_seq_parameter_set_id, layer_sps_idx, valid] = record;
+    return start_all_afresh(active_video_parameter_set_id, self_contained_cvs_flag,
+                            no_parameter_set_update_flag, num_sps_ids_minus1,
+                            active_seq_parameter_set_id, layer_sps_idx, valid);
+}
+
+// What is left of the entries that start_afresh() keeps when the stream has no such structure:
+// none.
+inline void drop_entries(h265_hrd_parameters& hrd) {
+    hrd.nal_sub_layer_hrd.clear();
+    hrd.vcl_sub_layer_hrd.clear();
+}
+inline void drop_entries(h265_vui_parameters& vui) {
+    drop_entries(vui.hrd_parameters);
+}
+inline void drop_entries(h265_scaling_list_data& lists) {
+    lists.scaling_list_pred_mode_flag.clear();
+    lists.scaling_list_pred_matrix_id_delta.clear();
+    lists.scaling_list_dc_coef_minus8.clear();
+    lists.ScalingList.clear();
+}
+inline void drop_entries(std::vector<h265_hrd_parameters>& structures) {
+    structures.clear();
+}
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H265_START_AFRESH_H
