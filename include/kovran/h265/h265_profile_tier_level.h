@@ -3,6 +3,7 @@
 
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_profile.h>
 
 #include <vector>
 

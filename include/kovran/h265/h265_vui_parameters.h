@@ -4,6 +4,7 @@
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
 #include <kovran/h265/h265_hrd_parameters.h>
+#include <kovran/h265/h265_video_format.h>
 
 namespace kovran {
 
