@@ -1,31 +1,21 @@
 #!/usr/bin/env bash
-# usage: installed_test.sh find_package|pkg_config CMAKE BUILD_DIR COMPILER
-# Installs the build into an empty prefix and builds and runs a project outside the tree against it.
+# usage: installed_test.sh find_package|pkg_config CMAKE COMPILER BUILD_DIR
+# Installs the build into an empty prefix, and builds and runs a project outside the tree against it;
+# then moves the prefix and does the same again. One of the folders has a space in its name.
 set -euo pipefail
-way=$1 cmake=$2 build=$3 compiler=$4
-host=$(cd "$(dirname "$0")/host" && pwd)
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+way=$1 cmake=$2 compiler=$3 build=$4
+temporary=$(mktemp -d)
+trap 'rm -rf "$temporary"' EXIT
+work=$temporary/'a folder'
 
-"$cmake" --install "$build" --prefix "$work/prefix" >"$work/install.log"
-library=$(dirname "$(find "$work/prefix" -name libkovran.so.0)")
-mkdir "$work/host"
+build_and_run_host() {  # PREFIX
+    local library_dir
+    library_dir=$(dirname "$(find "$1" -name 'libkovran.so' -o -name 'libkovran.a')")
+    "$(dirname "$0")/build_host.sh" "$way" "$cmake" "$compiler" "$1" "$library_dir" "$work/host"
+    LD_LIBRARY_PATH=$library_dir "$work/host/host"
+}
 
-case $way in
-find_package)
-    "$cmake" -G Ninja -S "$host" -B "$work/host" -DCMAKE_PREFIX_PATH="$work/prefix" \
-        -DCMAKE_CXX_COMPILER="$compiler" >"$work/configure.log"
-    "$cmake" --build "$work/host"
-    ;;
-pkg_config)
-    # --define-prefix: the package was configured for another prefix than this one.
-    export PKG_CONFIG_PATH=$library/pkgconfig
-    read -ra flags <<<"$(pkg-config --define-prefix --define-variable=prefix="$work/prefix" --cflags --libs kovran)"
-    "$compiler" -std=c++17 "$host/main.cpp" "${flags[@]}" -o "$work/host/host"
-    ;;
-*)
-    echo "unknown way: $way"
-    exit 1
-    ;;
-esac
-LD_LIBRARY_PATH=$library "$work/host/host"
+"$cmake" --install "$build" --prefix "$work/installed" >"$temporary/install.log"
+build_and_run_host "$work/installed"
+mv "$work/installed" "$work/moved"
+build_and_run_host "$work/moved"

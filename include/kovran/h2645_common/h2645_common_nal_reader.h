@@ -2,6 +2,7 @@
 #define KOVRAN_H2645_COMMON_H2645_COMMON_NAL_READER_H
 
 #include <kovran/export.h>
+#include <kovran/h2645_common/h2645_common_nalfmt.h>
 
 #include <cstddef>
 

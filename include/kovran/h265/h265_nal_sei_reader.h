@@ -2,6 +2,7 @@
 #define KOVRAN_H265_H265_NAL_SEI_READER_H
 
 #include <kovran/export.h>
+#include <kovran/h2645_common/h2645_common_read_xostylesei_vlu32.h>
 #include <kovran/h265/h265_nal.h>
 #include <kovran/h265/h265_nal_sei.h>
 

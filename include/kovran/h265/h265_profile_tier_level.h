@@ -4,6 +4,7 @@
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_bitreader.h>
 #include <kovran/h265/h265_fault.h>
+#include <kovran/h265/h265_profile.h>
 #include <kovran/h265/h265_trace.h>
 
 #include <vector>

@@ -6,6 +6,7 @@
 #include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_hrd_parameters.h>
 #include <kovran/h265/h265_trace.h>
+#include <kovran/h265/h265_video_format.h>
 
 namespace kovran {
 
