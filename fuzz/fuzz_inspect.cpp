@@ -14,13 +14,13 @@
 #include <vector>
 
 #include "claim.h"
-#include "copy.h"
-#include "failure.h"
+#include "process/failure.h"
 #include "redirected.h"
-#include "show_differences.h"
-#include "show_info.h"
-#include "show_nals.h"
-#include "show_syntax.h"
+#include "verbs/copy.h"
+#include "verbs/show_differences.h"
+#include "verbs/show_info.h"
+#include "verbs/show_nals.h"
+#include "verbs/show_syntax.h"
 
 namespace {
 

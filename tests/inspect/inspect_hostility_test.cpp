@@ -9,17 +9,17 @@
 #include <vector>
 
 #include "byte_string.h"
-#include "input.h"
-#include "nal_rewriter.h"
-#include "nal_walk.h"
+#include "elements/unit_reader.h"
+#include "input/input.h"
+#include "output/stream_summary.h"
+#include "output/syntax_json.h"
+#include "output/syntax_tree.h"
+#include "output/trace_lines.h"
 #include "program.h"
 #include "readings.h"
-#include "stream_summary.h"
-#include "syntax_json.h"
-#include "syntax_tree.h"
 #include "temporary_folder.h"
-#include "trace_lines.h"
-#include "unit_reader.h"
+#include "units/nal_rewriter.h"
+#include "units/nal_walk.h"
 
 namespace kovran::test {
 namespace {
