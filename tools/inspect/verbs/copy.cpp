@@ -1,12 +1,12 @@
 #include "verbs/copy.h"
 
-#include "input/input.h"
 #include "output/output.h"
 #include "output/progress.h"
 #include "output/report.h"
 #include "process/failure.h"
 #include "units/nal_rewriter.h"
 #include "units/nal_walk.h"
+#include "units/open_stream.h"
 #include "units/stream_format.h"
 
 #include <memory>
@@ -52,7 +52,7 @@ exit_status copy_units(const copy_options& options, input& stream, output& copie
 }  // namespace
 
 exit_status copy(const copy_options& options) {
-    const std::unique_ptr<input> stream = open_input(options.in);
+    const std::unique_ptr<input> stream = open_stream(options.in, options.from);
     file_descriptor file = open_output(options.out);
     if (same_file(stream->file(), file)) {
         throw failure(file.name() + ": is the file that is to be read");

@@ -4,11 +4,11 @@
 #include "elements/difference_cause.h"
 #include "elements/element_list.h"
 #include "elements/unit_reader.h"
-#include "input/input.h"
 #include "output/output.h"
 #include "output/progress.h"
 #include "output/report.h"
 #include "units/nal_walk.h"
+#include "units/open_stream.h"
 #include "units/type_name.h"
 
 #include <algorithm>
@@ -57,7 +57,7 @@ std::string shown(const difference_cause& cause, const nal_unit& unit) {
 }  // namespace
 
 exit_status show_differences(const differences_options& options) {
-    const std::unique_ptr<input> stream = open_input(options.file);
+    const std::unique_ptr<input> stream = open_stream(options.file, options.format);
     const std::unique_ptr<nal_walk> units = walk_nal_units(*stream, options.format);
     output lines(file_descriptor::standard_output());
     progress shown_progress(*stream);

@@ -1,10 +1,10 @@
 #include "verbs/show_nals.h"
 
-#include "input/input.h"
 #include "output/output.h"
 #include "output/progress.h"
 #include "output/report.h"
 #include "units/nal_walk.h"
+#include "units/open_stream.h"
 
 #include <iterator>
 #include <memory>
@@ -57,7 +57,7 @@ std::string as_text(const nal_unit& unit, bool colour) {
 }  // namespace
 
 exit_status show_nals(const nals_options& options) {
-    const std::unique_ptr<input> stream = open_input(options.file);
+    const std::unique_ptr<input> stream = open_stream(options.file, options.format);
     const std::unique_ptr<nal_walk> walk = walk_nal_units(*stream, options.format);
     output lines(file_descriptor::standard_output());
     progress shown(*stream);

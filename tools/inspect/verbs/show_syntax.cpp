@@ -1,7 +1,6 @@
 #include "verbs/show_syntax.h"
 
 #include "elements/unit_reader.h"
-#include "input/input.h"
 #include "output/output.h"
 #include "output/progress.h"
 #include "output/report.h"
@@ -9,6 +8,7 @@
 #include "output/syntax_tree.h"
 #include "output/trace_lines.h"
 #include "units/nal_walk.h"
+#include "units/open_stream.h"
 
 #include <memory>
 
@@ -75,7 +75,7 @@ std::string shown(unit_reader& reader, nal_unit& unit, syntax_style style) {
 }  // namespace
 
 exit_status show_syntax(const syntax_options& options) {
-    const std::unique_ptr<input> stream = open_input(options.file);
+    const std::unique_ptr<input> stream = open_stream(options.file, options.format);
     const std::unique_ptr<nal_walk> units = walk_nal_units(*stream, options.format);
     unit_reader reader(options.rules);
     output lines(file_descriptor::standard_output());
