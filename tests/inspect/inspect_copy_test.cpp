@@ -152,7 +152,7 @@ TEST(InspectCopy, LeavesOutWhatIsNoUnit) {
               "bytes before the first NAL unit that belong to none: 2; left out\n");
     EXPECT_EQ(leading.out, bytes("000001 4001"));
 
-    const outcome none = copy("", "annexb", "annexb");
+    const outcome none = copy("no video", "annexb", "annexb");
     EXPECT_EQ(none.status, 1);
     EXPECT_EQ(none.err, "kovran: standard input: at 0: no NAL unit found\n");
 }
@@ -216,7 +216,7 @@ TEST(InspectCopy, RefusesToOverwriteItsInput) {
 }
 
 TEST(InspectCopy, MayReadAndWriteTheSameDevice) {
-    const outcome result = run({"copy", "/dev/null", "/dev/null"});
+    const outcome result = run({"copy", "/dev/null", "/dev/null", "--from", "length32"});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "kovran: /dev/null: at 0: no NAL unit found\n");
 }

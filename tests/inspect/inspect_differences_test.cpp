@@ -197,9 +197,10 @@ TEST(InspectDifferences, FailsWithoutInput) {
     EXPECT_EQ(run({"differences", stream_path("hm_still"), "--rules", "own"}).status, 2);
     const temporary_folder folder;
     EXPECT_EQ(run({"differences", folder.file("missing")}).status, 2);
-    const outcome empty = run({"differences", folder.write("empty", "")});
-    EXPECT_EQ(empty.status, 1);
-    EXPECT_EQ(empty.out, "0 of 0 NAL units are read differently\n");
+    EXPECT_EQ(run({"differences", folder.write("empty", "")}).status, 2);
+    const outcome none = run({"differences", folder.write("none", "no video")});
+    EXPECT_EQ(none.status, 1);
+    EXPECT_EQ(none.out, "0 of 0 NAL units are read differently\n");
 }
 
 }  // namespace

@@ -426,17 +426,16 @@ TEST(InspectDump, FailsWithoutInput) {
     const temporary_folder folder;
     EXPECT_EQ(run({"dump", folder.file("missing")}).status, 2);
     EXPECT_EQ(run({"dump", folder.path()}).status, 2);
-    for (const char* const contents : {"", "no video"}) {
-        const outcome result = run({"dump", folder.write("broken", contents)});
-        EXPECT_EQ(result.status, 1);
-        EXPECT_EQ(result.out, "rules: standard\n");
-        EXPECT_NE(result.err.find("no NAL unit found"), std::string::npos);
-    }
+    EXPECT_EQ(run({"dump", folder.write("empty", "")}).status, 2);
+    const outcome none = run({"dump", folder.write("none", "no video")});
+    EXPECT_EQ(none.status, 1);
+    EXPECT_EQ(none.out, "rules: standard\n");
+    EXPECT_NE(none.err.find("no NAL unit found"), std::string::npos);
 }
 
 TEST(InspectDump, SurvivesEveryBeginningOfAStream) {
     const std::string stream = parameter_sets() + bytes("000001 0201 d2f4 000001 4e01 0100 80");
-    for (std::size_t size = 0; size < stream.size(); size += 11) {
+    for (std::size_t size = 1; size < stream.size(); size += 11) {
         const outcome result = program({"dump", "-"}).input(stream.substr(0, size)).run();
         EXPECT_LE(result.status, 1) << size;
     }

@@ -137,7 +137,7 @@ TEST(InspectFaults, StartCodeAtTheEnd) {
 }
 
 TEST(InspectFaults, NoUnitAtAll) {
-    for (const char* const format : {"annexb", "length8", "length16", "length24", "length32"}) {
+    for (const char* const format : {"length8", "length16", "length24", "length32"}) {
         SCOPED_TRACE(format);
         expect_faults(nals_of("", format), {no_unit(0, 0, {"no NAL unit found"})});
     }

@@ -7,9 +7,9 @@
 
 #include <sys/stat.h>
 
-#include "bus_error.h"
 #include "byte_string.h"
-#include "input.h"
+#include "input/input.h"
+#include "process/bus_error.h"
 #include "program.h"
 #include "readings.h"
 #include "temporary_folder.h"

@@ -9,17 +9,17 @@
 #include <vector>
 
 #include "byte_string.h"
-#include "input.h"
-#include "nal_rewriter.h"
-#include "nal_walk.h"
+#include "elements/unit_reader.h"
+#include "input/input.h"
+#include "output/stream_summary.h"
+#include "output/syntax_json.h"
+#include "output/syntax_tree.h"
+#include "output/trace_lines.h"
 #include "program.h"
 #include "readings.h"
-#include "stream_summary.h"
-#include "syntax_json.h"
-#include "syntax_tree.h"
 #include "temporary_folder.h"
-#include "trace_lines.h"
-#include "unit_reader.h"
+#include "units/nal_rewriter.h"
+#include "units/nal_walk.h"
 
 namespace kovran::test {
 namespace {
@@ -82,18 +82,18 @@ TEST(InspectHostility, FilesThatCannotBeReadAreFailuresOfEveryVerb) {
     }
 }
 
-TEST(InspectHostility, AnEmptyStreamIsAFaultForEveryVerb) {
+TEST(InspectHostility, AStreamWithoutUnitsIsAFaultForEveryVerb) {
     const temporary_folder folder;
-    const std::string empty = folder.write("empty", "");
+    const std::string none = folder.write("none", "no video");
     for (const arguments& verb : verbs) {
         SCOPED_TRACE(described(verb));
-        const outcome result = run(with(verb, {empty}));
+        const outcome result = run(with(verb, {none}));
         EXPECT_EQ(result.status, 1);
-        EXPECT_EQ(result.err, "kovran: " + empty + ": at 0: no NAL unit found\n");
+        EXPECT_EQ(result.err, "kovran: " + none + ": at 0: no NAL unit found\n");
     }
-    const outcome copied = run({"copy", empty, folder.file("copied")});
+    const outcome copied = run({"copy", none, folder.file("copied")});
     EXPECT_EQ(copied.status, 1);
-    EXPECT_EQ(copied.err, "kovran: " + empty + ": at 0: no NAL unit found\n");
+    EXPECT_EQ(copied.err, "kovran: " + none + ": at 0: no NAL unit found\n");
     EXPECT_EQ(read_file(folder.file("copied")), "");
 }
 

@@ -426,10 +426,11 @@ TEST(InspectTrace, FailsWithoutInput) {
     EXPECT_EQ(missing.status, 2);
     EXPECT_EQ(missing.out, "");
     EXPECT_NE(missing.err, "");
-    const outcome empty = run({"trace", folder.write("empty", "")});
-    EXPECT_EQ(empty.status, 1);
-    EXPECT_EQ(empty.out, "rules: standard\n");
-    EXPECT_NE(empty.err.find("no NAL unit found"), std::string::npos);
+    EXPECT_EQ(run({"trace", folder.write("empty", "")}).status, 2);
+    const outcome none = run({"trace", folder.write("none", "no video")});
+    EXPECT_EQ(none.status, 1);
+    EXPECT_EQ(none.out, "rules: standard\n");
+    EXPECT_NE(none.err.find("no NAL unit found"), std::string::npos);
 }
 
 TEST(InspectTrace, RejectsWrongArguments) {

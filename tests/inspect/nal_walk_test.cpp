@@ -1,4 +1,4 @@
-#include "nal_walk.h"
+#include "units/nal_walk.h"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "byte_string.h"
-#include "failure.h"
-#include "input.h"
-#include "piped_input.h"
+#include "input/input.h"
+#include "input/piped_input.h"
+#include "process/failure.h"
 #include "readings.h"
 #include "temporary_folder.h"
 

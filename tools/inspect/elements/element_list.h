@@ -1,0 +1,46 @@
+#ifndef KOVRAN_TOOLS_INSPECT_ELEMENTS_ELEMENT_LIST_H
+#define KOVRAN_TOOLS_INSPECT_ELEMENTS_ELEMENT_LIST_H
+
+#include "elements/element_path.h"
+#include "elements/unit_reader.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace kovran::inspect {
+
+// The syntax elements of one unit in the order of their bits.
+class element_list : public stream_sink {
+public:
+    struct entry {
+        std::string path;
+        const char* descriptor;
+        std::size_t bit;
+        std::size_t width;
+        std::int64_t value;
+        const char* noted_rule;  // as compared_rules had it when the element had been read
+
+        [[nodiscard]] bool reads_like(const entry& other) const {
+            return path == other.path && bit == other.bit && width == other.width &&
+                   value == other.value;
+        }
+    };
+
+    [[nodiscard]] const std::vector<entry>& entries() const { return entries_; }
+
+    void begin_structure(const indexed_name& name) override;
+    void end_structure() override;
+    void read(const traced_element& read_element) override;
+    void begin_message(const h265_nal_sei_reader& message) override;
+    void opaque_payload(const h265_nal_sei_reader&) override {}
+    void end_message() override;
+
+private:
+    std::vector<entry> entries_;
+    element_path path_;
+};
+
+}  // namespace kovran::inspect
+
+#endif  // KOVRAN_TOOLS_INSPECT_ELEMENTS_ELEMENT_LIST_H

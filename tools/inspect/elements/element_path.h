@@ -1,0 +1,32 @@
+#ifndef KOVRAN_TOOLS_INSPECT_ELEMENTS_ELEMENT_PATH_H
+#define KOVRAN_TOOLS_INSPECT_ELEMENTS_ELEMENT_PATH_H
+
+#include "elements/trace_sink.h"
+
+#include <string>
+#include <vector>
+
+namespace kovran::inspect {
+
+// Where a walk stands: the names of the structures that are open, each followed by a dot.
+class element_path {
+public:
+    void open(const indexed_name& name) {
+        lengths_.push_back(path_.size());
+        path_ += to_string(name) + '.';
+    }
+    void close() {
+        path_.resize(lengths_.back());
+        lengths_.pop_back();
+    }
+
+    [[nodiscard]] std::string to(const std::string& name) const { return path_ + name; }
+
+private:
+    std::vector<std::size_t> lengths_;
+    std::string path_;
+};
+
+}  // namespace kovran::inspect
+
+#endif  // KOVRAN_TOOLS_INSPECT_ELEMENTS_ELEMENT_PATH_H

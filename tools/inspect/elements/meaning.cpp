@@ -1,0 +1,89 @@
+#include "elements/meaning.h"
+
+#include "elements/standard_tables.h"
+
+#include <kovran/h265/h265_nal_sei_pic_timing.h>
+#include <kovran/h265/h265_profile.h>
+#include <kovran/h265/h265_slice_segment_header.h>
+#include <kovran/h265/h265_video_format.h>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include <fmt/format.h>
+
+namespace kovran::inspect {
+namespace {
+
+std::string video_format(std::int64_t value) {
+    return h265_video_format_to_str(static_cast<h265_video_format>(value));
+}
+
+std::string slice_type(std::int64_t value) {
+    h265_slice_segment_header slice;
+    slice.slice_type = static_cast<unsigned int>(value);
+    return slice.slice_type_to_str();
+}
+
+std::string pic_struct(std::int64_t value) {
+    h265_nal_sei_pic_timing timing;
+    timing.pic_struct = static_cast<unsigned char>(value);
+    return timing.pic_struct_to_str();
+}
+
+std::string source_scan_type(std::int64_t value) {
+    h265_nal_sei_pic_timing timing;
+    timing.source_scan_type = static_cast<unsigned char>(value);
+    return timing.source_scan_type_to_str();
+}
+
+struct table_of_element {
+    std::string_view element;
+    std::string (*meaning)(std::int64_t value);
+};
+
+constexpr std::array tables = {
+    table_of_element{"general_profile_idc", profile_name},
+    table_of_element{"sub_layer_profile_idc", profile_name},
+    table_of_element{"general_tier_flag", tier_name},
+    table_of_element{"sub_layer_tier_flag", tier_name},
+    table_of_element{"general_level_idc", level_name},
+    table_of_element{"sub_layer_level_idc", level_name},
+    table_of_element{"chroma_format_idc", chroma_format_name},
+    table_of_element{"aspect_ratio_idc", aspect_ratio_name},
+    table_of_element{"video_format", video_format},
+    table_of_element{"colour_primaries", colour_primaries_name},
+    table_of_element{"transfer_characteristics", transfer_characteristics_name},
+    table_of_element{"matrix_coeffs", matrix_coeffs_name},
+    table_of_element{"pic_type", aud_pic_type_name},
+    table_of_element{"slice_type", slice_type},
+    table_of_element{"pic_struct", pic_struct},
+    table_of_element{"source_scan_type", source_scan_type},
+};
+
+constexpr std::array<std::string_view, 5> framing = {
+    "rbsp_stop_one_bit",      "rbsp_alignment_zero_bit", "ff_byte",
+    "last_payload_type_byte", "last_payload_size_byte",
+};
+
+}  // namespace
+
+bool is_extension_data(const traced_element& element) {
+    constexpr std::string_view ending = "_extension_data_flag";
+    const std::string_view name = element.name.name;
+    return name.size() > ending.size() && name.substr(name.size() - ending.size()) == ending;
+}
+
+std::string meaning_of(const traced_element& element) {
+    const auto table = std::find_if(
+        tables.begin(), tables.end(),
+        [&element](const table_of_element& each) { return each.element == element.name.name; });
+    return table != tables.end() ? table->meaning(element.value) : std::string();
+}
+
+bool is_framing(const traced_element& element) {
+    return std::find(framing.begin(), framing.end(), element.name.name) != framing.end();
+}
+
+}  // namespace kovran::inspect

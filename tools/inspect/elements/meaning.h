@@ -1,0 +1,22 @@
+#ifndef KOVRAN_TOOLS_INSPECT_ELEMENTS_MEANING_H
+#define KOVRAN_TOOLS_INSPECT_ELEMENTS_MEANING_H
+
+#include "elements/trace_sink.h"
+
+#include <string>
+
+namespace kovran::inspect {
+
+// What an element's value stands for, by the tables of the standard; empty where there is no table.
+[[nodiscard]] std::string meaning_of(const traced_element& element);
+
+// Bits that say nothing about the stream's content: trailing bits, and the lengths and types of SEI
+// messages, which are known by other names.
+[[nodiscard]] bool is_framing(const traced_element& element);
+
+// The bits of an extension, which are told of as one element without a value.
+[[nodiscard]] bool is_extension_data(const traced_element& element);
+
+}  // namespace kovran::inspect
+
+#endif  // KOVRAN_TOOLS_INSPECT_ELEMENTS_MEANING_H

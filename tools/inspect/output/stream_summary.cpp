@@ -1,0 +1,199 @@
+#include "output/stream_summary.h"
+
+#include "elements/sei_name.h"
+#include "elements/standard_tables.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include <fmt/format.h>
+
+namespace kovran::inspect {
+namespace {
+
+constexpr std::uint64_t iraps_listed = 8;
+
+bool is_irap(h265_nal_unit_type type) {
+    return type >= BLA_W_LP && type <= RSV_IRAP_VCL23;
+}
+
+// Counts by name: "B 12, I 1, P 3".
+std::string counts(const std::map<std::string, std::uint64_t>& by_name) {
+    std::string text;
+    for (const auto& [name, count] : by_name) {
+        text += fmt::format("{}{} {}", text.empty() ? "" : ", ", name, count);
+    }
+    return text.empty() ? "none" : text;
+}
+
+std::string profile_tier_level_text(const h265_profile_tier_level::layer_t& general) {
+    return fmt::format("{}, {}, {}", profile_name(general.profile_idc),
+                       tier_name(general.tier_flag ? 1 : 0), level_name(general.level_idc));
+}
+
+// SubWidthC and SubHeightC, table 6-1, are the units of the conformance window.
+std::string size_text(const h265_nal_sps& sps) {
+    const std::uint64_t sub_width =
+        sps.chroma_format_idc == 1 || sps.chroma_format_idc == 2 ? 2 : 1;
+    const std::uint64_t sub_height = sps.chroma_format_idc == 1 ? 2 : 1;
+    const std::uint64_t width = sps.pic_width_in_luma_samples;
+    const std::uint64_t height = sps.pic_height_in_luma_samples;
+    std::string text = fmt::format("{} x {}", width, height);
+    if (!sps.conformance_window_flag) {
+        return text;
+    }
+    const std::uint64_t cropped_width =
+        sub_width * (std::uint64_t{sps.conf_win_left_offset} + sps.conf_win_right_offset);
+    const std::uint64_t cropped_height =
+        sub_height * (std::uint64_t{sps.conf_win_top_offset} + sps.conf_win_bottom_offset);
+    if (cropped_width >= width || cropped_height >= height) {
+        return text + ", with a conformance window that leaves nothing";
+    }
+    return text +
+           fmt::format(", cropped to {} x {}", width - cropped_width, height - cropped_height);
+}
+
+std::string rate_text(unsigned int time_scale, unsigned int num_units_in_tick, bool fields) {
+    if (num_units_in_tick == 0) {
+        return "unknown: a tick of 0 units";
+    }
+    return fmt::format("{:.6g} {} per second ({}/{})",
+                       static_cast<double>(time_scale) / num_units_in_tick,
+                       fields ? "fields" : "pictures", time_scale, num_units_in_tick);
+}
+
+std::string rate_text(const std::optional<h265_nal_vps>& vps, const h265_nal_sps& sps) {
+    const h265_vui_parameters& vui = sps.vui_parameters;
+    if (sps.vui_parameters_present_flag && vui.vui_timing_info_present_flag) {
+        return rate_text(vui.vui_time_scale, vui.vui_num_units_in_tick, vui.field_seq_flag);
+    }
+    if (vps && vps->vps_timing_info_present_flag) {
+        return rate_text(vps->vps_time_scale, vps->vps_num_units_in_tick, vui.field_seq_flag);
+    }
+    return "not given";
+}
+
+std::string colour_text(const h265_nal_sps& sps) {
+    const h265_vui_parameters& vui = sps.vui_parameters;
+    if (!sps.vui_parameters_present_flag || !vui.video_signal_type_present_flag) {
+        return "not given";
+    }
+    const char* const range = vui.video_full_range_flag ? "full range" : "limited range";
+    if (!vui.colour_description_present_flag) {
+        return range;
+    }
+    return fmt::format("{}; primaries {}; transfer {}; matrix {}", range,
+                       colour_primaries_name(vui.colour_primaries),
+                       transfer_characteristics_name(vui.transfer_characteristics),
+                       matrix_coeffs_name(vui.matrix_coeffs));
+}
+
+void line(std::string& text, std::string_view name, std::string_view value) {
+    fmt::format_to(std::back_inserter(text), "{:<14}{}\n", name, value);
+}
+
+}  // namespace
+
+void stream_summary::add(const nal_unit& unit, const unit_record& record) {
+    faults_ += unit.faults.size();
+    if (!unit.readable) {
+        return;
+    }
+    ++units_.at(unit.header.nal_unit_type);
+    higher_layer_units_ += unit.header.nuh_layer_id != 0 ? 1 : 0;
+    if (const auto* const vps = std::get_if<h265_nal_vps>(&record); vps != nullptr) {
+        if (vps->valid && !vps_) {
+            vps_ = *vps;
+        }
+    } else if (const auto* const sps = std::get_if<h265_nal_sps>(&record); sps != nullptr) {
+        if (sps->valid && !sps_) {
+            sps_ = *sps;
+        }
+    } else if (const auto* const slice = std::get_if<h265_slice_segment_header>(&record);
+               slice != nullptr) {
+        add_slice(unit, *slice);
+    }
+}
+
+void stream_summary::add_slice(const nal_unit& unit, const h265_slice_segment_header& slice) {
+    if (!slice.valid) {
+        ++slices_["unreadable"];
+    } else if (slice.dependent_slice_segment_flag) {
+        ++slices_["dependent"];
+    } else {
+        ++slices_[slice.slice_type_to_str()];
+    }
+    if (!slice.first_slice_segment_in_pic_flag) {
+        return;
+    }
+    const std::uint64_t picture = pictures_++;
+    if (!is_irap(unit.header.nal_unit_type)) {
+        return;
+    }
+    if (irap_pictures_ != 0) {
+        const std::uint64_t distance = picture - last_irap_;
+        shortest_irap_distance_ =
+            irap_pictures_ == 1 ? distance : std::min(shortest_irap_distance_, distance);
+        longest_irap_distance_ = std::max(longest_irap_distance_, distance);
+    }
+    if (irap_pictures_ < iraps_listed) {
+        first_iraps_ +=
+            fmt::format("{}{} at {}", first_iraps_.empty() ? "" : ", ", picture, unit.offset);
+    }
+    last_irap_ = picture;
+    ++irap_pictures_;
+}
+
+void stream_summary::begin_message(const h265_nal_sei_reader& message) {
+    ++messages_[sei_name(message)];
+}
+
+std::string stream_summary::text() const {
+    std::string text;
+    if (sps_) {
+        line(text, "profile", profile_tier_level_text(sps_->profile_tier_level.general));
+        line(text, "size", size_text(*sps_));
+        line(text, "format",
+             fmt::format("{}, {} bit luma, {} bit chroma",
+                         chroma_format_name(sps_->chroma_format_idc),
+                         std::uint64_t{sps_->bit_depth_luma_minus8} + 8,
+                         std::uint64_t{sps_->bit_depth_chroma_minus8} + 8));
+        line(text, "rate", rate_text(vps_, *sps_));
+        line(text, "colour", colour_text(*sps_));
+    } else {
+        line(text, "profile", "unknown: no SPS could be read");
+    }
+
+    std::map<std::string, std::uint64_t> units_by_name;
+    std::uint64_t all_units = 0;
+    for (unsigned int type = 0; type < type_count; ++type) {
+        if (units_[type] != 0) {
+            units_by_name[type_name(static_cast<h265_nal_unit_type>(type))] = units_[type];
+            all_units += units_[type];
+        }
+    }
+    line(text, "NAL units", fmt::format("{}: {}", all_units, counts(units_by_name)));
+    if (higher_layer_units_ != 0) {
+        line(text, "",
+             fmt::format("{} of them in layers above the base layer, not taken apart",
+                         higher_layer_units_));
+    }
+    line(text, "slices", counts(slices_));
+    line(text, "pictures", fmt::format("{}", pictures_));
+    std::string iraps = fmt::format("{}", irap_pictures_);
+    if (irap_pictures_ != 0) {
+        iraps += fmt::format(": picture {}{}", first_iraps_,
+                             irap_pictures_ > iraps_listed ? ", ..." : "");
+    }
+    if (irap_pictures_ > 1) {
+        iraps += fmt::format("; {} to {} pictures apart", shortest_irap_distance_,
+                             longest_irap_distance_);
+    }
+    line(text, "IRAP", iraps);
+    line(text, "SEI", counts(messages_));
+    line(text, "rules", name_of(rules_));
+    line(text, "faults", faults_ == 0 ? "none" : fmt::format("{}", faults_));
+    return text;
+}
+
+}  // namespace kovran::inspect

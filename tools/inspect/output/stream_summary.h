@@ -1,0 +1,60 @@
+#ifndef KOVRAN_TOOLS_INSPECT_OUTPUT_STREAM_SUMMARY_H
+#define KOVRAN_TOOLS_INSPECT_OUTPUT_STREAM_SUMMARY_H
+
+#include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_nal_vps.h>
+#include <kovran/h265/h265_slice_segment_header.h>
+
+#include "elements/unit_reader.h"
+#include "units/nal_unit.h"
+#include "units/type_name.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace kovran::inspect {
+
+// What is told of a whole stream, gathered unit by unit.
+class stream_summary : public stream_sink {
+public:
+    explicit stream_summary(rule_set rules) : rules_(rules) {}
+
+    // To be called for each unit after it was read with this object as the sink.
+    void add(const nal_unit& unit, const unit_record& record);
+
+    // One screen of it.
+    [[nodiscard]] std::string text() const;
+
+    void begin_structure(const indexed_name&) override {}
+    void end_structure() override {}
+    void read(const traced_element&) override {}
+    void begin_message(const h265_nal_sei_reader& message) override;
+    void opaque_payload(const h265_nal_sei_reader&) override {}
+    void end_message() override {}
+
+private:
+    void add_slice(const nal_unit& unit, const h265_slice_segment_header& slice);
+
+    rule_set rules_;
+    std::array<std::uint64_t, type_count> units_{};
+    std::uint64_t faults_ = 0;
+    std::uint64_t higher_layer_units_ = 0;
+    std::optional<h265_nal_vps> vps_;  // the first that could be read
+    std::optional<h265_nal_sps> sps_;
+    std::map<std::string, std::uint64_t> slices_;
+    std::map<std::string, std::uint64_t> messages_;
+
+    std::uint64_t pictures_ = 0;
+    std::uint64_t irap_pictures_ = 0;
+    std::uint64_t last_irap_ = 0;  // number of the picture
+    std::uint64_t shortest_irap_distance_ = 0;
+    std::uint64_t longest_irap_distance_ = 0;
+    std::string first_iraps_;
+};
+
+}  // namespace kovran::inspect
+
+#endif  // KOVRAN_TOOLS_INSPECT_OUTPUT_STREAM_SUMMARY_H

@@ -1,0 +1,52 @@
+#include "output/syntax_json.h"
+
+#include "elements/meaning.h"
+#include "elements/sei_name.h"
+#include "output/hexadecimal.h"
+
+namespace kovran::inspect {
+
+void syntax_json::begin_structure(const indexed_name& name) {
+    nlohmann::ordered_json& structure = at(name);
+    if (structure.is_null()) {
+        structure = nlohmann::ordered_json::object();
+    }
+    open_.push_back(&structure);
+}
+
+void syntax_json::end_structure() {
+    open_.pop_back();
+}
+
+void syntax_json::read(const traced_element& read_element) {
+    if (!is_framing(read_element) && !is_extension_data(read_element)) {
+        at(read_element.name) = read_element.value;
+    }
+}
+
+// The last message of the array stays where it is while it is open.
+void syntax_json::begin_message(const h265_nal_sei_reader& message) {
+    nlohmann::ordered_json& messages = root_["sei_message"];
+    messages.push_back({{"payload_type", message.payload_type},
+                        {"payload_size", message.payload_size},
+                        {"name", sei_name(message)}});
+    open_.push_back(&messages.back());
+}
+
+void syntax_json::opaque_payload(const h265_nal_sei_reader& message) {
+    (*open_.back())["payload"] = hexadecimal(message.payload_begin, message.payload_end);
+}
+
+void syntax_json::end_message() {
+    open_.pop_back();
+}
+
+nlohmann::ordered_json& syntax_json::at(const indexed_name& name) {
+    nlohmann::ordered_json* place = &(*open_.back())[name.name];
+    for (const std::size_t index : name.indices) {
+        place = &(*place)[index];
+    }
+    return *place;
+}
+
+}  // namespace kovran::inspect

@@ -1,0 +1,36 @@
+#ifndef KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_JSON_H
+#define KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_JSON_H
+
+#include "elements/unit_reader.h"
+
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+namespace kovran::inspect {
+
+// The syntax elements of a unit as JSON: structures are objects, indexed elements and structures
+// arrays, all values numbers. Entries of an array that are not in the stream are null.
+class syntax_json : public stream_sink {
+public:
+    syntax_json() { open_.push_back(&root_); }
+
+    [[nodiscard]] const nlohmann::ordered_json& root() const { return root_; }
+
+    void begin_structure(const indexed_name& name) override;
+    void end_structure() override;
+    void read(const traced_element& read_element) override;
+    void begin_message(const h265_nal_sei_reader& message) override;
+    void opaque_payload(const h265_nal_sei_reader& message) override;
+    void end_message() override;
+
+private:
+    [[nodiscard]] nlohmann::ordered_json& at(const indexed_name& name);
+
+    nlohmann::ordered_json root_ = nlohmann::ordered_json::object();
+    std::vector<nlohmann::ordered_json*> open_;  // from the root to the structure that is walked
+};
+
+}  // namespace kovran::inspect
+
+#endif  // KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_JSON_H

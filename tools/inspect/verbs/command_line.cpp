@@ -1,0 +1,223 @@
+#include "verbs/command_line.h"
+
+#include "process/failure.h"
+#include "units/stream_format.h"
+
+#include <bitset>
+#include <charconv>
+#include <cstdint>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include <fmt/format.h>
+#include <CLI/CLI.hpp>
+
+namespace kovran::inspect {
+namespace {
+
+constexpr char format_names_help[] = "annexb, length8, length16, length24 or length32";
+
+std::string format_help(const char* what) {
+    return fmt::format("{}: {}; default annexb", what, format_names_help);
+}
+
+void add_format(CLI::App& verb, const std::string& option, h2645_common_nalfmt& format,
+                const char* what) {
+    verb.add_option_function<std::string>(
+            option, [&format](const std::string& name) { format = format_of(name); },
+            format_help(what))
+        ->type_name("FORMAT")
+        ->check(CLI::IsMember(format_names()).description(""));
+}
+
+void add_rules(CLI::App& verb, rule_set& rules) {
+    verb.add_option_function<std::string>(
+            "--rules",
+            [&rules](const std::string& name) {
+                rules = name == name_of(rule_set::own) ? rule_set::own : rule_set::standard;
+            },
+            "Read by the standard's rules or by the library's own, standard or own; default "
+            "standard")
+        ->type_name("RULES")
+        ->check(
+            CLI::IsMember({name_of(rule_set::standard), name_of(rule_set::own)}).description(""));
+}
+
+using type_set = std::bitset<type_count>;
+
+void select_types(type_set& types, const std::vector<std::string>& names) {
+    types.reset();
+    for (const std::string& name : names) {
+        const auto type = type_of(name);
+        if (!type) {
+            throw CLI::ValidationError("--type", '\'' + name + "' is no NAL unit type");
+        }
+        types.set(*type);
+    }
+}
+
+std::uint64_t number_of(const std::string& option, const std::string& text) {
+    std::uint64_t number = 0;
+    const char* const last = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), last, number);
+    if (error != std::errc{} || rest != last) {
+        throw CLI::ValidationError(option, '\'' + text + "' is no number of NAL units");
+    }
+    return number;
+}
+
+void set_colour(nals_options& options, const std::string& when) {
+    options.colour = when == "always"  ? colour_choice::always
+                     : when == "never" ? colour_choice::never
+                                       : colour_choice::on_terminals;
+}
+
+failure wrong_arguments(const std::string& reason) {
+    return failure(reason + "\nRun kovran --help for more information.");
+}
+
+void add_stream(CLI::App& verb, std::string& file, h2645_common_nalfmt& format) {
+    verb.add_option("FILE", file, "The stream; - is standard input")->required()->type_name("");
+    add_format(verb, "--format", format, "How the NAL units are framed");
+}
+
+void add_selection(CLI::App& verb, type_set& types, std::uint64_t& limit) {
+    verb.add_option_function<std::vector<std::string>>(
+            "--type",
+            [&types](const std::vector<std::string>& names) { select_types(types, names); },
+            "Show only units of these types, by number or name, as in 32,SPS_NUT")
+        ->type_name("TYPE")
+        ->delimiter(',')
+        ->allow_extra_args(false);
+    verb.add_option_function<std::string>(
+            "--limit", [&limit](const std::string& text) { limit = number_of("--limit", text); },
+            "Stop after so many units")
+        ->type_name("N");
+}
+
+CLI::App& add_nals(CLI::App& program, nals_options& options) {
+    CLI::App& verb = *program.add_subcommand("nals", "Show a line for each NAL unit of a stream");
+    add_stream(verb, options.file, options.format);
+    verb.add_flag("--json", options.json, "Show a JSON object on each line");
+    add_selection(verb, options.types, options.limit);
+    verb.add_option_function<std::string>(
+            "--color,--colour", [&options](const std::string& when) { set_colour(options, when); },
+            "auto, always or never; default auto: on a terminal, unless NO_COLOR is set")
+        ->type_name("WHEN")
+        ->check(CLI::IsMember({"auto", "always", "never"}).description(""));
+    return verb;
+}
+
+CLI::App& add_syntax(CLI::App& verb, syntax_options& options) {
+    add_stream(verb, options.file, options.format);
+    add_rules(verb, options.rules);
+    add_selection(verb, options.types, options.limit);
+    verb.add_option_function<std::string>(
+            "--nal",
+            [&options](const std::string& text) { options.nal = number_of("--nal", text); },
+            "Show only the unit with this index, as kovran nals counts them")
+        ->type_name("N");
+    return verb;
+}
+
+CLI::App& add_dump(CLI::App& program, syntax_options& options) {
+    CLI::App& verb = *program.add_subcommand(
+        "dump", "Show what the NAL units hold, as a tree of syntax elements");
+    add_syntax(verb, options);
+    verb.add_flag_callback(
+        "--json", [&options] { options.style = syntax_style::json; },
+        "Show a JSON object for each unit, on a line");
+    return verb;
+}
+
+CLI::App& add_trace(CLI::App& program, syntax_options& options) {
+    options.style = syntax_style::trace;
+    return add_syntax(*program.add_subcommand("trace",
+                                              "Show a line for each syntax element: "
+                                              "place, width, name, "
+                                              "descriptor, value"),
+                      options);
+}
+
+CLI::App& add_info(CLI::App& program, info_options& options) {
+    CLI::App& verb = *program.add_subcommand("info", "Show what a stream is, on one screen");
+    add_stream(verb, options.file, options.format);
+    add_rules(verb, options.rules);
+    return verb;
+}
+
+CLI::App& add_differences(CLI::App& program, differences_options& options) {
+    CLI::App& verb = *program.add_subcommand(
+        "differences",
+        "Show which NAL units the library's own rules read otherwise than the standard's");
+    add_stream(verb, options.file, options.format);
+    return verb;
+}
+
+CLI::App& add_copy(CLI::App& program, copy_options& options) {
+    CLI::App& verb =
+        *program.add_subcommand("copy", "Write the NAL units of a stream into another one");
+    verb.add_option("IN", options.in, "The stream to read; - is standard input")
+        ->required()
+        ->type_name("");
+    verb.add_option("OUT", options.out, "The stream to write; - is standard output")
+        ->required()
+        ->type_name("");
+    add_format(verb, "--from", options.from, "How the NAL units of IN are framed");
+    add_format(verb, "--to", options.to, "How those of OUT shall be");
+    return verb;
+}
+
+}  // namespace
+
+command parse_command_line(int argc, const char* const* argv) {
+    CLI::App program("Shows the high-level syntax of H.265 video streams.", "kovran");
+    program.require_subcommand(0, 1);  // without one, CLI11 hides what was wrong
+    program.set_version_flag("--version", "kovran " KOVRAN_VERSION);
+    program.footer(
+        "Exit status: 0 read, 1 read with faults found in the stream,\n"
+        "2 cannot read or write, or wrong arguments.");
+    info_options info;
+    nals_options nals;
+    syntax_options dump;
+    syntax_options trace;
+    copy_options copy;
+    differences_options differences;
+    const CLI::App& info_verb = add_info(program, info);
+    const CLI::App& nals_verb = add_nals(program, nals);
+    const CLI::App& dump_verb = add_dump(program, dump);
+    const CLI::App& trace_verb = add_trace(program, trace);
+    const CLI::App& differences_verb = add_differences(program, differences);
+    const CLI::App& copy_verb = add_copy(program, copy);
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        return text_to_show{program.help()};
+    } catch (const CLI::CallForVersion& version) {
+        return text_to_show{std::string(version.what()) + '\n'};
+    } catch (const CLI::ParseError& error) {
+        throw wrong_arguments(error.what());
+    }
+    if (info_verb.parsed()) {
+        return info;
+    }
+    if (nals_verb.parsed()) {
+        return nals;
+    }
+    if (dump_verb.parsed()) {
+        return dump;
+    }
+    if (trace_verb.parsed()) {
+        return trace;
+    }
+    if (differences_verb.parsed()) {
+        return differences;
+    }
+    if (copy_verb.parsed()) {
+        return copy;
+    }
+    throw wrong_arguments("nothing to do");
+}
+
+}  // namespace kovran::inspect

@@ -1,0 +1,112 @@
+#include "verbs/show_syntax.h"
+
+#include "elements/unit_reader.h"
+#include "output/output.h"
+#include "output/progress.h"
+#include "output/report.h"
+#include "output/syntax_json.h"
+#include "output/syntax_tree.h"
+#include "output/trace_lines.h"
+#include "units/nal_walk.h"
+#include "units/open_stream.h"
+
+#include <memory>
+
+#include <fmt/format.h>
+
+namespace kovran::inspect {
+namespace {
+
+// For units that are read but not shown.
+class no_output : public stream_sink {
+public:
+    void begin_structure(const indexed_name&) override {}
+    void end_structure() override {}
+    void read(const traced_element&) override {}
+    void begin_message(const h265_nal_sei_reader&) override {}
+    void opaque_payload(const h265_nal_sei_reader&) override {}
+    void end_message() override {}
+};
+
+std::string heading(const nal_unit& unit) {
+    return fmt::format("{}: {}, {} bytes, layer {}, temporal id {}\n", place_of(unit),
+                       type_name(unit.header.nal_unit_type), unit.size, unit.header.nuh_layer_id,
+                       unit.header.nuh_temporal_id_plus1 - 1);
+}
+
+std::string as_json(const nal_unit& unit, rule_set rules, const nlohmann::ordered_json& syntax) {
+    nlohmann::ordered_json line;
+    line["schema"] = "kovran-dump-1";
+    line["rules"] = name_of(rules);
+    line["index"] = unit.index;
+    line["offset"] = unit.offset;
+    line["size"] = unit.size;
+    line["nal_unit_type"] = static_cast<unsigned int>(unit.header.nal_unit_type);
+    line["name"] = type_name(unit.header.nal_unit_type);
+    line["nuh_layer_id"] = unit.header.nuh_layer_id;
+    line["nuh_temporal_id_plus1"] = unit.header.nuh_temporal_id_plus1;
+    line["syntax"] = syntax;
+    if (!unit.faults.empty()) {
+        line["faults"] = unit.faults;
+    }
+    return line.dump() + '\n';
+}
+
+std::string shown(unit_reader& reader, nal_unit& unit, syntax_style style) {
+    switch (style) {
+        case syntax_style::tree: {
+            syntax_tree tree;
+            reader.read(unit, tree);
+            return heading(unit) + tree.text() + '\n';
+        }
+        case syntax_style::json: {
+            syntax_json json;
+            reader.read(unit, json);
+            return as_json(unit, reader.rules(), json.root());
+        }
+        case syntax_style::trace:
+            break;
+    }
+    trace_lines trace(reader.payload());
+    reader.read(unit, trace);
+    return heading(unit) + trace.text();
+}
+
+}  // namespace
+
+exit_status show_syntax(const syntax_options& options) {
+    const std::unique_ptr<input> stream = open_stream(options.file, options.format);
+    const std::unique_ptr<nal_walk> units = walk_nal_units(*stream, options.format);
+    unit_reader reader(options.rules);
+    output lines(file_descriptor::standard_output());
+    progress shown_progress(*stream);
+    report faults(stream->file().name(), lines, shown_progress);
+
+    if (options.style != syntax_style::json) {
+        lines.write(fmt::format("rules: {}\n", name_of(options.rules)));
+    }
+    nal_unit unit;
+    std::uint64_t count = 0;
+    while (count < options.limit && units->next(unit)) {
+        const bool selected = unit.readable && options.types.test(unit.header.nal_unit_type) &&
+                              options.nal.value_or(unit.index) == unit.index;
+        if (selected) {
+            shown_progress.clear();
+            lines.write(shown(reader, unit, options.style));
+            ++count;
+        } else {
+            no_output nothing;
+            reader.read(unit, nothing);
+        }
+        faults.tell_faults(unit);
+        shown_progress.show(unit.offset);
+        if (options.nal == unit.index && unit.readable) {
+            break;
+        }
+    }
+    shown_progress.clear();
+    lines.finish();
+    return faults.status();
+}
+
+}  // namespace kovran::inspect
