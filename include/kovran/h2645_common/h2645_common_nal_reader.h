@@ -45,12 +45,19 @@ struct h2645_common_nal_reader_base {
 // Finds NAL units in a buffer, one a scan, and hands out their payloads without the emulation
 // prevention bytes. It allocates nothing and may be copied.
 //
-//     reader.scan(buffer, buffer + size);
-//     while (reader.found && !reader.need_more_data) {
-//         const std::size_t rbsp_size = reader.block_decode(rbsp, rbsp_capacity);
-//         ...
-//         reader.scan(reader.cursor, buffer + size);
+//     for (unsigned char* next = begin; next != end; next = reader.cursor) {
+//         reader.scan(next, end);
+//         if (reader.need_more_data) {
+//             break;  // what stands at cursor is not a whole unit
+//         }
+//         if (reader.found) {
+//             const std::size_t rbsp_size = reader.block_decode(rbsp, rbsp_capacity);
+//             ...
+//         }
 //     }
+//
+// A scan that finds nothing does not end a stream: it may have passed over a unit. The loop ends on
+// every input, and in every format.
 template <class Nal, class Format>
 struct h2645_common_nal_reader : h2645_common_nal_reader_base {
     Format nalfmt{};  // one of h2645_common_nalfmt
