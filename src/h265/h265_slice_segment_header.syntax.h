@@ -4,6 +4,7 @@
 #include <kovran/h265/h265_nal.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/resize.h"
 #include "h2645_common/store_lookup.h"
 #include "h2645_common/wrapping.h"
 #include "h265/h265_ref_pic_lists_modification.syntax.h"
@@ -28,6 +29,9 @@ template <class Walker, class Slice, class Sps>
         return false;
     }
     const unsigned int entries = wrapping_sum(slice.num_long_term_sps, slice.num_long_term_pics);
+    if (entries > largest_unbounded_array && !Walker::rules::can_read_long_term_pics(sps)) {
+        return false;  // before the arrays are asked for so many
+    }
     walk.grow_or_throw(entries, slice.lt_idx_sps, slice.poc_lsb_lt, slice.used_by_curr_pic_lt_flag,
                        slice.delta_poc_msb_present_flag, slice.delta_poc_msb_cycle_lt);
     if (entries != 0) {
