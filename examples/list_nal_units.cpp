@@ -15,8 +15,14 @@ int main(int argc, char** argv) {
     unsigned char* const end = stream.data() + stream.size();
 
     kovran::h265_nal_reader reader(kovran::nalfmt_annex_b);
-    for (reader.scan(stream.data(), end); reader.found; reader.scan(reader.cursor, end)) {
-        std::printf("%8td  %s\n", reader.nal_begin - stream.data(),
-                    kovran::h265_nal_unit_type_to_str(reader.nal.nal_unit_type));
+    for (unsigned char* next = stream.data(); next != end; next = reader.cursor) {
+        reader.scan(next, end);
+        if (reader.need_more_data) {
+            break;
+        }
+        if (reader.found) {
+            std::printf("%8td  %s\n", reader.nal_begin - stream.data(),
+                        kovran::h265_nal_unit_type_to_str(reader.nal.nal_unit_type));
+        }
     }
 }

@@ -68,18 +68,16 @@ int main(int argc, char** argv) {
     unsigned char* const end = stream.data() + stream.size();
 
     stream_state state;
-    std::vector<unsigned char> rbsp;
-    kovran::h265_nal_reader next(kovran::nalfmt_annex_b);
-    next.scan(stream.data(), end);
-    while (next.found) {
-        kovran::h265_nal_reader unit = next;
-        next.scan(next.cursor, end);
-        unsigned char* const unit_end = next.found ? next.frame_begin - next.zero_count : end;
-
-        rbsp.resize(static_cast<std::size_t>(unit_end - unit.payload_begin));
-        const std::size_t size = unit.block_decode(rbsp.data(), rbsp.size());
-        if (unit.nal.nuh_layer_id == 0) {
-            read_unit(state, unit.nal, {rbsp.data(), rbsp.data() + size});
+    std::vector<unsigned char> rbsp(stream.size());  // no unit is longer
+    kovran::h265_nal_reader reader(kovran::nalfmt_annex_b);
+    for (unsigned char* next = stream.data(); next != end; next = reader.cursor) {
+        reader.scan(next, end);
+        if (reader.need_more_data) {
+            break;
+        }
+        if (reader.found && reader.nal.nuh_layer_id == 0) {
+            const std::size_t size = reader.block_decode(rbsp.data(), rbsp.size());
+            read_unit(state, reader.nal, {rbsp.data(), rbsp.data() + size});
         }
     }
 }

@@ -571,7 +571,7 @@ TEST(H265NalReader, TakesNullAndReversedRangesForEmptyOnes) {
 
         reader.scan(input.end(), input.begin());
         EXPECT_TRUE(reader.need_more_data) << format;
-        EXPECT_LE(reader.cursor, reader.fence);
+        EXPECT_EQ(reader.cursor, input.end());
         expect_no_unit(reader);
 
         reader.scan(nullptr, input.end());
@@ -582,6 +582,52 @@ TEST(H265NalReader, TakesNullAndReversedRangesForEmptyOnes) {
         EXPECT_TRUE(reader.need_more_data) << format;
         expect_no_unit(reader);
     }
+}
+
+TEST(H265NalReader, ScanAnnexBByItselfForgetsTheLengthOfTheUnitBefore) {
+    const test::exact_bytes prefixed{0x04, 0x40, 0x01, 0xAA, 0xBB};
+    const test::exact_bytes input{0x00, 0x00, 0x00, 0x01, 0x42, 0x01, 0xCC, 0xDD, 0xEE};
+    h265_nal_reader reader(nalfmt_length8);
+    reader.scan(prefixed.begin(), prefixed.end());
+    ASSERT_TRUE(reader.length_known);
+
+    reader.scan_annex_b(input.begin(), input.end());
+    EXPECT_TRUE(reader.found);
+    EXPECT_FALSE(reader.length_known);
+    EXPECT_EQ(reader.nal_length, 0U);
+    EXPECT_EQ(reader.payload_length, 0U);
+    EXPECT_EQ(reader.nal.nal_unit_type, SPS_NUT);
+    EXPECT_EQ(reader.frame_begin, input.at(1));
+    EXPECT_EQ(reader.nal_begin, input.at(4));
+    EXPECT_EQ(reader.payload_begin, input.at(6));
+    EXPECT_EQ(reader.cursor, input.at(6));
+    EXPECT_EQ(reader.zero_count, 1U);
+
+    reader.rewind();
+    EXPECT_EQ(decode(reader, 20), (bytes{0xCC, 0xDD, 0xEE}));
+}
+
+TEST(H265NalReader, ScanAnnexBByItselfTakesAReversedRangeForAnEmptyOne) {
+    const test::exact_bytes input{0x00, 0x00, 0x01, 0x40, 0x01};
+    h265_nal_reader reader(nalfmt_annex_b);
+    reader.scan_annex_b(input.end(), input.begin());
+    EXPECT_EQ(reader.cursor, input.end());
+    EXPECT_TRUE(reader.need_more_data);
+    EXPECT_FALSE(reader.found);
+}
+
+// Zero bytes at the end of one range and at the beginning of the next are one run.
+TEST(H265NalReader, ScanAnnexBByItselfGoesOnCountingZeroBytes) {
+    const test::exact_bytes zeros{0x00, 0x00, 0x00, 0x00, 0x00, 0x00};
+    const test::exact_bytes input{0x00, 0x00, 0x00, 0x01, 0x40, 0x01,
+                                  0xAA, 0x00, 0x00, 0x01, 0x42, 0x01};
+    h265_nal_reader reader(nalfmt_annex_b);
+    reader.scan_annex_b(zeros.begin(), zeros.end());
+    EXPECT_EQ(reader.zero_count, 2U);  // 00 00 00 at its first two bytes
+    reader.scan_annex_b(input.begin(), input.end());
+    EXPECT_EQ(reader.zero_count, 3U);
+    reader.scan_annex_b(reader.cursor, input.end());
+    EXPECT_EQ(reader.zero_count, 0U);
 }
 
 TEST(H265NalReader, AbortsOnAnUnknownFormat) {

@@ -75,6 +75,26 @@ TEST(ShortBuffers, AreScannedAsByteByByte) {
     }
 }
 
+// By readers that have looked at the buffer in another format, and then by ones that have searched
+// it.
+TEST(ShortBuffers, AreSearchedForStartCodesAsByteByByte) {
+    reader_pair readers(nalfmt_length8);
+    expect_of_every_buffer(longest_buffer, [&](const exact_bytes& buffer) {
+        readers.scan(buffer.begin(), buffer.end());
+        unsigned char* from = buffer.begin();
+        for (int i = 0; i < 2; ++i) {
+            readers.fast.scan_annex_b(from, buffer.end());
+            readers.plain.scan_annex_b(from, buffer.end());
+            if (test::reader_fields(readers.fast, buffer.begin()) !=
+                test::reader_fields(readers.plain, buffer.begin())) {
+                return false;
+            }
+            from = readers.plain.cursor;
+        }
+        return true;
+    });
+}
+
 // ---- Every chunking
 
 // What a host has got out of the bytes that came so far.

@@ -449,19 +449,51 @@ TEST(SliceEntryLimit, IsThatOfTheSumOfBothCounts) {
     EXPECT_TRUE(slice.lt_idx_sps.empty());
 }
 
-TEST(SliceEntryLimit, HoldsBeforeAnSpsWithoutLongTermPicturesFails) {
+// The answer is known before anything is sized, however long the arrays would be.
+TEST(SliceEntryLimit, FailsOfEveryNumberWithoutCandidatesInTheSps) {
     host stream;
     stream.sps_store.at(5).num_long_term_ref_pics_sps = 0;
-    test::bit_writer bits;
-    bits.u<1>(0).u<1>(1).ue(2).u<6>(59).ue(2).u<4>(11).u<1>(1).u<2>(1);
-    bits.ue(most_entries + 1);
-    test::rbsp input{bits.bytes()};
-    h265_slice_segment_header slice;
     const auto parse = [&](h265_slice_segment_header& record, h2645_common_bitreader& reader) {
         return stream.parse(record, reader);
     };
-    EXPECT_EQ(ending_of(slice, input.reader, parse), ending::exception);
+    for (const unsigned int num_long_term_pics :
+         {0U, 1U, most_entries, most_entries + 1, 0x7FFFFFFFU, 0xFFFFFFFEU}) {
+        test::bit_writer bits;
+        bits.u<1>(0).u<1>(1).ue(2).u<6>(59).ue(2).u<4>(11).u<1>(1).u<2>(1);
+        bits.ue(num_long_term_pics);
+        test::rbsp input{bits.bytes()};
+        h265_slice_segment_header slice;
+        const test::allocation_count memory;
+        const ending result = ending_of(slice, input.reader, parse);
+        const std::size_t allocations = memory.allocations();
+        EXPECT_EQ(result, ending::failure) << num_long_term_pics;
+        EXPECT_FALSE(slice.valid);
+        EXPECT_EQ(slice.num_long_term_pics, num_long_term_pics);
+        EXPECT_EQ(input.reader.bit_position(), bits.size());
+        if (num_long_term_pics > most_entries) {
+            EXPECT_EQ(allocations, 0U);
+        } else {
+            EXPECT_EQ(slice.lt_idx_sps.size(), num_long_term_pics);
+        }
+    }
+}
+
+// num_long_term_sps is not read then, and keeps what it was.
+TEST(SliceEntryLimit, FailsOfASumThatEarlierSlicesMakeTooLarge) {
+    host stream;
+    stream.sps_store.at(5).num_long_term_ref_pics_sps = 0;
+    const auto parse = [&](h265_slice_segment_header& record, h2645_common_bitreader& reader) {
+        return stream.parse(record, reader);
+    };
+    test::bit_writer bits;
+    bits.u<1>(0).u<1>(1).ue(2).u<6>(59).ue(2).u<4>(11).u<1>(1).u<2>(1).ue(most_entries);
+    test::rbsp input{bits.bytes()};
+    h265_slice_segment_header slice;
+    slice.num_long_term_sps = 1;
+    slice.lt_idx_sps = {7, 8};
+    EXPECT_EQ(ending_of(slice, input.reader, parse), ending::failure);
     EXPECT_FALSE(slice.valid);
+    EXPECT_EQ(slice.lt_idx_sps, (values{7, 8}));
 }
 
 TEST(SliceEntryLimit, ReachesTheCallerOfASliceFromItsLists) {

@@ -67,6 +67,9 @@ struct bytewise_reader {
     }
 
     void scan_annex_b(unsigned char* first, unsigned char* last) {
+        begin = first;
+        fence = last;
+        cursor = last;
         for (unsigned char* p = first; last - p >= 5; ++p) {
             cursor = p;
             if (p[0] == 0 && p[1] == 0) {

@@ -11,7 +11,7 @@ namespace kovran {
 // What is known of the NAL unit found last. All pointers point into the host's buffer, which the
 // reader neither owns nor writes to.
 struct h2645_common_nal_reader_base {
-    unsigned char* cursor = nullptr;         // where the next scan starts; never beyond `fence`
+    unsigned char* cursor = nullptr;         // where the next scan starts, from `begin` to `fence`
     unsigned char* begin = nullptr;          // the range of the latest scan
     unsigned char* fence = nullptr;          //
     unsigned char* nal_begin = nullptr;      // the unit, from its header on; null: no unit found
@@ -46,12 +46,19 @@ struct h2645_common_nal_reader_base {
 // Finds NAL units in a buffer, one a scan, and hands out their payloads without the emulation
 // prevention bytes. It allocates nothing and may be copied.
 //
-//     reader.scan(buffer, buffer + size);
-//     while (reader.found && !reader.need_more_data) {
-//         const std::size_t rbsp_size = reader.block_decode(rbsp, rbsp_capacity);
-//         ...
-//         reader.scan(reader.cursor, buffer + size);
+//     for (unsigned char* next = begin; next != end; next = reader.cursor) {
+//         reader.scan(next, end);
+//         if (reader.need_more_data) {
+//             break;  // what stands at cursor is not a whole unit
+//         }
+//         if (reader.found) {
+//             const std::size_t rbsp_size = reader.block_decode(rbsp, rbsp_capacity);
+//             ...
+//         }
 //     }
+//
+// A scan that finds nothing does not end a stream: it may have passed over a unit. The loop ends on
+// every input, and in every format.
 template <class Nal, class Format>
 struct h2645_common_nal_reader : h2645_common_nal_reader_base {
     Format nalfmt{};  // one of h2645_common_nalfmt
@@ -60,22 +67,21 @@ struct h2645_common_nal_reader : h2645_common_nal_reader_base {
     h2645_common_nal_reader() = default;
     explicit h2645_common_nal_reader(Format format) : nalfmt(format) {}
 
-    // Looks for the next NAL unit of [first, last). A null or a reversed range is an empty one.
+    // Looks for the next NAL unit of [first, last). A null or a reversed range is an empty one, of
+    // which `cursor` is `first`.
     //
     //  - `found`: the unit's header is in `nal`, its place in the pointers, its payload ready for
     //    block_decode. `cursor` is where to scan on.
     //  - `need_more_data`: the range ended before a whole start code or length with a header, or in
-    //  a
-    //    length-prefixed unit (then `found` is set too). Keep the bytes from `cursor` on, append
+    //    a length-prefixed unit (then `found` is set too). Keep the bytes from `cursor` on, append
     //    more and scan them again. At the end of a stream, what is left there is not a whole unit.
     //    An Annex B range of fewer than 5 bytes is not looked at, and `cursor` stands at its end:
     //    of such a range keep everything.
     //  - neither: nothing that can be used. A length-prefixed unit whose forbidden_zero_bit is 1
-    //  was
-    //    passed over, and `cursor` stands behind it, or at the end of a range that does not hold
-    //    all of it; after a length of 0 the rest of the range is given up, and `cursor` stands at
-    //    its end. Both set `gave_up`: a host that feeds a length-prefixed stream in pieces must not
-    //    go on as if the next piece began with a length. nalfmt_none finds nothing.
+    //    was passed over, and `cursor` stands behind it, or at the end of a range that holds less
+    //    than all of it; after a length of 0 the rest of the range is given up, and `cursor` stands
+    //    at its end. Both set `gave_up`: a host that feeds a length-prefixed stream in pieces must
+    //    not go on as if the next piece began with a length. nalfmt_none finds nothing.
     //
     // In Annex B a start code before a forbidden_zero_bit of 1 is no start code. A unit reaches to
     // the next start code, which only the next scan finds; the zero bytes that it counts in
@@ -85,8 +91,11 @@ struct h2645_common_nal_reader : h2645_common_nal_reader_base {
     // A format that is none of h2645_common_nalfmt aborts the process.
     KOVRAN_API void scan(unsigned char* first, unsigned char* last);
 
-    // The part of scan that looks for a start code; scan clears the fields before it and calls
-    // rewind() after it.
+    // The part of scan that looks for a start code, in any format. scan clears the fields before it
+    // and calls rewind() after it. Called by itself it sets `begin`, `fence` and `cursor`; for a
+    // unit `found` and what describes it, with `length_known` false and both lengths 0; without
+    // one `need_more_data`. Where `first` is one of the zero bytes that `zero_count` counts, it
+    // counts on.
     KOVRAN_API void scan_annex_b(unsigned char* first, unsigned char* last);
 
     // Copies up to n bytes of the payload to `out`, without the emulation prevention bytes

@@ -155,6 +155,8 @@ class h265_slice_segment_header(
         self.num_long_term_pics = r.ue("num_long_term_pics")
         count = (self.num_long_term_sps + self.num_long_term_pics) & MASK32
         if count > ENTRY_LIMIT:
+            if sps.num_long_term_ref_pics_sps == 0:
+                return False
             raise BadAlloc
         resize(self.lt_idx_sps, count, zero)
         resize(self.poc_lsb_lt, count, zero)
