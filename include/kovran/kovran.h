@@ -30,6 +30,7 @@
 #include <kovran/h265/h265_profile.h>
 #include <kovran/h265/h265_profile_tier_level.h>
 #include <kovran/h265/h265_ref_pic_lists_modification.h>
+#include <kovran/h265/h265_rules.h>
 #include <kovran/h265/h265_scaling_list_data.h>
 #include <kovran/h265/h265_slice_segment_header.h>
 #include <kovran/h265/h265_st_ref_pic_set.h>

@@ -3,11 +3,15 @@
 namespace kovran {
 namespace {
 
-std::string path_to(const h2645_common_trace& trace, unsigned int structure) {
-    if (structure >= trace.structures.size()) {
-        return {};
+// Structures stand behind the ones that they are in.
+std::string path_to(const h2645_common_trace& trace, std::size_t structure) {
+    std::string path;
+    while (structure < trace.structures.size()) {
+        const h2645_common_traced_structure& innermost = trace.structures[structure];
+        path.insert(0, to_string(innermost.name) + '.');
+        structure = innermost.parent < structure ? innermost.parent : trace.no_structure;
     }
-    return path_of(trace, trace.structures[structure]) + '.';
+    return path;
 }
 
 }  // namespace

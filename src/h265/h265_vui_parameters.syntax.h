@@ -1,44 +1,16 @@
 #ifndef KOVRAN_SRC_H265_H265_VUI_PARAMETERS_SYNTAX_H
 #define KOVRAN_SRC_H265_H265_VUI_PARAMETERS_SYNTAX_H
 
+#include <kovran/h265/h265_vui_parameters.h>
+
 #include "h2645_common/element.h"
 #include "h2645_common/value_range.h"
 #include "h265/h265_hrd_parameters.syntax.h"
 #include "h265/sps_ranges.h"
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 
 namespace kovran {
-
-struct sample_aspect_ratio {
-    unsigned short width;
-    unsigned short height;
-};
-
-// aspect_ratio_idc 0 to 16, table E.1.
-inline constexpr std::array<sample_aspect_ratio, 17> sample_aspect_ratios = {{
-    {0, 0},
-    {1, 1},
-    {12, 11},
-    {10, 11},
-    {16, 11},
-    {40, 33},
-    {24, 11},
-    {20, 11},
-    {32, 11},
-    {80, 33},
-    {18, 11},
-    {15, 11},
-    {64, 33},
-    {160, 99},
-    {4, 3},
-    {3, 2},
-    {2, 1},
-}};
-
-inline constexpr unsigned int extended_sar = 255;
 
 // vui_parameters(), clause E.2.1.
 template <class Walker, class Vui, class Sps>
@@ -49,13 +21,13 @@ template <class Walker, class Vui, class Sps>
     walk.u(1, ELEMENT(vui, aspect_ratio_info_present_flag));
     if (vui.aspect_ratio_info_present_flag) {
         walk.u(8, ELEMENT(vui, aspect_ratio_idc));
-        if (vui.aspect_ratio_idc == extended_sar) {
+        if (vui.aspect_ratio_idc == h265_extended_sar) {
             walk.set(vui.extended_sar_flag);
             walk.u(16, ELEMENT(vui, sar_width));
             walk.u(16, ELEMENT(vui, sar_height));
         } else {
-            const bool reserved = vui.aspect_ratio_idc >= sample_aspect_ratios.size();
-            const auto ratio = sample_aspect_ratios[reserved ? 0 : vui.aspect_ratio_idc];
+            const h265_sample_aspect_ratio ratio =
+                h265_sample_aspect_ratio_of(vui.aspect_ratio_idc);
             walk.rules.end_extended_sar(walk, vui);
             walk.assign(vui.sar_width, ratio.width);
             walk.assign(vui.sar_height, ratio.height);

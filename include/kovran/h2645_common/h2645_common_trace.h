@@ -24,7 +24,7 @@ struct h2645_common_traced_element {
     const char* rule = nullptr;
 
     // The structure that it stands in, in h2645_common_trace::structures, or no_structure.
-    unsigned int structure = 0;
+    unsigned int structure = 0xFFFFFFFF;
 
     bool out_of_range = false;  // the standard does not allow the value here
 };
@@ -32,8 +32,8 @@ struct h2645_common_traced_element {
 // A structure that was read within the one that was parsed.
 struct h2645_common_traced_structure {
     h2645_common_element_name name;
-    unsigned int parent = 0;        // in h2645_common_trace::structures, or no_structure
-    std::size_t first_element = 0;  // how many elements had been read before it
+    unsigned int parent = 0xFFFFFFFF;  // in h2645_common_trace::structures, or no_structure
+    std::size_t first_element = 0;     // how many elements had been read before it
 };
 
 // The elements of one structure in the order of their bits. The host owns it; a traced parse starts

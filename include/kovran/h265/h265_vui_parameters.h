@@ -86,6 +86,18 @@ struct h265_vui_parameters {
     [[nodiscard]] KOVRAN_API const char* video_format_to_str() const;
 };
 
+struct h265_sample_aspect_ratio {
+    unsigned short width = 0;
+    unsigned short height = 0;
+};
+
+// The value of aspect_ratio_idc that says that sar_width and sar_height are coded.
+constexpr unsigned char h265_extended_sar = 255;
+
+// What table E.1 has for an aspect_ratio_idc; 0 by 0 where it is unspecified, coded or reserved.
+[[nodiscard]] KOVRAN_API h265_sample_aspect_ratio
+h265_sample_aspect_ratio_of(unsigned char aspect_ratio_idc);
+
 }  // namespace kovran
 
 #endif  // KOVRAN_H265_H265_VUI_PARAMETERS_H

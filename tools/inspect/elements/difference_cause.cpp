@@ -4,32 +4,62 @@
 
 namespace kovran::inspect {
 
-difference_cause difference_causes::of(const nal_unit& unit, const unit_reader& reader,
-                                       const char* noted_rule) {
-    const auto here_or = [&](const difference_cause& earlier) {
-        return noted_rule != nullptr ? difference_cause{noted_rule, unit.index} : earlier;
-    };
-    const unit_record& record = reader.record();
-    if (const auto* const vps = std::get_if<h265_nal_vps>(&record); vps != nullptr) {
-        return vps_[vps->vps_video_parameter_set_id] = here_or({});
+difference_cause difference_causes::of_sets_used_by(const unit_reader& reader,
+                                                    const h265_fault& own_fault) const {
+    if (own_fault.kind == h265_fault_kind::parameter_set_missing) {
+        const difference_cause cause = of({own_fault.parameter_set, own_fault.parameter_set_id});
+        if (cause.rule != nullptr) {
+            return cause;
+        }
     }
+    const unit_record& record = reader.record();
     if (const auto* const sps = std::get_if<h265_nal_sps>(&record); sps != nullptr) {
-        const difference_cause cause = here_or(vps_[sps->sps_video_parameter_set_id]);
-        return sps->valid ? sps_[sps->sps_seq_parameter_set_id] = cause : cause;
+        return of({"VPS", sps->sps_video_parameter_set_id});
     }
     if (const auto* const pps = std::get_if<h265_nal_pps>(&record); pps != nullptr) {
-        if (!pps->valid) {
-            return here_or({});
-        }
-        return pps_[pps->pps_pic_parameter_set_id] = here_or(sps_[pps->pps_seq_parameter_set_id]);
+        return of_sps(reader, pps->pps_seq_parameter_set_id);
     }
     if (const auto* const slice = std::get_if<h265_slice_segment_header>(&record);
         slice != nullptr) {
-        const auto pps = pps_.find(slice->slice_pic_parameter_set_id);
-        return here_or(pps != pps_.end() ? pps->second : difference_cause{});
+        return of_pps(reader, slice->slice_pic_parameter_set_id);
     }
-    const auto sps = sps_.find(reader.active_sps_id());
-    return here_or(sps != sps_.end() ? sps->second : difference_cause{});
+    return of_sps(reader, reader.sets().sps.active_id);
+}
+
+void difference_causes::remember(const unit_reader& reader, const difference_cause& cause) {
+    const unit_record& record = reader.record();
+    if (const auto* const vps = std::get_if<h265_nal_vps>(&record); vps != nullptr) {
+        causes_[{"VPS", vps->vps_video_parameter_set_id}] = cause;
+    } else if (const auto* const sps = std::get_if<h265_nal_sps>(&record); sps != nullptr) {
+        if (sps->valid) {
+            causes_[{"SPS", sps->sps_seq_parameter_set_id}] = cause;
+        }
+    } else if (const auto* const pps = std::get_if<h265_nal_pps>(&record); pps != nullptr) {
+        if (pps->valid) {
+            causes_[{"PPS", pps->pps_pic_parameter_set_id}] = cause;
+        }
+    }
+}
+
+difference_cause difference_causes::of(const set_name& name) const {
+    const auto found = causes_.find(name);
+    return found != causes_.end() ? found->second : difference_cause{};
+}
+
+difference_cause difference_causes::of_pps(const unit_reader& reader, unsigned int id) const {
+    const difference_cause cause = of({"PPS", id});
+    const auto pps = reader.sets().pps.find(id);
+    return cause.rule != nullptr || pps == reader.sets().pps.end()
+               ? cause
+               : of_sps(reader, pps->second.pps_seq_parameter_set_id);
+}
+
+difference_cause difference_causes::of_sps(const unit_reader& reader, unsigned int id) const {
+    const difference_cause cause = of({"SPS", id});
+    const auto sps = reader.sets().sps.find(id);
+    return cause.rule != nullptr || sps == reader.sets().sps.end()
+               ? cause
+               : of({"VPS", sps->second.sps_video_parameter_set_id});
 }
 
 }  // namespace kovran::inspect

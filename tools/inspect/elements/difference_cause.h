@@ -1,11 +1,15 @@
 #ifndef KOVRAN_TOOLS_INSPECT_ELEMENTS_DIFFERENCE_CAUSE_H
 #define KOVRAN_TOOLS_INSPECT_ELEMENTS_DIFFERENCE_CAUSE_H
 
+#include <kovran/h265/h265_fault.h>
+
 #include "elements/unit_reader.h"
 #include "units/nal_unit.h"
 
 #include <cstdint>
 #include <map>
+#include <string_view>
+#include <utility>
 
 namespace kovran::inspect {
 
@@ -19,17 +23,22 @@ struct difference_cause {
 // then differ as well.
 class difference_causes {
 public:
-    // What may make readings of this unit differ: the rule that was noted in it or, where there is
-    // none, what is known of the parameter sets that it goes by. `reader` has read it.
-    [[nodiscard]] difference_cause of(const nal_unit& unit, const unit_reader& reader,
-                                      const char* noted_rule);
+    // What is known of the parameter sets that a unit goes by, which `reader` has read by the
+    // standard's rules; `own_fault` is why the library's own could not read it, if so.
+    [[nodiscard]] difference_cause of_sets_used_by(const unit_reader& reader,
+                                                   const h265_fault& own_fault) const;
+
+    // Of the parameter set that `reader` has read; nothing happens after another unit.
+    void remember(const unit_reader& reader, const difference_cause& cause);
 
 private:
-    using causes_by_id = std::map<unsigned int, difference_cause>;
+    using set_name = std::pair<std::string_view, unsigned int>;
 
-    causes_by_id vps_;
-    causes_by_id sps_;
-    causes_by_id pps_;
+    [[nodiscard]] difference_cause of(const set_name& name) const;
+    [[nodiscard]] difference_cause of_pps(const unit_reader& reader, unsigned int id) const;
+    [[nodiscard]] difference_cause of_sps(const unit_reader& reader, unsigned int id) const;
+
+    std::map<set_name, difference_cause> causes_;
 };
 
 }  // namespace kovran::inspect

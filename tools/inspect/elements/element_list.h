@@ -2,7 +2,7 @@
 #define KOVRAN_TOOLS_INSPECT_ELEMENTS_ELEMENT_LIST_H
 
 #include "elements/element_path.h"
-#include "elements/unit_reader.h"
+#include "elements/trace_sink.h"
 
 #include <cstdint>
 #include <string>
@@ -11,7 +11,7 @@
 namespace kovran::inspect {
 
 // The syntax elements of one unit in the order of their bits.
-class element_list : public stream_sink {
+class element_list : public trace_sink {
 public:
     struct entry {
         std::string path;
@@ -19,7 +19,7 @@ public:
         std::size_t bit;
         std::size_t width;
         std::int64_t value;
-        const char* noted_rule;  // as compared_rules had it when the element had been read
+        const char* rule;  // by which it is here where the standard decides otherwise, or null
 
         [[nodiscard]] bool reads_like(const entry& other) const {
             return path == other.path && bit == other.bit && width == other.width &&
@@ -29,9 +29,9 @@ public:
 
     [[nodiscard]] const std::vector<entry>& entries() const { return entries_; }
 
-    void begin_structure(const indexed_name& name) override;
+    void begin_structure(const h2645_common_element_name& name) override;
     void end_structure() override;
-    void read(const traced_element& read_element) override;
+    void read(const h265_traced_element& read_element) override;
     void begin_message(const h265_nal_sei_reader& message) override;
     void opaque_payload(const h265_nal_sei_reader&) override {}
     void end_message() override;

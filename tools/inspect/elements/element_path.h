@@ -1,9 +1,9 @@
 #ifndef KOVRAN_TOOLS_INSPECT_ELEMENTS_ELEMENT_PATH_H
 #define KOVRAN_TOOLS_INSPECT_ELEMENTS_ELEMENT_PATH_H
 
-#include "elements/trace_sink.h"
-
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kovran::inspect {
@@ -11,9 +11,10 @@ namespace kovran::inspect {
 // Where a walk stands: the names of the structures that are open, each followed by a dot.
 class element_path {
 public:
-    void open(const indexed_name& name) {
+    void open(std::string_view name) {
         lengths_.push_back(path_.size());
-        path_ += to_string(name) + '.';
+        path_ += name;
+        path_ += '.';
     }
     void close() {
         path_.resize(lengths_.back());

@@ -4,8 +4,7 @@
 namespace kovran::inspect {
 
 // What syntax structures are read by: the standard's rules or those of the library's parse().
-// `compared` reads as `own` does, and notes where the standard's rules decide otherwise.
-enum class rule_set { standard, own, compared };
+enum class rule_set { standard, own };
 
 [[nodiscard]] constexpr const char* name_of(rule_set rules) {
     return rules == rule_set::standard ? "standard" : "own";

@@ -1,8 +1,7 @@
 #include "elements/standard_tables.h"
 
 #include <kovran/h265/h265_profile.h>
-
-#include "h265/h265_vui_parameters.syntax.h"
+#include <kovran/h265/h265_vui_parameters.h>
 
 #include <cstddef>
 #include <iterator>
@@ -59,18 +58,15 @@ std::string chroma_format_name(std::int64_t chroma_format_idc) {
 }
 
 std::string aspect_ratio_name(std::int64_t aspect_ratio_idc) {
-    const auto index = static_cast<std::size_t>(aspect_ratio_idc);
-    if (index == extended_sar) {
+    if (aspect_ratio_idc == h265_extended_sar) {
         return "as sar_width and sar_height say";
     }
-    if (index == 0) {
+    if (aspect_ratio_idc == 0) {
         return "unspecified";
     }
-    if (index >= sample_aspect_ratios.size()) {
-        return "reserved";
-    }
-    return fmt::format("{}:{}", sample_aspect_ratios[index].width,
-                       sample_aspect_ratios[index].height);
+    const h265_sample_aspect_ratio ratio =
+        h265_sample_aspect_ratio_of(static_cast<unsigned char>(aspect_ratio_idc));
+    return ratio.width != 0 ? fmt::format("{}:{}", ratio.width, ratio.height) : "reserved";
 }
 
 std::string colour_primaries_name(std::int64_t value) {

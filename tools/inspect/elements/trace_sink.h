@@ -1,32 +1,14 @@
 #ifndef KOVRAN_TOOLS_INSPECT_ELEMENTS_TRACE_SINK_H
 #define KOVRAN_TOOLS_INSPECT_ELEMENTS_TRACE_SINK_H
 
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <vector>
+#include <kovran/h265/h265_fault.h>
+#include <kovran/h265/h265_nal_sei_reader.h>
+#include <kovran/h265/h265_trace.h>
 
 namespace kovran::inspect {
 
-// A name of the standard with the indices that stand behind it there: delta_poc_s0_minus1[2].
-struct indexed_name {
-    std::string name;
-    std::vector<std::size_t> indices;
-};
-
-[[nodiscard]] std::string to_string(const indexed_name& name);
-
-// A syntax element as it was read. Bits are counted from the first one after the NAL unit header,
-// without emulation prevention bytes.
-struct traced_element {
-    indexed_name name;
-    const char* descriptor = nullptr;  // as in clause 7.2, "ue(v)"
-    std::size_t bit = 0;
-    std::size_t width = 0;
-    std::int64_t value = 0;  // of extension data none, 0
-};
-
-// Takes what a tracing walk reads, in the order of the bits.
+// Takes what is read of a unit, in the order of the bits, which are counted from the first one
+// after the NAL unit header, without emulation prevention bytes.
 class trace_sink {
 public:
     trace_sink() = default;
@@ -34,10 +16,24 @@ public:
     trace_sink& operator=(const trace_sink&) = delete;
     virtual ~trace_sink() = default;
 
-    virtual void begin_structure(const indexed_name& name) = 0;
+    // False when only messages are of interest: then nothing else is told.
+    [[nodiscard]] virtual bool wants_elements() const { return true; }
+
+    virtual void begin_structure(const h2645_common_element_name& name) = 0;
     virtual void end_structure() = 0;
-    virtual void read(const traced_element& read_element) = 0;
+    virtual void read(const h265_traced_element& element) = 0;
+    // Where reading stopped, or what is wrong with what was read.
+    virtual void fault(const h265_fault& /*found*/) {}
+
+    // The reader stands on the SEI message that begins. Of the messages that no record is for, only
+    // the payload's bytes.
+    virtual void begin_message(const h265_nal_sei_reader& message) = 0;
+    virtual void opaque_payload(const h265_nal_sei_reader& message) = 0;
+    virtual void end_message() = 0;
 };
+
+// Tells a sink what a parse has listed.
+void replay(const h265_trace& trace, trace_sink& sink);
 
 }  // namespace kovran::inspect
 

@@ -1,22 +1,12 @@
 #include "elements/unit_reader.h"
 
-#include "h265/h265_nal_aud.syntax.h"
-#include "h265/h265_nal_pps.syntax.h"
-#include "h265/h265_nal_sei_active_parameter_sets.syntax.h"
-#include "h265/h265_nal_sei_buffering_period.syntax.h"
-#include "h265/h265_nal_sei_pic_timing.syntax.h"
-#include "h265/h265_nal_sps.syntax.h"
-#include "h265/h265_nal_vps.syntax.h"
-#include "h265/h265_slice_segment_header.syntax.h"
-#include "h265/reading_rules.h"
+#include <kovran/h265/h265_nal_sei_active_parameter_sets.h>
+#include <kovran/h265/h265_nal_sei_buffering_period.h>
+#include <kovran/h265/h265_nal_sei_pic_timing.h>
 
-#include "elements/compared_rules.h"
 #include "elements/sei_name.h"
-#include "elements/tracing.h"
-#include "units/type_name.h"
 
 #include <new>
-#include <utility>
 
 #include <fmt/format.h>
 
@@ -31,14 +21,35 @@ unsigned int bits_before(const unsigned char* begin, const unsigned char* place)
     return static_cast<unsigned int>(8 * (place - begin));
 }
 
+void tell_framing(const char* name, const char* descriptor, unsigned char width, unsigned int value,
+                  std::size_t bit, trace_sink& sink) {
+    h265_traced_element element;
+    element.name.name = name;
+    element.descriptor = descriptor;
+    element.first_bit = bit;
+    element.width = width;
+    element.value = value;
+    element.structure = h265_trace::no_structure;
+    sink.read(element);
+}
+
 // payloadType or payloadSize, as the elements that it is coded in, clause 7.3.5.
 void tell_byte_run(const char* last_byte, h2645_common_bitreader& reader, trace_sink& sink) {
     for (unsigned int byte = 0xFF; byte == 0xFF;) {
         const std::size_t bit = reader.bit_position();
         byte = reader.get<unsigned int>(8);
         const bool last = byte != 0xFF;
-        sink.read({{last ? last_byte : "ff_byte", {}}, last ? "u(8)" : "f(8)", bit, 8, byte});
+        tell_framing(last ? last_byte : "ff_byte", last ? "u(8)" : "f(8)", 8, byte, bit, sink);
     }
+}
+
+void tell_trailing_bits(h2645_common_bitreader reader, trace_sink& sink) {
+    const char* name = "rbsp_stop_one_bit";
+    do {
+        const std::size_t bit = reader.bit_position();
+        tell_framing(name, "f(1)", 1, reader.get<unsigned int>(1), bit, sink);
+        name = "rbsp_alignment_zero_bit";
+    } while (reader.bits_to_byte_boundary() != 0);
 }
 
 // The coded slice segments of table 7-1; the types between and above them are reserved.
@@ -46,157 +57,152 @@ bool is_slice(h265_nal_unit_type type) {
     return type <= RASL_R || (type >= BLA_W_LP && type <= CRA_NUT);
 }
 
-template <class Record>
-bool lacks(const h2645_common_base_store<Record>& store, unsigned int id) {
-    return !store.contains(id);
-}
-
 }  // namespace
 
-void unit_reader::read(nal_unit& unit, stream_sink& sink) {
+void unit_reader::read(nal_unit& unit, trace_sink& sink) {
     record_ = {};
-    if (!unit.readable || unit.header.nuh_layer_id != 0) {
-        return;
-    }
-    rbsp_.decode(unit);
-    switch (rules_) {
-        case rule_set::standard:
-            read_by<standard_rules>(unit, sink);
-            break;
-        case rule_set::own:
-            read_by<own_rules>(unit, sink);
-            break;
-        case rule_set::compared:
-            read_by<compared_rules>(unit, sink);
-            break;
+    fault_ = {};
+    if (unit.readable && unit.header.nuh_layer_id == 0) {
+        rbsp_.decode(unit);
+        read_unit(unit, sink);
     }
 }
 
-template <class Rules>
-void unit_reader::read_by(nal_unit& unit, stream_sink& sink) {
+void unit_reader::read_by_sets_of(unit_reader& other, nal_unit& unit, trace_sink& sink) {
+    sets_ = &other.own_sets_;
+    keeps_sets_ = false;
+    read(unit, sink);
+    sets_ = &own_sets_;
+    keeps_sets_ = true;
+}
+
+void unit_reader::read_unit(nal_unit& unit, trace_sink& sink) {
     switch (unit.header.nal_unit_type) {
         case VPS_NUT:
-            read_vps<Rules>(unit, sink);
+            read_vps(unit, sink);
             break;
         case SPS_NUT:
-            read_sps<Rules>(unit, sink);
+            read_sps(unit, sink);
             break;
         case PPS_NUT:
-            read_pps<Rules>(unit, sink);
+            read_pps(unit, sink);
             break;
         case AUD_NUT:
-            read_aud<Rules>(unit, sink);
+            read_aud(unit, sink);
             break;
         case PREFIX_SEI_NUT:
         case SUFFIX_SEI_NUT:
-            read_sei<Rules>(unit, sink);
+            read_sei(unit, sink);
             break;
         default:
             if (is_slice(unit.header.nal_unit_type)) {
-                read_slice<Rules>(unit, sink);
+                read_slice(unit, sink);
             }
             break;
     }
 }
 
+template <class Record, class... Context>
+bool unit_reader::parse(Record& record, h2645_common_bitreader reader, trace_sink& sink,
+                        Context&... context) {
+    if (rules_ == rule_set::standard && !sink.wants_elements()) {
+        return record.parse_standard(reader, context..., &fault_);
+    }
+    const bool read = rules_ == rule_set::standard
+                          ? record.parse_standard(reader, context..., trace_, &fault_)
+                          : record.parse(reader, context..., trace_, &fault_);
+    if (sink.wants_elements()) {
+        replay(trace_, sink);
+        if (fault_.kind != h265_fault_kind::none) {
+            sink.fault(fault_);
+        }
+    }
+    return read;
+}
+
 // Each record is parsed afresh and goes into its store only when all of it could be read: a broken
 // repetition of a parameter set leaves the good one in force.
 
-template <class Rules>
-void unit_reader::read_vps(nal_unit& unit, stream_sink& sink) {
+void unit_reader::read_vps(nal_unit& unit, trace_sink& sink) {
     auto& vps = record_.emplace<h265_nal_vps>();
-    h2645_common_bitreader reader = rbsp_.reader();
-    tracing<Rules> walk(reader, sink);
-    if (video_parameter_set_rbsp(walk, vps)) {
-        vps_store_[vps.vps_video_parameter_set_id] = vps;
-    } else {
-        unit.faults.emplace_back("the VPS cannot be read");
+    if (!parse(vps, rbsp_.reader(), sink)) {
+        unit.faults.push_back("the VPS cannot be read: " + why("VPS"));
+        remember_lost("VPS", vps.vps_video_parameter_set_id, unit);
+        return;
+    }
+    add_trailing_bits_fault(unit, "VPS");
+    if (keeps_sets_) {
+        sets_->vps[vps.vps_video_parameter_set_id] = vps;
     }
 }
 
-template <class Rules>
-void unit_reader::read_sps(nal_unit& unit, stream_sink& sink) {
+void unit_reader::read_sps(nal_unit& unit, trace_sink& sink) {
     auto& sps = record_.emplace<h265_nal_sps>();
-    h2645_common_bitreader reader = rbsp_.reader();
-    tracing<Rules> walk(reader, sink);
-    const bool read = seq_parameter_set_rbsp(walk, sps, vps_store_);
-    if (read && sps.sps_seq_parameter_set_id > highest_sps_id) {
+    if (!parse(sps, rbsp_.reader(), sink, sets_->vps)) {
+        unit.faults.push_back("the SPS cannot be read: " + why("SPS"));
+        remember_lost("SPS", sps.sps_seq_parameter_set_id, unit);
+        return;
+    }
+    add_trailing_bits_fault(unit, "SPS");
+    if (sps.sps_seq_parameter_set_id > highest_sps_id) {
         unit.faults.push_back(fmt::format("SPS {} has an identifier above {}",
                                           sps.sps_seq_parameter_set_id, highest_sps_id));
-    } else if (read) {
-        sps_store_[sps.sps_seq_parameter_set_id] = sps;
-        if (sps_store_.active_id == sps_store_.no_id) {
-            sps_store_.active_id = sps.sps_seq_parameter_set_id;
+    } else if (keeps_sets_) {
+        sets_->sps[sps.sps_seq_parameter_set_id] = sps;
+        if (sets_->sps.active_id == sets_->sps.no_id) {
+            sets_->sps.active_id = sps.sps_seq_parameter_set_id;
         }
-    } else if (lacks(vps_store_, sps.sps_video_parameter_set_id)) {
-        unit.faults.push_back(fmt::format("the SPS needs VPS {}, which is not there",
-                                          sps.sps_video_parameter_set_id));
-    } else {
-        unit.faults.emplace_back("the SPS cannot be read");
     }
 }
 
-template <class Rules>
-void unit_reader::read_pps(nal_unit& unit, stream_sink& sink) {
+void unit_reader::read_pps(nal_unit& unit, trace_sink& sink) {
     auto& pps = record_.emplace<h265_nal_pps>();
-    h2645_common_bitreader reader = rbsp_.reader();
-    tracing<Rules> walk(reader, sink);
-    const bool read = pic_parameter_set_rbsp(walk, pps, sps_store_);
-    if (read && pps.pps_pic_parameter_set_id > highest_pps_id) {
+    if (!parse(pps, rbsp_.reader(), sink, sets_->sps)) {
+        unit.faults.push_back("the PPS cannot be read: " + why("PPS"));
+        remember_lost("PPS", pps.pps_pic_parameter_set_id, unit);
+        return;
+    }
+    add_trailing_bits_fault(unit, "PPS");
+    if (pps.pps_pic_parameter_set_id > highest_pps_id) {
         unit.faults.push_back(fmt::format("PPS {} has an identifier above {}",
                                           pps.pps_pic_parameter_set_id, highest_pps_id));
-    } else if (read) {
-        pps_store_[pps.pps_pic_parameter_set_id] = pps;
-    } else if (lacks(sps_store_, pps.pps_seq_parameter_set_id)) {
-        unit.faults.push_back(
-            fmt::format("the PPS needs SPS {}, which is not there", pps.pps_seq_parameter_set_id));
-    } else {
-        unit.faults.emplace_back("the PPS cannot be read");
+    } else if (keeps_sets_) {
+        sets_->pps[pps.pps_pic_parameter_set_id] = pps;
     }
 }
 
-template <class Rules>
-void unit_reader::read_aud(nal_unit& unit, stream_sink& sink) {
-    auto& aud = record_.emplace<h265_nal_aud>();
-    h2645_common_bitreader reader = rbsp_.reader();
-    tracing<Rules> walk(reader, sink);
-    aud.valid = access_unit_delimiter_rbsp(walk, aud);
-    if (!aud.valid) {
-        unit.faults.emplace_back("the access unit delimiter cannot be read");
+void unit_reader::read_aud(nal_unit& unit, trace_sink& sink) {
+    if (!parse(record_.emplace<h265_nal_aud>(), rbsp_.reader(), sink)) {
+        unit.faults.push_back("the access unit delimiter cannot be read: " + why("delimiter"));
     }
 }
 
-template <class Rules>
-void unit_reader::read_slice(nal_unit& unit, stream_sink& sink) {
+void unit_reader::read_slice(nal_unit& unit, trace_sink& sink) {
     auto& slice = record_.emplace<h265_slice_segment_header>();
-    h2645_common_bitreader reader = rbsp_.reader();
-    tracing<Rules> walk(reader, sink);
     bool read = false;
     try {
-        read = slice_segment_header(walk, slice, pps_store_, sps_store_, vps_store_,
-                                    unit.header.nal_unit_type);
+        read = parse(slice, rbsp_.reader(), sink, sets_->pps, sets_->sps, sets_->vps,
+                     unit.header.nal_unit_type);
     } catch (const std::bad_alloc&) {
         unit.faults.emplace_back("the slice segment header asks for more memory than there is");
         return;
     }
-    if (read) {
-        const h265_nal_pps& pps = pps_store_.at(slice.slice_pic_parameter_set_id);
-        sps_store_.active_id = pps.pps_seq_parameter_set_id;
-    } else if (lacks(pps_store_, slice.slice_pic_parameter_set_id)) {
-        unit.faults.push_back(fmt::format("the slice segment needs PPS {}, which is not there",
-                                          slice.slice_pic_parameter_set_id));
-    } else {
-        unit.faults.emplace_back("the slice segment header cannot be read");
+    if (!read) {
+        const bool lacks_set = fault_.kind == h265_fault_kind::parameter_set_missing;
+        unit.faults.push_back((lacks_set ? "" : "the slice segment header cannot be read: ") +
+                              why("slice"));
+    } else if (keeps_sets_) {
+        const h265_nal_pps& pps = sets_->pps.at(slice.slice_pic_parameter_set_id);
+        sets_->sps.active_id = pps.pps_seq_parameter_set_id;
     }
 }
 
-template <class Rules>
-void unit_reader::read_sei(nal_unit& unit, stream_sink& sink) {
+void unit_reader::read_sei(nal_unit& unit, trace_sink& sink) {
     rbsp_.strip_trailing_zero_bytes();
     h265_nal_sei_reader messages(rbsp_.begin(), rbsp_.end(), unit.header.nal_unit_type);
     while (messages.next_message()) {
         sink.begin_message(messages);
-        read_message<Rules>(unit, messages, sink);
+        read_message(unit, messages, sink);
         sink.end_message();
     }
     constexpr unsigned int cut_off = 0xFFFFFFFF;
@@ -207,59 +213,93 @@ void unit_reader::read_sei(nal_unit& unit, stream_sink& sink) {
     }
     h2645_common_bitreader reader = rbsp_.reader();
     reader.skip(bits_before(rbsp_.begin(), messages.payload_end));
-    if (!tracing<Rules>(reader, sink).rbsp_trailing_bits()) {
+    if (sink.wants_elements()) {
+        tell_trailing_bits(reader, sink);
+    }
+    if (!h2645_common_skip_rbsp_trailing_bits(reader)) {
         unit.faults.emplace_back("the SEI messages do not end in trailing bits");
     }
 }
 
-template <class Rules>
 void unit_reader::read_message(nal_unit& unit, const h265_nal_sei_reader& message,
-                               stream_sink& sink) {
+                               trace_sink& sink) {
     h2645_common_bitreader reader(rbsp_.begin(), message.payload_begin);
     reader.skip(bits_before(rbsp_.begin(), message.message_begin));
-    tell_byte_run("last_payload_type_byte", reader, sink);
-    tell_byte_run("last_payload_size_byte", reader, sink);
-
-    const std::string name = sei_name(message);
-    if (message.truncated) {
-        unit.faults.push_back(
-            fmt::format("SEI message {} is cut off: {} bytes, of which {} are there", name,
-                        message.payload_size, message.payload_end - message.payload_begin));
+    if (sink.wants_elements()) {
+        tell_byte_run("last_payload_type_byte", reader, sink);
+        tell_byte_run("last_payload_size_byte", reader, sink);
     }
-    if (!read_payload<Rules>(message, sink)) {
-        unit.faults.push_back(fmt::format("SEI message {} cannot be read", name));
+    if (message.truncated) {
+        unit.faults.push_back(fmt::format(
+            "SEI message {} is cut off: {} bytes, of which {} are there", sei_name(message),
+            message.payload_size, message.payload_end - message.payload_begin));
+    }
+    if (!read_payload(message, sink)) {
+        unit.faults.push_back(
+            fmt::format("SEI message {} cannot be read: {}", sei_name(message), why("message")));
     }
 }
 
-template <class Rules>
-bool unit_reader::read_payload(const h265_nal_sei_reader& message, stream_sink& sink) {
+bool unit_reader::read_payload(const h265_nal_sei_reader& message, trace_sink& sink) {
     h2645_common_bitreader reader(rbsp_.begin(), message.payload_end);
     reader.skip(bits_before(rbsp_.begin(), message.payload_begin));
-    tracing<Rules> walk(reader, sink);
+    const auto activate = [this](unsigned int id) {
+        if (keeps_sets_) {
+            sets_->sps.active_id = id;
+        }
+    };
     const bool prefix = message.nal_unit_type == PREFIX_SEI_NUT;
     if (prefix && message.payload_type == h265_nal_sei_payload_type_prefix_buffering_period) {
         h265_nal_sei_buffering_period period;
-        const bool read = buffering_period(walk, period, sps_store_);
+        const bool read = parse(period, reader, sink, sets_->sps);
         if (read) {
-            sps_store_.active_id = period.bp_seq_parameter_set_id;
+            activate(period.bp_seq_parameter_set_id);
         }
         return read;
     }
     if (prefix && message.payload_type == h265_nal_sei_payload_type_prefix_pic_timing) {
         h265_nal_sei_pic_timing timing;
-        const auto sps = sps_store_.find(sps_store_.active_id);
-        return sps != sps_store_.end() && pic_timing(walk, timing, sps->second);
+        return parse(timing, reader, sink, sets_->sps);
     }
     if (prefix && message.payload_type == h265_nal_sei_payload_type_prefix_active_parameter_sets) {
         h265_nal_sei_active_parameter_sets active;
-        const bool read = active_parameter_sets(walk, active, vps_store_);
+        const bool read = parse(active, reader, sink, sets_->vps);
         if (read) {
-            sps_store_.active_id = active.active_seq_parameter_set_id.front();
+            activate(active.active_seq_parameter_set_id.front());
         }
         return read;
     }
     sink.opaque_payload(message);
     return true;
+}
+
+// The latest fault, of what is called `user` in it.
+std::string unit_reader::why(std::string_view user) const {
+    if (fault_.kind != h265_fault_kind::parameter_set_missing) {
+        return to_string(fault_);
+    }
+    if (fault_.parameter_set_id == sets_->sps.no_id) {
+        return fmt::format("no {} is active", fault_.parameter_set);
+    }
+    std::string text = fmt::format("{} {}, which this {} uses, is missing", fault_.parameter_set,
+                                   fault_.parameter_set_id, user);
+    const auto lost = lost_.find({fault_.parameter_set, fault_.parameter_set_id});
+    if (lost != lost_.end()) {
+        text += fmt::format(": its unit {} could not be read", lost->second);
+    }
+    return text;
+}
+
+void unit_reader::add_trailing_bits_fault(nal_unit& unit, std::string_view what) const {
+    if (fault_.kind != h265_fault_kind::none) {
+        unit.faults.push_back(fmt::format("the {} was read, but {}", what, to_string(fault_)));
+    }
+}
+
+void unit_reader::remember_lost(const char* parameter_set, unsigned int id, const nal_unit& unit) {
+    if (keeps_sets_ && id <= highest_pps_id) {
+        lost_[{parameter_set, id}] = unit.index;
+    }
 }
 
 }  // namespace kovran::inspect

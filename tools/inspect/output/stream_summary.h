@@ -18,7 +18,7 @@
 namespace kovran::inspect {
 
 // What is told of a whole stream, gathered unit by unit.
-class stream_summary : public stream_sink {
+class stream_summary : public trace_sink {
 public:
     explicit stream_summary(rule_set rules) : rules_(rules) {}
 
@@ -28,9 +28,10 @@ public:
     // One screen of it.
     [[nodiscard]] std::string text() const;
 
-    void begin_structure(const indexed_name&) override {}
+    [[nodiscard]] bool wants_elements() const override { return false; }
+    void begin_structure(const h2645_common_element_name&) override {}
     void end_structure() override {}
-    void read(const traced_element&) override {}
+    void read(const h265_traced_element&) override {}
     void begin_message(const h265_nal_sei_reader& message) override;
     void opaque_payload(const h265_nal_sei_reader&) override {}
     void end_message() override {}

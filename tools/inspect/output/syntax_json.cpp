@@ -6,7 +6,7 @@
 
 namespace kovran::inspect {
 
-void syntax_json::begin_structure(const indexed_name& name) {
+void syntax_json::begin_structure(const h2645_common_element_name& name) {
     nlohmann::ordered_json& structure = at(name);
     if (structure.is_null()) {
         structure = nlohmann::ordered_json::object();
@@ -18,7 +18,7 @@ void syntax_json::end_structure() {
     open_.pop_back();
 }
 
-void syntax_json::read(const traced_element& read_element) {
+void syntax_json::read(const h265_traced_element& read_element) {
     if (!is_framing(read_element) && !is_extension_data(read_element)) {
         at(read_element.name) = read_element.value;
     }
@@ -41,10 +41,10 @@ void syntax_json::end_message() {
     open_.pop_back();
 }
 
-nlohmann::ordered_json& syntax_json::at(const indexed_name& name) {
-    nlohmann::ordered_json* place = &(*open_.back())[name.name];
-    for (const std::size_t index : name.indices) {
-        place = &(*place)[index];
+nlohmann::ordered_json& syntax_json::at(const h2645_common_element_name& name) {
+    nlohmann::ordered_json* place = &(*open_.back())[std::string(name.prefix) + name.name];
+    for (unsigned int i = 0; i < name.index_count; ++i) {
+        place = &(*place)[name.indices[i]];
     }
     return *place;
 }

@@ -1,8 +1,9 @@
 #ifndef KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_JSON_H
 #define KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_JSON_H
 
-#include "elements/unit_reader.h"
+#include "elements/trace_sink.h"
 
+#include <string>
 #include <vector>
 
 #include <nlohmann/json.hpp>
@@ -11,21 +12,21 @@ namespace kovran::inspect {
 
 // The syntax elements of a unit as JSON: structures are objects, indexed elements and structures
 // arrays, all values numbers. Entries of an array that are not in the stream are null.
-class syntax_json : public stream_sink {
+class syntax_json : public trace_sink {
 public:
     syntax_json() { open_.push_back(&root_); }
 
     [[nodiscard]] const nlohmann::ordered_json& root() const { return root_; }
 
-    void begin_structure(const indexed_name& name) override;
+    void begin_structure(const h2645_common_element_name& name) override;
     void end_structure() override;
-    void read(const traced_element& read_element) override;
+    void read(const h265_traced_element& read_element) override;
     void begin_message(const h265_nal_sei_reader& message) override;
     void opaque_payload(const h265_nal_sei_reader& message) override;
     void end_message() override;
 
 private:
-    [[nodiscard]] nlohmann::ordered_json& at(const indexed_name& name);
+    [[nodiscard]] nlohmann::ordered_json& at(const h2645_common_element_name& name);
 
     nlohmann::ordered_json root_ = nlohmann::ordered_json::object();
     std::vector<nlohmann::ordered_json*> open_;  // from the root to the structure that is walked

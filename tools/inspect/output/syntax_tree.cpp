@@ -5,6 +5,7 @@
 #include "output/hexadecimal.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 
 #include <fmt/format.h>
@@ -13,11 +14,17 @@ namespace kovran::inspect {
 
 namespace {
 
+unsigned int innermost_index(const h2645_common_element_name& name) {
+    return name.index_count != 0 ? name.indices[name.index_count - 1] : 0;
+}
+
 // Whether `next` is the entry with the given innermost index of the array that `first` belongs to.
-bool continues(const indexed_name& first, std::size_t innermost, const indexed_name& next) {
-    return !next.indices.empty() && next.indices.back() == innermost && next.name == first.name &&
-           next.indices.size() == first.indices.size() &&
-           std::equal(first.indices.begin(), first.indices.end() - 1, next.indices.begin());
+bool continues(const h2645_common_element_name& first, unsigned int innermost,
+               const h2645_common_element_name& next) {
+    const auto outer = first.indices.begin() + static_cast<std::ptrdiff_t>(first.index_count) - 1;
+    return next.index_count != 0 && innermost_index(next) == innermost &&
+           next.index_count == first.index_count && std::string_view(next.name) == first.name &&
+           std::equal(first.indices.begin(), outer, next.indices.begin());
 }
 
 }  // namespace
@@ -27,7 +34,7 @@ const std::string& syntax_tree::text() {
     return text_;
 }
 
-void syntax_tree::begin_structure(const indexed_name& name) {
+void syntax_tree::begin_structure(const h2645_common_element_name& name) {
     end_run();
     line(to_string(name), {});
     ++depth_;
@@ -38,7 +45,7 @@ void syntax_tree::end_structure() {
     --depth_;
 }
 
-void syntax_tree::read(const traced_element& read_element) {
+void syntax_tree::read(const h265_traced_element& read_element) {
     if (is_framing(read_element)) {
         return;
     }
@@ -47,7 +54,8 @@ void syntax_tree::read(const traced_element& read_element) {
         line(to_string(read_element.name), {}, fmt::format("{} bits", read_element.width));
         return;
     }
-    if (!run_values_.empty() && continues(run_begin_, run_end_, read_element.name)) {
+    if (!run_values_.empty() && !read_element.out_of_range && !run_is_out_of_range_ &&
+        continues(run_begin_, run_end_, read_element.name)) {
         run_values_ += fmt::format(" {}", read_element.value);
         run_meaning_.clear();
         ++run_end_;
@@ -55,9 +63,15 @@ void syntax_tree::read(const traced_element& read_element) {
     }
     end_run();
     run_begin_ = read_element.name;
-    run_end_ = run_begin_.indices.empty() ? 0 : run_begin_.indices.back() + 1;
+    run_end_ = run_begin_.index_count == 0 ? 0 : innermost_index(run_begin_) + 1;
+    run_is_out_of_range_ = read_element.out_of_range;
     run_values_ = fmt::format("{}", read_element.value);
-    run_meaning_ = meaning_of(read_element);
+    run_meaning_ = read_element.out_of_range ? "not allowed here" : meaning_of(read_element);
+}
+
+void syntax_tree::fault(const h265_fault& found) {
+    end_run();
+    line("fault: " + kovran::to_string(found), {});
 }
 
 void syntax_tree::begin_message(const h265_nal_sei_reader& message) {
@@ -80,7 +94,7 @@ void syntax_tree::end_run() {
         return;
     }
     std::string name = to_string(run_begin_);
-    if (!run_begin_.indices.empty() && run_end_ != run_begin_.indices.back() + 1) {
+    if (run_begin_.index_count != 0 && run_end_ != innermost_index(run_begin_) + 1) {
         name.insert(name.size() - 1, fmt::format("..{}", run_end_ - 1));
     }
     line(name, run_values_, run_meaning_);

@@ -1,7 +1,7 @@
 #ifndef KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_TREE_H
 #define KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_TREE_H
 
-#include "elements/unit_reader.h"
+#include "elements/trace_sink.h"
 
 #include <cstddef>
 #include <string>
@@ -11,13 +11,14 @@ namespace kovran::inspect {
 
 // The syntax elements of a unit as an indented tree of names, values and, where a table of the
 // standard has one, their meaning.
-class syntax_tree : public stream_sink {
+class syntax_tree : public trace_sink {
 public:
     [[nodiscard]] const std::string& text();
 
-    void begin_structure(const indexed_name& name) override;
+    void begin_structure(const h2645_common_element_name& name) override;
     void end_structure() override;
-    void read(const traced_element& read_element) override;
+    void read(const h265_traced_element& read_element) override;
+    void fault(const h265_fault& found) override;
     void begin_message(const h265_nal_sei_reader& message) override;
     void opaque_payload(const h265_nal_sei_reader& message) override;
     void end_message() override;
@@ -30,8 +31,9 @@ private:
     std::size_t depth_ = 1;
 
     // Entries of one array that are not yet on a line; none when the values are empty.
-    indexed_name run_begin_;
-    std::size_t run_end_ = 0;  // the innermost index behind the last one
+    h2645_common_element_name run_begin_;
+    unsigned int run_end_ = 0;  // the innermost index behind the last one
+    bool run_is_out_of_range_ = false;
     std::string run_values_;
     std::string run_meaning_;  // of a run of one
 };

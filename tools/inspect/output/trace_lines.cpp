@@ -15,24 +15,24 @@ constexpr const char* line = "{:>12}  {:>8}  {:>5}  {:<58}  {:<6}  {}\n";
 
 }  // namespace
 
-void trace_lines::begin_structure(const indexed_name& name) {
-    path_.open(name);
+void trace_lines::begin_structure(const h2645_common_element_name& name) {
+    path_.open(to_string(name));
 }
 
 void trace_lines::end_structure() {
     path_.close();
 }
 
-void trace_lines::read(const traced_element& read_element) {
+void trace_lines::read(const h265_traced_element& read_element) {
     const std::string value =
         is_extension_data(read_element) ? "not read" : fmt::format("{}", read_element.value);
-    fmt::format_to(std::back_inserter(text_), line, place(read_element.bit), read_element.bit,
-                   read_element.width, path_.to(to_string(read_element.name)),
-                   read_element.descriptor, value);
+    fmt::format_to(std::back_inserter(text_), line, place(read_element.first_bit),
+                   read_element.first_bit, read_element.width,
+                   path_.to(to_string(read_element.name)), read_element.descriptor, value);
 }
 
 void trace_lines::begin_message(const h265_nal_sei_reader& message) {
-    begin_structure({sei_name(message), {}});
+    path_.open(sei_name(message));
 }
 
 void trace_lines::opaque_payload(const h265_nal_sei_reader& message) {

@@ -3,7 +3,7 @@
 
 #include "elements/element_path.h"
 #include "elements/rbsp.h"
-#include "elements/unit_reader.h"
+#include "elements/trace_sink.h"
 
 #include <string>
 
@@ -11,16 +11,16 @@ namespace kovran::inspect {
 
 // A line for each syntax element: where its first bit stands in the file as byte.bit (bit 0 is the
 // highest), where in the RBSP, its width, path, descriptor and value.
-class trace_lines : public stream_sink {
+class trace_lines : public trace_sink {
 public:
     // `payload` is that of the unit that is walked.
     explicit trace_lines(rbsp& payload) : payload_(payload) {}
 
     [[nodiscard]] const std::string& text() const { return text_; }
 
-    void begin_structure(const indexed_name& name) override;
+    void begin_structure(const h2645_common_element_name& name) override;
     void end_structure() override;
-    void read(const traced_element& read_element) override;
+    void read(const h265_traced_element& read_element) override;
     void begin_message(const h265_nal_sei_reader& message) override;
     void opaque_payload(const h265_nal_sei_reader& message) override;
     void end_message() override;

@@ -152,6 +152,7 @@ CLI::App& add_differences(CLI::App& program, differences_options& options) {
         "differences",
         "Show which NAL units the library's own rules read otherwise than the standard's");
     add_stream(verb, options.file, options.format);
+    verb.add_flag("--all", options.all, "Show the units as well, after the summary by rule");
     return verb;
 }
 

@@ -1,40 +1,66 @@
 #include "verbs/show_differences.h"
 
-#include "elements/compared_rules.h"
 #include "elements/difference_cause.h"
 #include "elements/element_list.h"
 #include "elements/unit_reader.h"
+#include "output/difference_summary.h"
 #include "output/output.h"
 #include "output/progress.h"
 #include "output/report.h"
+#include "output/spool.h"
 #include "units/nal_walk.h"
 #include "units/open_stream.h"
 #include "units/type_name.h"
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include <fmt/format.h>
 
 namespace kovran::inspect {
 namespace {
 
-// A unit in one of the two readings.
+// A unit in one of the readings.
 struct reading_of_unit {
     nal_unit unit;
     element_list elements;
+    h265_fault fault;
 
-    reading_of_unit(unit_reader& reader, nal_unit read) : unit(std::move(read)) {
-        reader.read(unit, elements);
+    explicit reading_of_unit(nal_unit read) : unit(std::move(read)) {}
+
+    [[nodiscard]] const std::vector<element_list::entry>& entries() const {
+        return elements.entries();
     }
 };
+
+bool same(const reading_of_unit& a, const reading_of_unit& b, std::size_t first) {
+    return first == a.entries().size() && first == b.entries().size() &&
+           a.unit.faults == b.unit.faults;
+}
+
+std::size_t first_difference(const reading_of_unit& a, const reading_of_unit& b) {
+    const auto mismatch = std::mismatch(
+        a.entries().begin(), a.entries().end(), b.entries().begin(), b.entries().end(),
+        [](const auto& one, const auto& other) { return one.reads_like(other); });
+    return static_cast<std::size_t>(mismatch.first - a.entries().begin());
+}
+
+// The rule that decided on an element, or on the end of the list: the latest one up to there, as
+// some change what stands further on.
+const char* rule_at(const reading_of_unit& reading, std::size_t element) {
+    std::size_t i = std::min(element + 1, reading.entries().size());
+    while (i > 0 && reading.entries()[i - 1].rule == nullptr) {
+        --i;
+    }
+    return i > 0 ? reading.entries()[i - 1].rule : nullptr;
+}
 
 // The first element that differs, or what there is in its place.
 std::string shown(const reading_of_unit& reading, rule_set rules, std::size_t first) {
     std::string text = fmt::format("  {:<8}", name_of(rules));
-    const auto& entries = reading.elements.entries();
-    if (first < entries.size()) {
-        const auto& each = entries[first];
+    if (first < reading.entries().size()) {
+        const auto& each = reading.entries()[first];
         return text + fmt::format("  {:>8}  {:>5}  {:<58}  {:<6}  {}\n", each.bit, each.width,
                                   each.path, each.descriptor, each.value);
     }
@@ -54,6 +80,55 @@ std::string shown(const difference_cause& cause, const nal_unit& unit) {
                : fmt::format("  rule      {}, in unit {}\n", cause.rule, cause.unit);
 }
 
+// Reads each unit three times: by the standard's rules, by the library's own, and by the library's
+// own with the parameter sets that the standard's rules have given. Where only the second differs
+// from the first, a parameter set is the cause.
+class comparison {
+public:
+    comparison() : standard_(rule_set::standard), own_(rule_set::own) {}
+
+    struct result {
+        bool differs = false;
+        difference_cause cause;
+        std::string text;
+    };
+
+    result compare(const nal_unit& unit, std::vector<std::string>& standard_faults) {
+        reading_of_unit by_rules_alone(unit);
+        own_.read_by_sets_of(standard_, by_rules_alone.unit, by_rules_alone.elements);
+        reading_of_unit by_standard(unit);
+        standard_.read(by_standard.unit, by_standard.elements);
+        reading_of_unit by_own(unit);
+        own_.read(by_own.unit, by_own.elements);
+        by_own.fault = own_.fault();
+        standard_faults = by_standard.unit.faults;
+
+        result found;
+        const std::size_t first = first_difference(by_standard, by_own);
+        const std::size_t here = first_difference(by_standard, by_rules_alone);
+        found.differs = !same(by_standard, by_own, first);
+        const bool is_cause = !same(by_standard, by_rules_alone, here) && here <= first;
+        const difference_cause own_rule = {
+            rule_at(by_rules_alone, is_cause ? here : by_rules_alone.entries().size()), unit.index};
+        if (found.differs) {
+            found.cause = is_cause ? own_rule : causes_.of_sets_used_by(standard_, by_own.fault);
+            found.text =
+                fmt::format("{}: {}\n", place_of(unit), type_name(unit.header.nal_unit_type)) +
+                shown(by_standard, rule_set::standard, first) +
+                shown(by_own, rule_set::own, first) + shown(found.cause, unit);
+        }
+        // A rule may change what a parameter set means without changing how its bits are read.
+        causes_.remember(standard_,
+                         found.differs || own_rule.rule == nullptr ? found.cause : own_rule);
+        return found;
+    }
+
+private:
+    unit_reader standard_;
+    unit_reader own_;
+    difference_causes causes_;
+};
+
 }  // namespace
 
 exit_status show_differences(const differences_options& options) {
@@ -63,42 +138,29 @@ exit_status show_differences(const differences_options& options) {
     progress shown_progress(*stream);
     report faults(stream->file().name(), lines, shown_progress);
 
-    unit_reader standard(rule_set::standard);
-    unit_reader own(rule_set::compared);
-    difference_causes causes;
-    std::uint64_t count = 0;
-    std::uint64_t different = 0;
+    comparison readings;
+    difference_summary summary;
+    spool shown_units;
     nal_unit unit;
     while (units->next(unit)) {
-        count += unit.readable ? 1 : 0;
-        const reading_of_unit by_standard(standard, unit);
-        compared_rules::noted() = nullptr;
-        const reading_of_unit by_own(own, unit);
-        faults.tell_faults(by_standard.unit);
-
-        const auto& expected = by_standard.elements.entries();
-        const auto& entries = by_own.elements.entries();
-        const auto mismatch =
-            std::mismatch(expected.begin(), expected.end(), entries.begin(), entries.end(),
-                          [](const auto& a, const auto& b) { return a.reads_like(b); });
-        const bool differs = mismatch.first != expected.end() || mismatch.second != entries.end() ||
-                             by_standard.unit.faults != by_own.unit.faults;
-        const bool at_element = differs && mismatch.second != entries.end();
-        const difference_cause cause = causes.of(
-            unit, standard, at_element ? mismatch.second->noted_rule : compared_rules::noted());
-        if (differs) {
-            const auto first = static_cast<std::size_t>(mismatch.first - expected.begin());
-            ++different;
-            shown_progress.clear();
-            lines.write(
-                fmt::format("{}: {}\n", place_of(unit), type_name(unit.header.nal_unit_type)) +
-                shown(by_standard, rule_set::standard, first) +
-                shown(by_own, rule_set::own, first) + shown(cause, unit));
+        const comparison::result found = readings.compare(unit, unit.faults);
+        faults.tell_faults(unit);
+        if (unit.readable) {
+            summary.count_unit();
+        }
+        if (found.differs) {
+            summary.add(found.cause.rule, unit.header.nal_unit_type);
+            if (options.all) {
+                shown_units.add(found.text);
+            }
         }
         shown_progress.show(unit.offset);
     }
     shown_progress.clear();
-    lines.write(fmt::format("{} of {} NAL units are read differently\n", different, count));
+    lines.write(summary.text());
+    if (options.all) {
+        shown_units.write_to(lines);
+    }
     lines.finish();
     return faults.status();
 }

@@ -18,11 +18,12 @@ namespace kovran::inspect {
 namespace {
 
 // For units that are read but not shown.
-class no_output : public stream_sink {
+class no_output : public trace_sink {
 public:
-    void begin_structure(const indexed_name&) override {}
+    [[nodiscard]] bool wants_elements() const override { return false; }
+    void begin_structure(const h2645_common_element_name&) override {}
     void end_structure() override {}
-    void read(const traced_element&) override {}
+    void read(const h265_traced_element&) override {}
     void begin_message(const h265_nal_sei_reader&) override {}
     void opaque_payload(const h265_nal_sei_reader&) override {}
     void end_message() override {}
