@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <fstream>
-#include <iterator>
 #include <vector>
 
 // Lists the NAL units of an Annex B stream: offset and type.
@@ -11,7 +10,11 @@ int main(int argc, char** argv) {
         return 2;
     }
     std::ifstream file(argv[1], std::ios::binary);
-    std::vector<unsigned char> stream(std::istreambuf_iterator<char>(file), {});
+    std::vector<unsigned char> stream;
+    char block[65536];
+    while (file.read(block, sizeof block) || file.gcount() > 0) {
+        stream.insert(stream.end(), block, block + file.gcount());
+    }
     unsigned char* const end = stream.data() + stream.size();
 
     kovran::h265_nal_reader reader(kovran::nalfmt_annex_b);
