@@ -286,7 +286,7 @@ TEST(InspectDump, SelectsUnits) {
     };
     EXPECT_EQ(shown({"--nal", "0"}), list{"unit 0 at 4: VPS_NUT"});
     EXPECT_EQ(shown({"--nal", "4"}), list{"unit 4 at 831: SUFFIX_SEI_NUT"});
-    EXPECT_EQ(shown({"--nal", "5"}), list{});
+    EXPECT_EQ(shown({"--layer", "0"}).size(), 5U);
     EXPECT_EQ(shown({"--type", "sps_nut"}), list{"unit 1 at 32: SPS_NUT"});
     EXPECT_EQ(shown({"--type", "32,34"}), (list{"unit 0 at 4: VPS_NUT", "unit 2 at 66: PPS_NUT"}));
     EXPECT_EQ(shown({"--type", "63"}), list{});
@@ -294,6 +294,20 @@ TEST(InspectDump, SelectsUnits) {
     EXPECT_EQ(shown({"--limit", "0"}), list{});
     EXPECT_EQ(shown({"--limit", "1", "--type", "19"}), list{"unit 3 at 76: IDR_W_RADL"});
     EXPECT_EQ(shown({"--limit", "9"}).size(), 5U);
+}
+
+TEST(InspectDump, ASelectionThatTheStreamLacksIsAFailure) {
+    const std::string path = stream_path("hm_still");
+    for (const char* const verb : {"dump", "trace"}) {
+        const outcome unit = run({verb, path, "--nal", "5"});
+        EXPECT_EQ(unit.status, 2);
+        EXPECT_EQ(unit.err, "kovran: " + path +
+                                ": there is no NAL unit 5; the stream has 5 NAL units, 0 to 4\n");
+        const outcome layer = run({verb, path, "--layer", "2"});
+        EXPECT_EQ(layer.status, 2);
+        EXPECT_EQ(layer.err, "kovran: " + path +
+                                 ": there is no NAL unit of layer 2; the stream has layer 0\n");
+    }
 }
 
 // Those parts of the whole dump that belong to the unit.
