@@ -390,14 +390,16 @@ TEST(InspectDump, TellsWhichParameterSetIsMissing) {
     const std::string sps = all.substr(all.find(bytes("000001 4201")));
     const outcome without_vps = program({"dump", "-"}).input(sps).run();
     EXPECT_EQ(without_vps.status, 1);
-    EXPECT_NE(without_vps.err.find("unit 0 at 3: the SPS needs VPS 0, which is not there\n"),
+    EXPECT_NE(without_vps.err.find("unit 0 at 3: VPS 0, which this SPS uses, is missing\n"),
               std::string::npos);
-    EXPECT_NE(without_vps.err.find("the PPS needs SPS 0, which is not there\n"), std::string::npos);
+    EXPECT_NE(without_vps.err.find("SPS 0, which this PPS uses, is missing: "
+                                   "the SPS of unit 0 could not be read\n"),
+              std::string::npos);
     const outcome slice = program({"dump", "-"}).input(bytes("000001 0201 d2f4")).run();
     EXPECT_EQ(slice.status, 1);
     EXPECT_EQ(slice.err,
               "kovran: standard input: unit 0 at 3: "
-              "the slice segment needs PPS 0, which is not there\n");
+              "PPS 0, which this slice uses, is missing\n");
 }
 
 TEST(InspectDump, TellsIdentifiersAboveTheirLimits) {

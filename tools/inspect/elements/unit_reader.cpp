@@ -110,6 +110,7 @@ void unit_reader::read_vps(nal_unit& unit, stream_sink& sink) {
     if (video_parameter_set_rbsp(walk, vps)) {
         vps_store_[vps.vps_video_parameter_set_id] = vps;
     } else {
+        lost_.add(VPS_NUT, vps.vps_video_parameter_set_id, unit.index);
         unit.faults.emplace_back("the VPS cannot be read");
     }
 }
@@ -128,11 +129,11 @@ void unit_reader::read_sps(nal_unit& unit, stream_sink& sink) {
         if (sps_store_.active_id == sps_store_.no_id) {
             sps_store_.active_id = sps.sps_seq_parameter_set_id;
         }
-    } else if (lacks(vps_store_, sps.sps_video_parameter_set_id)) {
-        unit.faults.push_back(fmt::format("the SPS needs VPS {}, which is not there",
-                                          sps.sps_video_parameter_set_id));
     } else {
-        unit.faults.emplace_back("the SPS cannot be read");
+        lost_.add(SPS_NUT, sps.sps_seq_parameter_set_id, unit.index);
+        unit.faults.push_back(lacks(vps_store_, sps.sps_video_parameter_set_id)
+                                  ? lost_.missing(VPS_NUT, sps.sps_video_parameter_set_id, "SPS")
+                                  : "the SPS cannot be read");
     }
 }
 
@@ -147,11 +148,11 @@ void unit_reader::read_pps(nal_unit& unit, stream_sink& sink) {
                                           pps.pps_pic_parameter_set_id, highest_pps_id));
     } else if (read) {
         pps_store_[pps.pps_pic_parameter_set_id] = pps;
-    } else if (lacks(sps_store_, pps.pps_seq_parameter_set_id)) {
-        unit.faults.push_back(
-            fmt::format("the PPS needs SPS {}, which is not there", pps.pps_seq_parameter_set_id));
     } else {
-        unit.faults.emplace_back("the PPS cannot be read");
+        lost_.add(PPS_NUT, pps.pps_pic_parameter_set_id, unit.index);
+        unit.faults.push_back(lacks(sps_store_, pps.pps_seq_parameter_set_id)
+                                  ? lost_.missing(SPS_NUT, pps.pps_seq_parameter_set_id, "PPS")
+                                  : "the PPS cannot be read");
     }
 }
 
@@ -183,8 +184,7 @@ void unit_reader::read_slice(nal_unit& unit, stream_sink& sink) {
         const h265_nal_pps& pps = pps_store_.at(slice.slice_pic_parameter_set_id);
         sps_store_.active_id = pps.pps_seq_parameter_set_id;
     } else if (lacks(pps_store_, slice.slice_pic_parameter_set_id)) {
-        unit.faults.push_back(fmt::format("the slice segment needs PPS {}, which is not there",
-                                          slice.slice_pic_parameter_set_id));
+        unit.faults.push_back(lost_.missing(PPS_NUT, slice.slice_pic_parameter_set_id, "slice"));
     } else {
         unit.faults.emplace_back("the slice segment header cannot be read");
     }

@@ -12,6 +12,7 @@
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_slice_segment_header.h>
 
+#include "elements/lost_parameter_sets.h"
 #include "elements/rbsp.h"
 #include "elements/rule_set.h"
 #include "elements/trace_sink.h"
@@ -76,6 +77,7 @@ private:
     rule_set rules_;
     rbsp rbsp_;
     unit_record record_;
+    lost_parameter_sets lost_;
     h2645_common_base_store<h265_nal_vps> vps_store_;
     h2645_common_base_store<h265_nal_sps> sps_store_;
     h2645_common_base_store<h265_nal_pps> pps_store_;
