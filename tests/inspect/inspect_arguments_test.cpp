@@ -25,17 +25,37 @@ TEST(InspectArguments, AreRefusedWithAReason) {
     expect_refusal({"nals", "a", "--format", "mp4"},
                    "--format: mp4 not in {annexb,length8,length16,length24,length32}");
     expect_refusal({"nals", "a", "--color", "blue"}, "--color: blue not in {auto,always,never}");
-    expect_refusal({"nals", "a", "--type", "I_FRAME"}, "--type: 'I_FRAME' is no NAL unit type");
-    expect_refusal({"nals", "a", "--type", "64"}, "--type: '64' is no NAL unit type");
-    expect_refusal({"nals", "a", "--type", "1,-1"}, "--type: '-1' is no NAL unit type");
     expect_refusal({"nals", "a", "--limit", "-1"}, "--limit: '-1' is no number of NAL units");
     expect_refusal({"nals", "a", "--limit", "many"}, "--limit: 'many' is no number of NAL units");
     expect_refusal({"nals", "a", "--limit", "18446744073709551616"},
                    "--limit: '18446744073709551616' is no number of NAL units");
+    expect_refusal({"trace", "a", "--layer", "64"}, "--layer: '64' is no layer; use 0 to 63");
+    expect_refusal({"nals", "a", "--layer", "base"}, "--layer: 'base' is no layer; use 0 to 63");
     expect_refusal({"copy", "a"}, "OUT is required");
     expect_refusal({"copy", "a", "b", "c"}, "The following argument was not expected: c");
     expect_refusal({"copy", "a", "b", "--to", "mkv"},
                    "--to: mkv not in {annexb,length8,length16,length24,length32}");
+}
+
+TEST(InspectArguments, TypesAreRefusedWithWhatIsNear) {
+    const auto expect_reason = [](const std::string& type, const std::string& reason) {
+        expect_refusal({"nals", "a", "--type", type}, "--type: '" + reason);
+    };
+    const std::string none =
+        " is no NAL unit type; use 0 to 63 or a name such as SPS or IDR_W_RADL";
+    expect_reason("I_FRAME", "I_FRAME'" + none);
+    expect_reason("64", "64'" + none);
+    expect_reason("1,-1", "-1'" + none);
+    expect_reason(std::string(1000, 'X'), std::string(1000, 'X') + '\'' + none);
+    expect_reason("IDR", "IDR' could be IDR_W_RADL or IDR_N_LP");
+    expect_reason("sei", "sei' could be PREFIX_SEI_NUT or SUFFIX_SEI_NUT");
+    expect_reason("BLA_W", "BLA_W' could be BLA_W_LP or BLA_W_RADL");
+    expect_reason("UNSPEC",
+                  "UNSPEC' could be UNSPEC48, UNSPEC49, UNSPEC50, UNSPEC51, UNSPEC52, "
+                  "UNSPEC53, ...");
+    expect_reason("TRIAL_R", "TRIAL_R' is no NAL unit type; did you mean TRAIL_R?");
+    expect_reason("SPSS", "SPSS' is no NAL unit type; did you mean SPS_NUT?");
+    expect_reason("IDR_W_RADLS", "IDR_W_RADLS' is no NAL unit type; did you mean IDR_W_RADL?");
 }
 
 TEST(InspectArguments, HelpIsNoFailure) {

@@ -86,7 +86,9 @@ TEST(InspectDifferences, ShowsTheFirstElementAndTheRule) {
     EXPECT_EQ(found.units[1].standard,
               "standard 223 1 st_ref_pic_set[2].used_by_curr_pic_flag[1] u(n) 1");
     EXPECT_EQ(found.units[1].rule, "rule end_predicted_set");
-    EXPECT_EQ(found.units[2].own, "own ends here: the PPS needs SPS 0, which is not there");
+    EXPECT_EQ(found.units[2].own,
+              "own ends here: SPS 0, which this PPS uses, is missing: the SPS of unit 1 could not "
+              "be read");
     EXPECT_EQ(found.units[2].rule, "rule end_predicted_set, in unit 1");
     EXPECT_EQ(found.units[3].place.substr(0, 6), "unit 3");
     EXPECT_EQ(found.units[3].rule, "rule end_predicted_set, in unit 1");

@@ -286,7 +286,7 @@ TEST(InspectDump, SelectsUnits) {
     };
     EXPECT_EQ(shown({"--nal", "0"}), list{"unit 0 at 4: VPS_NUT"});
     EXPECT_EQ(shown({"--nal", "4"}), list{"unit 4 at 831: SUFFIX_SEI_NUT"});
-    EXPECT_EQ(shown({"--nal", "5"}), list{});
+    EXPECT_EQ(shown({"--layer", "0"}).size(), 5U);
     EXPECT_EQ(shown({"--type", "sps_nut"}), list{"unit 1 at 32: SPS_NUT"});
     EXPECT_EQ(shown({"--type", "32,34"}), (list{"unit 0 at 4: VPS_NUT", "unit 2 at 66: PPS_NUT"}));
     EXPECT_EQ(shown({"--type", "63"}), list{});
@@ -294,6 +294,20 @@ TEST(InspectDump, SelectsUnits) {
     EXPECT_EQ(shown({"--limit", "0"}), list{});
     EXPECT_EQ(shown({"--limit", "1", "--type", "19"}), list{"unit 3 at 76: IDR_W_RADL"});
     EXPECT_EQ(shown({"--limit", "9"}).size(), 5U);
+}
+
+TEST(InspectDump, ASelectionThatTheStreamLacksIsAFailure) {
+    const std::string path = stream_path("hm_still");
+    for (const char* const verb : {"dump", "trace"}) {
+        const outcome unit = run({verb, path, "--nal", "5"});
+        EXPECT_EQ(unit.status, 2);
+        EXPECT_EQ(unit.err, "kovran: " + path +
+                                ": there is no NAL unit 5; the stream has 5 NAL units, 0 to 4\n");
+        const outcome layer = run({verb, path, "--layer", "2"});
+        EXPECT_EQ(layer.status, 2);
+        EXPECT_EQ(layer.err, "kovran: " + path +
+                                 ": there is no NAL unit of layer 2; the stream has layer 0\n");
+    }
 }
 
 // Those parts of the whole dump that belong to the unit.
@@ -376,14 +390,16 @@ TEST(InspectDump, TellsWhichParameterSetIsMissing) {
     const std::string sps = all.substr(all.find(bytes("000001 4201")));
     const outcome without_vps = program({"dump", "-"}).input(sps).run();
     EXPECT_EQ(without_vps.status, 1);
-    EXPECT_NE(without_vps.err.find("unit 0 at 3: the SPS needs VPS 0, which is not there\n"),
+    EXPECT_NE(without_vps.err.find("unit 0 at 3: VPS 0, which this SPS uses, is missing\n"),
               std::string::npos);
-    EXPECT_NE(without_vps.err.find("the PPS needs SPS 0, which is not there\n"), std::string::npos);
+    EXPECT_NE(without_vps.err.find("SPS 0, which this PPS uses, is missing: "
+                                   "the SPS of unit 0 could not be read\n"),
+              std::string::npos);
     const outcome slice = program({"dump", "-"}).input(bytes("000001 0201 d2f4")).run();
     EXPECT_EQ(slice.status, 1);
     EXPECT_EQ(slice.err,
               "kovran: standard input: unit 0 at 3: "
-              "the slice segment needs PPS 0, which is not there\n");
+              "PPS 0, which this slice uses, is missing\n");
 }
 
 TEST(InspectDump, TellsIdentifiersAboveTheirLimits) {

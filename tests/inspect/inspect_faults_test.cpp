@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -187,6 +188,71 @@ TEST(InspectFaults, SequencesInsideALengthPrefixedUnit) {
                   {unit(0, 1, 8, {"00 00 01 inside, at 3"})});
     expect_faults(nals_of(bytes("05 4001 000000"), "length8"),
                   {unit(0, 1, 5, {"00 00 00 inside, at 3"})});
+}
+
+// An SPS without a VPS, a PPS without an SPS, slices without a PPS.
+TEST(InspectFaults, AParameterSetThatIsMissingIsToldWithItsFirstLoss) {
+    const std::string stream =
+        bytes("000001 420101 000001 4401c0 000001 4401c0 000001 0201e0 000001 0201a0");
+    const std::string from = "kovran: standard input: ";
+    EXPECT_EQ(program({"info", "-"}).input(stream).run().err,
+              from + "unit 0 at 3: VPS 0, which this SPS uses, is missing\n" +  //
+                  from +
+                  "unit 1 at 9: SPS 0, which this PPS uses, is missing: "
+                  "the SPS of unit 0 could not be read\n" +
+                  from +
+                  "unit 3 at 21: PPS 0, which this slice uses, is missing: "
+                  "the PPS of unit 1 could not be read\n" +
+                  from + "unit 4 at 27: PPS 1, which this slice uses, is missing\n" + from +
+                  "unit 2 at 15: SPS 0, which this PPS uses, is missing: "
+                  "the SPS of unit 0 could not be read; last of 2 such faults\n");
+}
+
+TEST(InspectFaults, EqualFaultsAreCounted) {
+    std::string stream;
+    for (int i = 0; i < 4800; ++i) {
+        stream += bytes("000001 0201e0");
+    }
+    const std::string fault = "PPS 0, which this slice uses, is missing";
+    for (const char* const verb : {"info", "dump", "trace", "differences"}) {
+        const outcome result = program({verb, "-"}).input(stream).run();
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.err, "kovran: standard input: unit 0 at 3: " + fault +
+                                  "\nkovran: standard input: unit 4799 at 28797: " + fault +
+                                  "; last of 4800 such faults\n");
+    }
+    // For programs each unit has its own.
+    const outcome json = program({"dump", "--json", "-"}).input(stream).run();
+    std::size_t units_with_fault = 0;
+    for (const nlohmann::json& unit_of_stream : stretches(json)) {
+        units_with_fault += unit_of_stream.value("faults", list{}) == list{fault} ? 1U : 0U;
+    }
+    EXPECT_EQ(units_with_fault, 4800U);
+}
+
+// Each tells another place.
+TEST(InspectFaults, MoreTextsThanCanBeKeptAreCounted) {
+    std::string stream;
+    for (int i = 0; i < 1000; ++i) {
+        stream += bytes("000001 4001 000002 05");
+    }
+    const outcome result = program({"nals", "-"}).input(stream).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 257);
+    EXPECT_NE(result.err.find("kovran: standard input: unit 255 at 2298: 00 00 02 "),
+              std::string::npos);
+    const std::string last = "kovran: standard input: and 744 more faults\n";
+    EXPECT_EQ(result.err.substr(result.err.size() - last.size()), last);
+}
+
+TEST(InspectFaults, AreCountedUpToAFailure) {
+    const std::string stream = bytes("000001 4000 000001 4200");
+    EXPECT_EQ(program({"nals", "-", "--nal", "2"}).input(stream).run().err,
+              "kovran: standard input: unit 0 at 3: nuh_temporal_id_plus1 is 0\n"
+              "kovran: standard input: unit 1 at 8: nuh_temporal_id_plus1 is 0; "
+              "last of 2 such faults\n"
+              "kovran: standard input: there is no NAL unit 2; the stream has 2 NAL units, 0 to "
+              "1\n");
 }
 
 TEST(InspectFaults, AreToldOfUnitsThatAreNotShown) {

@@ -176,6 +176,67 @@ TEST(InspectNals, SelectsTypesByNumberAndName) {
     EXPECT_EQ(run({"nals", "--json", "--type", "63", path}).out, "");
 }
 
+TEST(InspectNals, SelectsTypesByTheNamesThatAreUsual) {
+    std::string stream;
+    for (const char* const header :
+         {"4001", "4201", "4401", "4601", "4e01", "5001", "2a01", "0201"}) {
+        stream += bytes("000001") + bytes(header) + bytes("80");
+    }
+    const auto names_by = [&](const std::string& type) {
+        return names_of(program({"nals", "--json", "-", "--type", type}).input(stream).run());
+    };
+    using list = std::vector<std::string>;
+    EXPECT_EQ(names_by("VPS,SPS,pps"), (list{"VPS_NUT", "SPS_NUT", "PPS_NUT"}));
+    EXPECT_EQ(names_by("AUD"), list{"AUD_NUT"});
+    EXPECT_EQ(names_by("CRA"), list{"CRA_NUT"});
+    EXPECT_EQ(names_by("SUFFIX"), list{"SUFFIX_SEI_NUT"});
+    EXPECT_EQ(names_by("prefix_sei"), list{"PREFIX_SEI_NUT"});
+    EXPECT_EQ(names_by("TRAIL_R"), list{"TRAIL_R"});
+}
+
+TEST(InspectNals, SelectsALayer) {
+    const std::string path = stream_path("x265_42_alpha");
+    EXPECT_EQ(names_of(run({"nals", "--json", path, "--layer", "1", "--limit", "3"})),
+              (std::vector<std::string>{"SPS_NUT", "PPS_NUT", "IDR_N_LP"}));
+    EXPECT_EQ(names_of(run({"nals", "--json", path, "--layer", "0", "--type", "PPS"})),
+              std::vector<std::string>{"PPS_NUT"});
+}
+
+TEST(InspectNals, ALayerThatTheStreamLacksIsAFailure) {
+    const std::string path = stream_path("x265_42_alpha");
+    const outcome result = run({"nals", "--json", path, "--layer", "3"});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "kovran: " + path +
+                              ": there is no NAL unit of layer 3; the stream has layers 0 and 1\n");
+    const outcome base = program({"nals", "-", "--layer", "1"}).input(bytes("000001 4001")).run();
+    EXPECT_EQ(base.err,
+              "kovran: standard input: there is no NAL unit of layer 1; the stream has layer 0\n");
+    // The layer is there, only not with units of this type.
+    EXPECT_EQ(run({"nals", path, "--layer", "1", "--type", "AUD"}).status, 0);
+}
+
+TEST(InspectNals, SelectsAUnit) {
+    const std::string path = stream_path("mainstill");
+    EXPECT_EQ(names_of(run({"nals", "--json", path, "--nal", "1"})),
+              std::vector<std::string>{"SPS_NUT"});
+}
+
+TEST(InspectNals, AUnitBeyondTheEndIsAFailure) {
+    const std::string path = stream_path("mainstill");
+    const outcome result = run({"nals", "--json", path, "--nal", "4"});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err,
+              "kovran: " + path + ": there is no NAL unit 4; the stream has 4 NAL units, 0 to 3\n");
+    const outcome one = program({"nals", "-", "--nal", "1"}).input(bytes("000001 4001")).run();
+    EXPECT_EQ(one.err,
+              "kovran: standard input: there is no NAL unit 1; the stream has 1 NAL unit, 0\n");
+    const outcome none = program({"nals", "-", "--nal", "0"}).input("no video").run();
+    EXPECT_EQ(none.status, 2);
+    EXPECT_NE(none.err.find("there is no NAL unit 0; the stream has no NAL units\n"),
+              std::string::npos);
+}
+
 TEST(InspectNals, KeepsTheIndexOfSelectedUnits) {
     const outcome result = run({"nals", "--json", "--type", "20", stream_path("mainstill")});
     ASSERT_EQ(json_lines(result.out).size(), 1U);

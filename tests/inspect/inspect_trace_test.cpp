@@ -410,7 +410,7 @@ TEST(InspectTrace, TellsFaultsAndGoesOn) {
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err,
               "kovran: standard input: unit 0 at 3: the access unit delimiter cannot be read\n"
-              "kovran: standard input: unit 1 at 9: the PPS needs SPS 0, which is not there\n");
+              "kovran: standard input: unit 1 at 9: SPS 0, which this PPS uses, is missing\n");
     const std::vector<traced_unit> units = units_of(result.out);
     ASSERT_EQ(units.size(), 3U);
     ASSERT_EQ(units[1].elements.size(), 2U);

@@ -127,7 +127,7 @@ void unit_reader::read_vps(nal_unit& unit, trace_sink& sink) {
     auto& vps = record_.emplace<h265_nal_vps>();
     if (!parse(vps, rbsp_.reader(), sink)) {
         unit.faults.push_back("the VPS cannot be read: " + why("VPS"));
-        remember_lost("VPS", vps.vps_video_parameter_set_id, unit);
+        lost_.add("VPS", vps.vps_video_parameter_set_id, unit.index);
         return;
     }
     add_trailing_bits_fault(unit, "VPS");
@@ -140,7 +140,7 @@ void unit_reader::read_sps(nal_unit& unit, trace_sink& sink) {
     auto& sps = record_.emplace<h265_nal_sps>();
     if (!parse(sps, rbsp_.reader(), sink, sets_->vps)) {
         unit.faults.push_back("the SPS cannot be read: " + why("SPS"));
-        remember_lost("SPS", sps.sps_seq_parameter_set_id, unit);
+        lost_.add("SPS", sps.sps_seq_parameter_set_id, unit.index);
         return;
     }
     add_trailing_bits_fault(unit, "SPS");
@@ -159,7 +159,7 @@ void unit_reader::read_pps(nal_unit& unit, trace_sink& sink) {
     auto& pps = record_.emplace<h265_nal_pps>();
     if (!parse(pps, rbsp_.reader(), sink, sets_->sps)) {
         unit.faults.push_back("the PPS cannot be read: " + why("PPS"));
-        remember_lost("PPS", pps.pps_pic_parameter_set_id, unit);
+        lost_.add("PPS", pps.pps_pic_parameter_set_id, unit.index);
         return;
     }
     add_trailing_bits_fault(unit, "PPS");
@@ -281,24 +281,12 @@ std::string unit_reader::why(std::string_view user) const {
     if (fault_.parameter_set_id == sets_->sps.no_id) {
         return fmt::format("no {} is active", fault_.parameter_set);
     }
-    std::string text = fmt::format("{} {}, which this {} uses, is missing", fault_.parameter_set,
-                                   fault_.parameter_set_id, user);
-    const auto lost = lost_.find({fault_.parameter_set, fault_.parameter_set_id});
-    if (lost != lost_.end()) {
-        text += fmt::format(": its unit {} could not be read", lost->second);
-    }
-    return text;
+    return lost_.missing(fault_.parameter_set, fault_.parameter_set_id, user);
 }
 
 void unit_reader::add_trailing_bits_fault(nal_unit& unit, std::string_view what) const {
     if (fault_.kind != h265_fault_kind::none) {
         unit.faults.push_back(fmt::format("the {} was read, but {}", what, to_string(fault_)));
-    }
-}
-
-void unit_reader::remember_lost(const char* parameter_set, unsigned int id, const nal_unit& unit) {
-    if (keeps_sets_ && id <= highest_pps_id) {
-        lost_[{parameter_set, id}] = unit.index;
     }
 }
 

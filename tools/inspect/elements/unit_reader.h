@@ -11,16 +11,14 @@
 #include <kovran/h265/h265_slice_segment_header.h>
 #include <kovran/h265/h265_trace.h>
 
+#include "elements/lost_parameter_sets.h"
 #include "elements/rbsp.h"
 #include "elements/rule_set.h"
 #include "elements/trace_sink.h"
 #include "units/nal_unit.h"
 
-#include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <variant>
 
 namespace kovran::inspect {
@@ -74,7 +72,6 @@ private:
                              Context&... context);
     [[nodiscard]] std::string why(std::string_view user) const;
     void add_trailing_bits_fault(nal_unit& unit, std::string_view what) const;
-    void remember_lost(const char* parameter_set, unsigned int id, const nal_unit& unit);
 
     rule_set rules_;
     rbsp rbsp_;
@@ -84,9 +81,7 @@ private:
     parameter_set_stores own_sets_;
     parameter_set_stores* sets_ = &own_sets_;
     bool keeps_sets_ = true;
-
-    // The unit in which a parameter set stood that could not be read, by its kind and identifier.
-    std::map<std::pair<std::string_view, unsigned int>, std::uint64_t> lost_;
+    lost_parameter_sets lost_;
 };
 
 }  // namespace kovran::inspect

@@ -2,9 +2,21 @@
 
 #include "process/message.h"
 
+#include <exception>
+
 #include <fmt/format.h>
 
 namespace kovran::inspect {
+
+report::~report() {
+    try {
+        for (const std::string& line : repeated_.summary()) {
+            write(line);
+        }
+    } catch (const std::exception&) {
+        // Of memory or of the terminal; the faults were told once.
+    }
+}
 
 void report::tell_faults(const nal_unit& unit, std::string_view consequence) {
     for (const std::string& fault : unit.faults) {
@@ -13,12 +25,19 @@ void report::tell_faults(const nal_unit& unit, std::string_view consequence) {
 }
 
 void report::tell(const nal_unit& unit, std::string_view fault) {
+    status_ = status_faults;
+    const std::string place = place_of(unit);
+    if (repeated_.add(fault, place)) {
+        write(fmt::format("{}: {}", place, fault));
+    }
+}
+
+void report::write(std::string_view line) {
     if (results_.file().is_terminal()) {
         results_.flush();
     }
     progress_.clear();
-    write_message(fmt::format("kovran: {}: {}: {}\n", stream_name_, place_of(unit), fault));
-    status_ = status_faults;
+    write_message(fmt::format("kovran: {}: {}\n", stream_name_, line));
 }
 
 std::string place_of(const nal_unit& unit) {

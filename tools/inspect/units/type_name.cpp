@@ -1,19 +1,8 @@
 #include "units/type_name.h"
 
-#include <algorithm>
-#include <charconv>
-#include <cstddef>
-#include <system_error>
+#include <string_view>
 
 namespace kovran::inspect {
-namespace {
-
-char upper_case(char letter) {
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
-}  // namespace
-
 std::string type_name(h265_nal_unit_type type) {
     const std::string number = std::to_string(static_cast<unsigned int>(type));
     // The library's text for these is a description that several of them share.
@@ -29,24 +18,6 @@ std::string type_name(h265_nal_unit_type type) {
     }
     constexpr unsigned int first_unspecified = 48;
     return (type < first_unspecified ? "RSV_NVCL" : "UNSPEC") + number;
-}
-
-std::optional<h265_nal_unit_type> type_of(std::string_view text) {
-    unsigned int number = type_count;
-    const char* const last = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), last, number);
-    if (error == std::errc{} && rest == last && number < type_count) {
-        return static_cast<h265_nal_unit_type>(number);
-    }
-    std::string name(text);
-    std::transform(name.begin(), name.end(), name.begin(), upper_case);
-    for (number = 0; number < type_count; ++number) {
-        const auto type = static_cast<h265_nal_unit_type>(number);
-        if (name == type_name(type)) {
-            return type;
-        }
-    }
-    return std::nullopt;
 }
 
 }  // namespace kovran::inspect

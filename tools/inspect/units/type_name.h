@@ -3,9 +3,7 @@
 
 #include <kovran/h265/h265_nal.h>
 
-#include <optional>
 #include <string>
-#include <string_view>
 
 namespace kovran::inspect {
 
@@ -13,9 +11,6 @@ inline constexpr unsigned int type_count = 64;
 
 // As table 7-1 calls the type, "VPS_NUT" or "UNSPEC48"; of the types of 0 to 63.
 [[nodiscard]] std::string type_name(h265_nal_unit_type type);
-
-// The type that is meant by such a name, upper or lower case, or by a number.
-[[nodiscard]] std::optional<h265_nal_unit_type> type_of(std::string_view text);
 
 }  // namespace kovran::inspect
 

@@ -2,10 +2,12 @@
 
 #include "process/failure.h"
 #include "units/stream_format.h"
+#include "units/type_lookup.h"
 
 #include <bitset>
 #include <charconv>
 #include <cstdint>
+#include <optional>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -44,27 +46,38 @@ void add_rules(CLI::App& verb, rule_set& rules) {
             CLI::IsMember({name_of(rule_set::standard), name_of(rule_set::own)}).description(""));
 }
 
-using type_set = std::bitset<type_count>;
-
-void select_types(type_set& types, const std::vector<std::string>& names) {
+void select_types(std::bitset<type_count>& types, const std::vector<std::string>& names) {
     types.reset();
     for (const std::string& name : names) {
-        const auto type = type_of(name);
-        if (!type) {
-            throw CLI::ValidationError("--type", '\'' + name + "' is no NAL unit type");
+        try {
+            types.set(type_of(name));
+        } catch (const failure& reason) {
+            throw CLI::ValidationError("--type", reason.what());
         }
-        types.set(*type);
     }
 }
 
-std::uint64_t number_of(const std::string& option, const std::string& text) {
+std::optional<std::uint64_t> number_of(const std::string& text) {
     std::uint64_t number = 0;
     const char* const last = text.data() + text.size();
     const auto [rest, error] = std::from_chars(text.data(), last, number);
-    if (error != std::errc{} || rest != last) {
+    return error == std::errc{} && rest == last ? std::optional(number) : std::nullopt;
+}
+
+std::uint64_t number_of_units(const std::string& option, const std::string& text) {
+    const std::optional<std::uint64_t> number = number_of(text);
+    if (!number) {
         throw CLI::ValidationError(option, '\'' + text + "' is no number of NAL units");
     }
-    return number;
+    return *number;
+}
+
+unsigned int layer_of(const std::string& text) {
+    const std::optional<std::uint64_t> number = number_of(text);
+    if (!number || *number >= layer_count) {
+        throw CLI::ValidationError("--layer", '\'' + text + "' is no layer; use 0 to 63");
+    }
+    return static_cast<unsigned int>(*number);
 }
 
 void set_colour(nals_options& options, const std::string& when) {
@@ -82,16 +95,32 @@ void add_stream(CLI::App& verb, std::string& file, h2645_common_nalfmt& format) 
     add_format(verb, "--format", format, "How the NAL units are framed");
 }
 
-void add_selection(CLI::App& verb, type_set& types, std::uint64_t& limit) {
+void add_selection(CLI::App& verb, unit_selection& selection) {
     verb.add_option_function<std::vector<std::string>>(
             "--type",
-            [&types](const std::vector<std::string>& names) { select_types(types, names); },
-            "Show only units of these types, by number or name, as in 32,SPS_NUT")
+            [&selection](const std::vector<std::string>& names) {
+                select_types(selection.types, names);
+            },
+            "Show only units of these types, by number or name, as in 32,SPS")
         ->type_name("TYPE")
         ->delimiter(',')
         ->allow_extra_args(false);
     verb.add_option_function<std::string>(
-            "--limit", [&limit](const std::string& text) { limit = number_of("--limit", text); },
+            "--layer", [&selection](const std::string& text) { selection.layer = layer_of(text); },
+            "Show only units of this layer, by nuh_layer_id")
+        ->type_name("N");
+    verb.add_option_function<std::string>(
+            "--nal",
+            [&selection](const std::string& text) {
+                selection.nal = number_of_units("--nal", text);
+            },
+            "Show only the unit with this index, as kovran nals counts them")
+        ->type_name("N");
+    verb.add_option_function<std::string>(
+            "--limit",
+            [&selection](const std::string& text) {
+                selection.limit = number_of_units("--limit", text);
+            },
             "Stop after so many units")
         ->type_name("N");
 }
@@ -100,7 +129,7 @@ CLI::App& add_nals(CLI::App& program, nals_options& options) {
     CLI::App& verb = *program.add_subcommand("nals", "Show a line for each NAL unit of a stream");
     add_stream(verb, options.file, options.format);
     verb.add_flag("--json", options.json, "Show a JSON object on each line");
-    add_selection(verb, options.types, options.limit);
+    add_selection(verb, options.selection);
     verb.add_option_function<std::string>(
             "--color,--colour", [&options](const std::string& when) { set_colour(options, when); },
             "auto, always or never; default auto: on a terminal, unless NO_COLOR is set")
@@ -112,12 +141,7 @@ CLI::App& add_nals(CLI::App& program, nals_options& options) {
 CLI::App& add_syntax(CLI::App& verb, syntax_options& options) {
     add_stream(verb, options.file, options.format);
     add_rules(verb, options.rules);
-    add_selection(verb, options.types, options.limit);
-    verb.add_option_function<std::string>(
-            "--nal",
-            [&options](const std::string& text) { options.nal = number_of("--nal", text); },
-            "Show only the unit with this index, as kovran nals counts them")
-        ->type_name("N");
+    add_selection(verb, options.selection);
     return verb;
 }
 

@@ -79,20 +79,20 @@ exit_status show_nals(const nals_options& options) {
         show(heading(colour));
     }
     nal_unit unit;
-    std::uint64_t count = 0;
-    while (count < options.limit && walk->next(unit)) {
-        const bool selected = unit.readable && options.types.test(unit.header.nal_unit_type);
+    unit_selector selector(options.selection);
+    while (!selector.is_done() && walk->next(unit)) {
+        const bool selected = selector.selects(unit);
         if (options.json && (selected || !unit.readable)) {
             show(as_json(unit));
         } else if (selected) {
             show(as_text(unit, colour));
         }
         faults.tell_faults(unit);
-        count += selected ? 1 : 0;
         shown.show(unit.offset);
     }
     shown.clear();
     lines.finish();
+    selector.require_match(stream->file().name());
     return faults.status();
 }
 

@@ -5,11 +5,8 @@
 
 #include "output/colour.h"
 #include "process/exit_status.h"
-#include "units/type_name.h"
+#include "units/unit_selection.h"
 
-#include <bitset>
-#include <cstdint>
-#include <limits>
 #include <string>
 
 namespace kovran::inspect {
@@ -17,8 +14,7 @@ namespace kovran::inspect {
 struct nals_options {
     std::string file;
     h2645_common_nalfmt format = nalfmt_annex_b;
-    std::bitset<type_count> types = ~std::bitset<type_count>{};
-    std::uint64_t limit = std::numeric_limits<std::uint64_t>::max();  // units shown
+    unit_selection selection;
     bool json = false;
     colour_choice colour = colour_choice::on_terminals;
 };

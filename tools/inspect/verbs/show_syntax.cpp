@@ -87,26 +87,21 @@ exit_status show_syntax(const syntax_options& options) {
         lines.write(fmt::format("rules: {}\n", name_of(options.rules)));
     }
     nal_unit unit;
-    std::uint64_t count = 0;
-    while (count < options.limit && units->next(unit)) {
-        const bool selected = unit.readable && options.types.test(unit.header.nal_unit_type) &&
-                              options.nal.value_or(unit.index) == unit.index;
-        if (selected) {
+    unit_selector selector(options.selection);
+    while (!selector.is_done() && units->next(unit)) {
+        if (selector.selects(unit)) {
             shown_progress.clear();
             lines.write(shown(reader, unit, options.style));
-            ++count;
         } else {
             no_output nothing;
             reader.read(unit, nothing);
         }
         faults.tell_faults(unit);
         shown_progress.show(unit.offset);
-        if (options.nal == unit.index && unit.readable) {
-            break;
-        }
     }
     shown_progress.clear();
     lines.finish();
+    selector.require_match(stream->file().name());
     return faults.status();
 }
 

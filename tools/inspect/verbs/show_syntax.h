@@ -5,12 +5,8 @@
 
 #include "elements/rule_set.h"
 #include "process/exit_status.h"
-#include "units/type_name.h"
+#include "units/unit_selection.h"
 
-#include <bitset>
-#include <cstdint>
-#include <limits>
-#include <optional>
 #include <string>
 
 namespace kovran::inspect {
@@ -21,9 +17,7 @@ struct syntax_options {
     std::string file;
     h2645_common_nalfmt format = nalfmt_annex_b;
     rule_set rules = rule_set::standard;
-    std::optional<std::uint64_t> nal;  // only the unit with this index
-    std::bitset<type_count> types = ~std::bitset<type_count>{};
-    std::uint64_t limit = std::numeric_limits<std::uint64_t>::max();  // units shown
+    unit_selection selection;
     syntax_style style = syntax_style::tree;
 };
 
