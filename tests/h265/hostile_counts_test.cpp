@@ -11,7 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <new>
-#include <string>
+#include <vector>
 
 #include "support/allocation_failure.h"
 #include "support/bit_writer.h"
@@ -20,8 +20,9 @@
 
 namespace kovran {
 namespace {
-// What the shortest data can ask for by the largest counts that are accepted. The sizes are those
-// of arrays of 4-byte values and of bits, beside the records that hold them.
+// What the shortest data can ask for by the largest counts that are accepted, exactly. The sizes
+// are those of arrays of 4-byte values and of bits, beside the records that hold them. Behind the
+// data all bits are zeros.
 
 using test::allocation_count;
 using test::bit_writer;
@@ -52,14 +53,18 @@ cost cost_of(const bit_writer& data, Parse parse) {
 void expect_cost(const cost& measured, std::size_t data, std::size_t memory,
                  std::size_t bits_behind_the_end) {
     EXPECT_EQ(measured.data, data);
-    EXPECT_LE(measured.memory, memory);
-    EXPECT_GE(measured.memory, memory / 2);  // the counts are accepted, and make the arrays long
-    EXPECT_LE(measured.bits_behind_the_end, bits_behind_the_end);
+    EXPECT_EQ(measured.memory, memory);
+    EXPECT_EQ(measured.bits_behind_the_end, bits_behind_the_end);
 }
 
 constexpr std::size_t value = sizeof(unsigned int);
-constexpr std::size_t flags_of_128 = 16;
-constexpr std::size_t longest_code = 32;  // of a ue(v) behind the end
+constexpr std::size_t flags = sizeof(std::uint64_t);  // up to 64 of them
+constexpr std::size_t code = 32;                      // the bits of a ue(v) that are zeros
+
+// The bits of rbsp_trailing_bits() that begin at this one.
+constexpr std::size_t trailing_bits(std::size_t position) {
+    return 8 - position % 8;
+}
 
 // ---- Slice segment headers
 
@@ -100,17 +105,18 @@ TEST(HostileCounts, OfLongTermPicturesTakeThirteenMegabytes) {
     state.sps_store[0].long_term_ref_pics_present_flag = true;
     state.sps_store[0].num_long_term_ref_pics_sps = 1;
     const cost measured = state.cost_of_slice(p_slice().ue(0).ue(largest_array).u<1>(0));
-    // Each entry: poc_lsb_lt in 4 bits and two flags.
+    // Behind 10, 1 and 41 bits each entry: poc_lsb_lt in 4 bits and two flags. Then
+    // num_ref_idx_active_override_flag and ref_pic_list_modification_flag_l0.
     expect_cost(measured, 7, 3 * largest_array * value + 2 * largest_array / 8,
-                std::size_t{6} * largest_array);
+                52 + std::size_t{6} * largest_array + 2 - 56);
 }
 
 TEST(HostileCounts, OfListEntriesTakeFourMegabytes) {
     host state;
     const cost measured =
         state.cost_of_slice(p_slice().u<1>(1).ue(largest_array - 1).u<1>(1).u<1>(0));
-    // Each entry: 2 bits for the number of two pictures.
-    expect_cost(measured, 7, largest_array * value, std::size_t{2} * largest_array);
+    // Behind 10, 1, 41 and 1 bits each entry: 2 bits for the number of two pictures.
+    expect_cost(measured, 7, largest_array * value, 53 + std::size_t{2} * largest_array - 56);
 }
 
 // ---- Parameter sets
@@ -131,21 +137,27 @@ bit_writer vps_with_hrd_structures(unsigned int count, unsigned int sub_layers) 
 std::size_t memory_of_hrd_structures(std::size_t count, std::size_t sub_layers) {
     const std::size_t structure = sizeof(h265_hrd_parameters) +
                                   2 * sub_layers * sizeof(h265_nal_sub_layer_hrd_parameters) +
-                                  2 * sub_layers * value + 3 * sizeof(std::uint64_t);
+                                  2 * sub_layers * value + 3 * flags;
     return count * (structure + value) + count / 8;
 }
 
-// Everything else in those VPSs.
-constexpr std::size_t other_memory_of_vps = 1024;
+// Everything else in those VPSs: the general profile and the sub-layers, the ordering information,
+// and the row of a layer set.
+std::size_t other_memory_of_vps(std::size_t sub_layers) {
+    return flags + (sub_layers - 1) * sizeof(h265_profile_tier_level::layer_t) +
+           3 * sub_layers * value + sizeof(std::vector<bool>);
+}
 
 TEST(HostileCounts, OfHrdStructuresOfAVpsTakeAThirdOfAMegabyte) {
     const cost measured =
         cost_of<h265_nal_vps>(vps_with_hrd_structures(128, 8),
                               [](auto& record, auto& reader) { return record.parse(reader); });
-    // Each structure: its layer set and cprms_present_flag; of each sub-layer three flags and
-    // cpb_cnt_minus1.
-    expect_cost(measured, 30, memory_of_hrd_structures(128, 8) + other_memory_of_vps,
-                128 * (longest_code + 1 + 8 * (3 + longest_code)) + 64);
+    // Behind 221 and 15 bits each structure: its layer set and, but for the first,
+    // cprms_present_flag; of each sub-layer three flags and cpb_cnt_minus1. Then
+    // vps_extension_flag.
+    constexpr std::size_t end = 236 + 128 * (code + 8 * (3 + code)) + 127 + 1;
+    expect_cost(measured, 30, memory_of_hrd_structures(128, 8) + other_memory_of_vps(8),
+                end + trailing_bits(end) - 240);
 }
 
 // By the standard's rules there are up to 1024, of seven sub-layers.
@@ -153,8 +165,12 @@ TEST(HostileCounts, OfHrdStructuresOfAVpsTakeTwoAndAHalfMegabytesByTheStandard) 
     const cost measured = cost_of<h265_nal_vps>(
         vps_with_hrd_structures(1024, 7),
         [](auto& record, auto& reader) { return record.parse_standard(reader); });
-    expect_cost(measured, 31, memory_of_hrd_structures(1024, 7) + other_memory_of_vps,
-                1024 * (longest_code + 3 + 7 * (3 + longest_code)) + 64);
+    // Behind 221 and 21 bits the same, and the two flags of the common information that the first
+    // has. Each sub-layer takes over the flags of the general profile.
+    constexpr std::size_t end = 242 + 1024 * (code + 7 * (3 + code)) + 1023 + 2 + 1;
+    expect_cost(measured, 31,
+                memory_of_hrd_structures(1024, 7) + other_memory_of_vps(7) + 6 * flags,
+                end + trailing_bits(end) - 248);
 }
 
 TEST(HostileCounts, OfShortTermSetsOfAnSpsTakeThirtyKilobytes) {
@@ -169,8 +185,12 @@ TEST(HostileCounts, OfShortTermSetsOfAnSpsTakeThirtyKilobytes) {
         sps.payload(), [&](h265_nal_sps& record, h2645_common_bitreader& reader) {
             return record.parse(reader, vps_store);
         });
-    expect_cost(measured, 25, 128 * (sizeof(h265_st_ref_pic_set) + value) + 2 * flags_of_128 + 256,
-                128 * (longest_code + 1) + 2 * longest_code);
+    // The general profile, the ordering information, the sets, and the pictures of the first.
+    // Behind 195 bits each picture: its distance and a flag. The second set fails, behind its
+    // prediction flag and its two counts.
+    expect_cost(measured, 25,
+                flags + 3 * value + 128 * (sizeof(h265_st_ref_pic_set) + value) + 128 / 8,
+                195 + 128 * (code + 1) + 1 + 2 * code - 200);
 }
 
 TEST(HostileCounts, OfTilesOfAPpsTakeAKilobyte) {
@@ -186,7 +206,9 @@ TEST(HostileCounts, OfTilesOfAPpsTakeAKilobyte) {
         pps.payload(), [&](h265_nal_pps& record, h2645_common_bitreader& reader) {
             return record.parse(reader, sps_store);
         });
-    expect_cost(measured, 7, 2 * 128 * value, 2 * 128 * longest_code + 256);
+    // Behind 54 bits the sizes; then seven flags, and log2_parallel_merge_level_minus2 among them.
+    constexpr std::size_t end = 54 + 2 * 128 * code + 7 + code;
+    expect_cost(measured, 7, 2 * 128 * value, end + trailing_bits(end) - 56);
 }
 
 // ---- SEI messages
@@ -209,7 +231,8 @@ TEST(HostileCounts, OfABufferingPeriodTakeFourKilobytes) {
     const cost measured = cost_of<h265_nal_sei_buffering_period>(
         bit_writer().ue(0),
         [&](auto& record, auto& reader) { return record.parse(reader, store); });
-    expect_cost(measured, 1, 8 * 128 * value, 8 * 128 * std::size_t{32});
+    // Behind 3 bits delays and offsets of 32 bits.
+    expect_cost(measured, 1, 8 * 128 * value, 3 + 8 * 128 * std::size_t{32} - 8);
 }
 
 TEST(HostileCounts, OfPictureTimingTakeAKilobyte) {
@@ -217,7 +240,8 @@ TEST(HostileCounts, OfPictureTimingTakeAKilobyte) {
     const cost measured = cost_of<h265_nal_sei_pic_timing>(
         bit_writer().u<3>(0).ue(127).u<1>(0),
         [&](auto& record, auto& reader) { return record.parse(reader, store); });
-    expect_cost(measured, 3, 2 * 128 * value, 128 * (longest_code + 32));
+    // Behind 19 bits each unit: num_nalus_in_du_minus1 and, but for the last, a delay of 32 bits.
+    expect_cost(measured, 3, 2 * 128 * value, 19 + 128 * code + 127 * std::size_t{32} - 24);
 }
 
 // By the standard's rules there are as many decoding units as coding tree blocks.
@@ -232,7 +256,9 @@ TEST(HostileCounts, OfPictureTimingOfALargePictureTakeAMegabyteByTheStandard) {
     const cost measured = cost_of<h265_nal_sei_pic_timing>(
         bit_writer().u<3>(0).ue(largest_picture - 1).u<1>(0),
         [&](auto& record, auto& reader) { return record.parse_standard(reader, store); });
-    expect_cost(measured, 5, 2 * largest_picture * value, largest_picture * (longest_code + 32));
+    // Behind 39 bits each unit as above.
+    expect_cost(measured, 5, 2 * largest_picture * value,
+                39 + largest_picture * code + (largest_picture - 1) * std::size_t{32} - 40);
 }
 
 TEST(HostileCounts, OfActiveParameterSetsTakeAKilobyte) {
@@ -241,7 +267,8 @@ TEST(HostileCounts, OfActiveParameterSetsTakeAKilobyte) {
     const cost measured = cost_of<h265_nal_sei_active_parameter_sets>(
         bit_writer().u<4>(0).u<2>(0).ue(127),
         [&](auto& record, auto& reader) { return record.parse(reader, store); });
-    expect_cost(measured, 3, (128 + 64) * value, (128 + 64) * longest_code);
+    // Behind 21 bits the identifiers and the indices.
+    expect_cost(measured, 3, (128 + 64) * value, 21 + (128 + 64) * code - 24);
 }
 
 }  // namespace

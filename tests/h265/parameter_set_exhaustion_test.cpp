@@ -12,6 +12,7 @@
 #include "support/parameter_sets.h"
 #include "support/rbsp.h"
 #include "support/record_fields.h"
+#include "support/reuse_exhaustion.h"
 
 namespace kovran {
 namespace {
@@ -258,6 +259,191 @@ TEST(ParameterSetExhaustion, ClearsValidOfAnSps) {
 TEST(ParameterSetExhaustion, ClearsValidOfAPps) {
     expect_sound_use_of_memory(h265_nal_pps(), test::full_pps().syntax.rbsp().bytes(), parse_pps,
                                becomes_false<h265_nal_pps>);
+}
+
+// Records that have held something smaller, or something larger.
+
+using test::exhaustion;
+using test::expect_sound_reuse;
+
+template <class Record, class Parse>
+test::content<Record> content_of(const test::bit_writer& bits, Parse parse) {
+    return {bits, parse};
+}
+
+// NAL and VCL HRD parameters of one sub-layer and one CPB.
+test::bit_writer small_hrd_parameters() {
+    test::bit_writer bits;
+    bits.u<1>(1).u<1>(1).u<1>(0).u<4>(1).u<4>(2).u<5>(3).u<5>(4).u<5>(5);
+    bits.u<1>(1).ue(6).ue(0);
+    return bits.ue(7).ue(8).u<1>(1).ue(9).ue(10).u<1>(0);
+}
+
+test::bit_writer small_vui_parameters() {
+    test::bit_writer bits;
+    bits.u<4>(0).u<4>(0).u<1>(1).u<32>(1).u<32>(50).u<1>(0).u<1>(1);
+    return test::append(bits, small_hrd_parameters()).u<1>(0);
+}
+
+test::bit_writer predicted_scaling_lists() {
+    constexpr unsigned int matrices = 3 * 6 + 2;
+    test::bit_writer bits;
+    for (unsigned int i = 0; i < matrices; ++i) {
+        bits.u<1>(0).ue(i);
+    }
+    return bits;
+}
+
+test::bit_writer set_of_one_picture() {
+    return test::bit_writer().ue(1).ue(0).ue(2).u<1>(1);
+}
+
+TEST(ParameterSetReuse, SurvivesExhaustionInALayer) {
+    using layer_t = h265_profile_tier_level::layer_t;
+    const auto small =
+        content_of<layer_t>(test::bit_writer().u<8>(93), [](layer_t& layer, auto& reader) {
+            layer.profile_present_flag = false;
+            layer.level_present_flag = true;
+            return layer.parse(reader);
+        });
+    const auto large =
+        content_of<layer_t>(test::minimal_profile_tier_level(), [](layer_t& layer, auto& reader) {
+            layer.profile_present_flag = true;
+            layer.level_present_flag = true;
+            return layer.parse(reader);
+        });
+    expect_sound_reuse(small, large, exhaustion::returns_false, stays<layer_t>);
+}
+
+TEST(ParameterSetReuse, SurvivesExhaustionInAProfileTierLevel) {
+    const auto small = content_of<h265_profile_tier_level>(
+        test::minimal_profile_tier_level(),
+        [](auto& ptl, auto& reader) { return ptl.parse(true, 0, reader); });
+    const auto large = content_of<h265_profile_tier_level>(
+        test::full_profile_tier_level().syntax, [](auto& ptl, auto& reader) {
+            return ptl.parse(true, test::sample_max_sub_layers_minus1, reader);
+        });
+    // The general layer has its memory, so that it is sub_layers or a layer of it that fails.
+    const auto valid_after = [](const h265_profile_tier_level& failed, bool valid_before) {
+        return failed.sub_layers.empty() && valid_before;
+    };
+    expect_sound_reuse(small, large, exhaustion::returns_false, valid_after);
+}
+
+TEST(ParameterSetReuse, SurvivesExhaustionInHrdParameters) {
+    using sub_layer_hrd = h265_nal_sub_layer_hrd_parameters;
+    const auto of_cpbs = [](unsigned int cpb_count) {
+        test::bit_writer bits;
+        for (unsigned int i = 0; i < cpb_count; ++i) {
+            bits.ue(i).ue(2 * i).u<1>(1);
+        }
+        return content_of<sub_layer_hrd>(bits, [cpb_count](auto& hrd, auto& reader) {
+            return hrd.parse(0, cpb_count, h265_hrd_parameters(), reader);
+        });
+    };
+    expect_sound_reuse(of_cpbs(1), of_cpbs(4), exhaustion::returns_false,
+                       becomes_false<sub_layer_hrd>);
+
+    const auto small = content_of<h265_hrd_parameters>(
+        small_hrd_parameters(), [](auto& hrd, auto& reader) { return hrd.parse(true, 0, reader); });
+    const auto large = content_of<h265_hrd_parameters>(
+        test::full_hrd_parameters().syntax, [](auto& hrd, auto& reader) {
+            return hrd.parse(true, test::sample_max_sub_layers_minus1, reader);
+        });
+    expect_sound_reuse(small, large, exhaustion::returns_false, becomes_false<h265_hrd_parameters>);
+}
+
+TEST(ParameterSetReuse, SurvivesExhaustionInScalingListData) {
+    const auto parse = [](auto& lists, auto& reader) { return lists.parse(reader); };
+    expect_sound_reuse(
+        content_of<h265_scaling_list_data>(predicted_scaling_lists(), parse),
+        content_of<h265_scaling_list_data>(test::full_scaling_list_data().syntax, parse),
+        exhaustion::returns_false, becomes_false<h265_scaling_list_data>);
+}
+
+TEST(ParameterSetReuse, SurvivesExhaustionInAShortTermSet) {
+    const auto parse_first = [](auto& set, auto& reader) {
+        return set.parse(reader, h265_nal_sps(), 0, {});
+    };
+    const auto one_picture = content_of<h265_st_ref_pic_set>(set_of_one_picture(), parse_first);
+    expect_sound_reuse(
+        one_picture,
+        content_of<h265_st_ref_pic_set>(test::explicit_st_ref_pic_set().syntax, parse_first),
+        exhaustion::returns_false, becomes_false<h265_st_ref_pic_set>);
+
+    // Predicted from a set of one picture, and from one of three.
+    const auto predicted = [](unsigned int pictures, const test::bit_writer& bits) {
+        std::vector<h265_st_ref_pic_set> sets(1);
+        sets[0].num_negative_pics = sets[0].NumDeltaPocs = pictures;
+        return content_of<h265_st_ref_pic_set>(bits, [sets](auto& set, auto& reader) {
+            return set.parse(reader, h265_nal_sps(), 1, sets);
+        });
+    };
+    const auto small = predicted(1, test::bit_writer().u<1>(1).u<1>(0).ue(0).u<1>(1).u<1>(1));
+    // std::vector<bool> takes a word for 64 flags.
+    test::bit_writer many = test::bit_writer().u<1>(1).u<1>(0).ue(0);
+    for (unsigned int i = 0; i <= 100; ++i) {
+        many.u<1>(1);
+    }
+    expect_sound_reuse(small, predicted(100, many), exhaustion::returns_false,
+                       becomes_false<h265_st_ref_pic_set>);
+}
+
+TEST(ParameterSetReuse, SurvivesExhaustionInAVui) {
+    const auto of_sub_layers = [](const test::bit_writer& bits,
+                                  unsigned char max_sub_layers_minus1) {
+        return content_of<h265_vui_parameters>(
+            bits, [max_sub_layers_minus1](auto& vui, auto& reader) {
+                h265_nal_sps sps;
+                sps.sps_max_sub_layers_minus1 = max_sub_layers_minus1;
+                return vui.parse(reader, sps);
+            });
+    };
+    expect_sound_reuse(
+        of_sub_layers(small_vui_parameters(), 0),
+        of_sub_layers(test::full_vui_parameters().syntax, test::sample_max_sub_layers_minus1),
+        exhaustion::returns_false, becomes_false<h265_vui_parameters>);
+}
+
+TEST(ParameterSetReuse, SurvivesExhaustionInAVps) {
+    test::vps_syntax small;
+    small.layer_sets = test::bit_writer().u<6>(0).ue(1).u<1>(1);
+    // The first HRD structure has no common information.
+    small.timing_info = test::bit_writer().u<1>(1).u<32>(1).u<32>(50).u<1>(0).ue(1);
+    small.timing_info.ue(0).u<1>(1).ue(3).ue(0);
+    const auto valid_after = [](const h265_nal_vps& failed, bool valid_before) {
+        const h265_profile_tier_level& ptl = failed.profile_tier_level;
+        const bool behind_ptl =
+            ptl.valid && ptl.sub_layers.size() == test::sample_max_sub_layers_minus1;
+        return behind_ptl && valid_before;
+    };
+    expect_sound_reuse(content_of<h265_nal_vps>(small.rbsp(), parse_vps),
+                       content_of<h265_nal_vps>(test::full_vps().syntax.rbsp(), parse_vps),
+                       exhaustion::returns_false, valid_after);
+}
+
+TEST(ParameterSetReuse, SurvivesExhaustionInAnSps) {
+    test::sps_syntax small;
+    small.scaling_list = test::bit_writer().u<1>(1).u<1>(1);
+    test::append(small.scaling_list, predicted_scaling_lists());
+    small.short_term_ref_pic_sets = test::bit_writer().ue(1);
+    test::append(small.short_term_ref_pic_sets, set_of_one_picture());
+    small.long_term_ref_pics = test::bit_writer().u<1>(1).ue(1).u<8>(5).u<1>(1);
+    small.vui = test::bit_writer().u<1>(1);
+    test::append(small.vui, small_vui_parameters());
+    expect_sound_reuse(content_of<h265_nal_sps>(small.rbsp(), parse_sps),
+                       content_of<h265_nal_sps>(test::full_sps().syntax.rbsp(), parse_sps),
+                       exhaustion::returns_false, becomes_false<h265_nal_sps>);
+}
+
+TEST(ParameterSetReuse, SurvivesExhaustionInAPps) {
+    test::pps_syntax small;
+    small.tiles = test::bit_writer().u<1>(1).u<1>(0).ue(1).ue(1).u<1>(0).ue(3).ue(4).u<1>(1);
+    small.scaling_list = test::bit_writer().u<1>(1);
+    test::append(small.scaling_list, predicted_scaling_lists());
+    expect_sound_reuse(content_of<h265_nal_pps>(small.rbsp(), parse_pps),
+                       content_of<h265_nal_pps>(test::full_pps().syntax.rbsp(), parse_pps),
+                       exhaustion::returns_false, becomes_false<h265_nal_pps>);
 }
 
 // What the full structures have that the standard does not allow, or reads otherwise, gives way

@@ -12,6 +12,7 @@
 #include "support/allocation_failure.h"
 #include "support/bit_writer.h"
 #include "support/rbsp.h"
+#include "support/reuse_exhaustion.h"
 #include "support/slice_record_fields.h"
 
 namespace kovran {
@@ -562,6 +563,123 @@ TEST(SliceReuse, AllocatesNothingForALikeMessage) {
     expect_no_allocation_when_parsed_again<h265_nal_sei_pic_timing>(pic_timing(), parse_pic_timing);
     expect_no_allocation_when_parsed_again<h265_nal_sei_buffering_period>(buffering_period(),
                                                                           parse_buffering_period);
+}
+
+using test::exhaustion;
+using test::expect_sound_reuse;
+
+template <class Record>
+bool clears_valid(const Record& /*failed*/, bool /*valid_before*/) {
+    return false;
+}
+
+template <class Record>
+bool leaves_valid(const Record& /*failed*/, bool valid_before) {
+    return valid_before;
+}
+
+template <class Record, class Parse>
+test::content<Record> content_of(const test::bit_writer& bits, Parse parse) {
+    return {bits, parse};
+}
+
+TEST(SliceReuse, SurvivesExhaustionInASlice) {
+    // A long-term picture of the SPS, and a list of one of the two pictures there are.
+    slice_syntax small;
+    small.long_term_pictures = test::bit_writer().ue(1).ue(0).u<2>(2).u<1>(0).u<1>(1);
+    small.reference_indices = test::bit_writer().u<1>(1).u<1>(0).u<1>(1).ue(0).ue(0);
+    small.lists = test::bit_writer().u<1>(1).u<2>(1).u<1>(1).u<2>(1);
+    // More of everything than a word of std::vector<bool> holds.
+    constexpr unsigned int pictures = 70;
+    slice_syntax large;
+    large.long_term_pictures = test::bit_writer().ue(1).ue(pictures).u<2>(0).u<1>(0);
+    for (unsigned int i = 0; i < pictures; ++i) {
+        large.long_term_pictures.u<4>(i % 16).u<1>(1).u<1>(0);
+    }
+    large.long_term_pictures.u<1>(1);  // slice_temporal_mvp_enabled_flag
+    expect_sound_reuse(content_of<h265_slice_segment_header>(small.bits(), parse_slice),
+                       content_of<h265_slice_segment_header>(large.bits(), parse_slice),
+                       exhaustion::throws, clears_valid<h265_slice_segment_header>);
+}
+
+TEST(SliceReuse, SurvivesExhaustionInTheSetOfASlice) {
+    // I slices without long-term pictures, and sets of one picture and of 70.
+    const auto with_set = [](unsigned int pictures) {
+        test::bit_writer bits;
+        bits.u<1>(0).u<1>(1).ue(2).u<6>(59).ue(2).u<4>(11).u<1>(0).u<1>(0).ue(pictures).ue(0);
+        for (unsigned int i = 0; i < pictures; ++i) {
+            bits.ue(0).u<1>(1);
+        }
+        bits.ue(0).ue(0).u<1>(1).u<1>(1).u<1>(0);
+        return content_of<h265_slice_segment_header>(bits, parse_slice);
+    };
+    expect_sound_reuse(with_set(1), with_set(70), exhaustion::returns_false,
+                       clears_valid<h265_slice_segment_header>);
+}
+
+TEST(SliceReuse, SurvivesExhaustionInAListModification) {
+    const auto of_entries = [](unsigned int entries) {
+        h265_slice_segment_header header;
+        header.NumPicTotalCurr = 3;
+        header.num_ref_idx_l0_active_minus1 = entries - 1;
+        header.num_ref_idx_l1_active_minus1 = entries - 1;
+        test::bit_writer bits;
+        for (int list = 0; list < 2; ++list) {
+            bits.u<1>(1);
+            for (unsigned int i = 0; i < entries; ++i) {
+                bits.u<2>(i % 3);
+            }
+        }
+        return content_of<h265_ref_pic_lists_modification>(
+            bits, [header](auto& lists, auto& reader) { return lists.parse(reader, header); });
+    };
+    expect_sound_reuse(of_entries(1), of_entries(5), exhaustion::throws,
+                       clears_valid<h265_ref_pic_lists_modification>);
+}
+
+TEST(SliceReuse, SurvivesExhaustionInActiveParameterSets) {
+    const auto of = [](unsigned char max_layers_minus1, unsigned int sps_ids) {
+        auto store = vps_store_with_layers();
+        store[3].vps_max_layers_minus1 = max_layers_minus1;
+        test::bit_writer bits = test::bit_writer().u<4>(3).u<1>(1).u<1>(1).ue(sps_ids - 1);
+        for (unsigned int i = 0; i < sps_ids + max_layers_minus1; ++i) {
+            bits.ue(i);
+        }
+        return content_of<h265_nal_sei_active_parameter_sets>(
+            bits, [store](auto& sets, auto& reader) mutable { return sets.parse(reader, store); });
+    };
+    expect_sound_reuse(of(0, 1), of(2, 5), exhaustion::returns_false,
+                       clears_valid<h265_nal_sei_active_parameter_sets>);
+}
+
+TEST(SliceReuse, SurvivesExhaustionInPictureTiming) {
+    const auto of_units = [](unsigned int units) {
+        test::bit_writer bits;
+        bits.u<4>(3).u<2>(1).u<1>(1).u<8>(11).u<8>(12).u<8>(13).ue(units - 1).u<1>(0);
+        for (unsigned int i = 0; i + 1 < units; ++i) {
+            bits.ue(4).u<8>(14);
+        }
+        return content_of<h265_nal_sei_pic_timing>(bits.ue(6), parse_pic_timing);
+    };
+    expect_sound_reuse(of_units(1), of_units(5), exhaustion::returns_false,
+                       leaves_valid<h265_nal_sei_pic_timing>);
+}
+
+TEST(SliceReuse, SurvivesExhaustionInABufferingPeriod) {
+    const auto of_cpbs = [](unsigned int cpb_cnt_minus1) {
+        auto store = sps_store_with_hrd();
+        store[0].vui_parameters.hrd_parameters.cpb_cnt_minus1 = {cpb_cnt_minus1};
+        test::bit_writer bits;
+        bits.ue(0).u<1>(1).u<8>(21);
+        for (unsigned int i = 0; i < 8 * (cpb_cnt_minus1 + 1); ++i) {
+            bits.u<8>(22 + i);
+        }
+        bits.u<1>(1).trailing_bits();
+        return content_of<h265_nal_sei_buffering_period>(
+            bits, [store](auto& period, auto& reader) { return period.parse(reader, store); });
+    };
+    expect_sound_reuse(of_cpbs(0), of_cpbs(3), exhaustion::returns_false,
+                       leaves_valid<h265_nal_sei_buffering_period>);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <stdexcept>
 
 namespace kovran::test {
 namespace {
@@ -14,6 +15,9 @@ std::vector<std::string> find_streams() {
         if (entry.path().extension() == ".hevc") {
             names.push_back(entry.path().stem().string());
         }
+    }
+    if (names.empty()) {
+        throw std::runtime_error("no streams in " KOVRAN_TEST_STREAMS);
     }
     std::sort(names.begin(), names.end());
     return names;
