@@ -133,12 +133,13 @@ void add_avx2(kernels& all) {
 #endif
 
 bytes sample(const std::string& name) {
-    std::ifstream file(KOVRAN_SAMPLES "/" + name, std::ios::binary);
+    std::ifstream file(KOVRAN_STREAMS "/" + name, std::ios::binary);
     require(file.is_open(), name);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
 // A sample and a host that has read it.
+template <rules read_by>
 struct read_sample {
     explicit read_sample(const std::string& name) : stream(sample(name)), units(nal_units(stream)) {
         require(read_all(), name);
@@ -166,20 +167,21 @@ struct read_sample {
 
     bytes stream;
     std::vector<h265_nal_reader> units;
-    host reader;
+    host_by<read_by> reader;
 };
 
-void add_syntax(kernels& all) {
-    for (const std::string name : {"sei_everything", "kvazaar_vui_full"}) {
-        const auto input = std::make_shared<read_sample>(name + ".hevc");
-        host& reader = input->reader;
-        all["walk/" + name] = [input] {
+template <rules read_by>
+void add_syntax(kernels& all, const std::string& suffix) {
+    for (const std::string name : {"sei_everything", "kvazaar_vui_full", "kvazaar_tiles_slices"}) {
+        const auto input = std::make_shared<read_sample<read_by>>(name + ".hevc");
+        host_by<read_by>& reader = input->reader;
+        all["walk/" + name + suffix] = [input] {
             input->units = nal_units(input->stream);
             return input->read_all();
         };
         const auto add = [&](const char* what, h265_nal_unit_type first, h265_nal_unit_type last,
                              auto read) {
-            all[what + name] = [input, first, last, read] {
+            all[what + name + suffix] = [input, first, last, read] {
                 return input->read_types(first, last, read);
             };
         };
@@ -192,28 +194,35 @@ void add_syntax(kernels& all) {
         add("slices/", TRAIL_N, CRA_NUT,
             [&reader](const h265_nal_reader& unit) { return reader.read_slice(unit); });
     }
-    const auto messages = std::make_shared<read_sample>("sei_everything.hevc");
-    all["sei/sei_everything"] = [messages] {
+    const auto messages = std::make_shared<read_sample<read_by>>("sei_everything.hevc");
+    all["sei/sei_everything" + suffix] = [messages] {
         return messages->read_types(PREFIX_SEI_NUT, SUFFIX_SEI_NUT,
                                     [&](const h265_nal_reader& unit) {
                                         return messages->reader.read_sei(unit, look_away);
                                     });
     };
-    const auto heavy = std::make_shared<std::pair<bytes, host>>(heavy_sps(), host());
+    using heavy_input = std::pair<bytes, host_by<read_by>>;
+    const auto heavy = std::make_shared<heavy_input>(heavy_sps(), host_by<read_by>());
     heavy->second.vps_store[0].valid = true;
-    all["sps/heavy"] = [heavy] {
+    all["sps/heavy" + suffix] = [heavy] {
         h2645_common_bitreader bits(heavy->first.data(), heavy->first.data() + heavy->first.size());
-        return heavy->second.sps.parse(bits, heavy->second.vps_store);
+        return heavy->second.parse(heavy->second.sps, bits, heavy->second.vps_store);
     };
 }
 
 void add_descriptions(kernels& all) {
     const auto sets = std::make_shared<parameter_sets>();
     all["vps/described"] = [sets] { return sets->described_vps(); };
+    all["vps/standard"] = [sets] { return sets->standard_vps(); };
+    all["vps/traced"] = [sets] { return sets->traced_vps(); };
     all["vps/written_by_hand"] = [sets] { return sets->written_vps(); };
     all["sps/described"] = [sets] { return sets->described_sps(); };
+    all["sps/standard"] = [sets] { return sets->standard_sps(); };
+    all["sps/traced"] = [sets] { return sets->traced_sps(); };
     all["sps/written_by_hand"] = [sets] { return sets->written_sps(); };
     all["pps/described"] = [sets] { return sets->described_pps(); };
+    all["pps/standard"] = [sets] { return sets->standard_pps(); };
+    all["pps/traced"] = [sets] { return sets->traced_pps(); };
     all["pps/written_by_hand"] = [sets] { return sets->written_pps(); };
 }
 
@@ -225,7 +234,8 @@ kernels all_kernels() {
 #if defined(__x86_64__)
     add_avx2(all);
 #endif
-    add_syntax(all);
+    add_syntax<rules::standard>(all, "");
+    add_syntax<rules::own>(all, "/own");
     add_descriptions(all);
     return all;
 }

@@ -11,9 +11,12 @@
 
 namespace kovran::benchmarks {
 
+enum class rules { standard, own };
+
 // Reads the headers of a stream as a host of the library does that keeps its records: whatever can
 // be used again is. The records may be looked at after each read.
-struct host {
+template <rules read_by>
+struct host_by {
     // Longer than any slice header that ends where kovran stops reading.
     static constexpr std::size_t first_bytes_of_slice = 128;
 
@@ -28,28 +31,43 @@ struct host {
     h265_nal_sei_pic_timing pic_timing;
     h265_nal_sei_active_parameter_sets active_parameter_sets;
 
+    template <class Record, class... Context>
+    [[nodiscard]] static bool parse(Record& record, h2645_common_bitreader& bits,
+                                    Context&&... context) {
+        if constexpr (read_by == rules::standard) {
+            return record.parse_standard(bits, context...);
+        } else {
+            return record.parse(bits, context...);
+        }
+    }
+
     // Each takes a unit that ends where its decode_fence says.
 
     [[nodiscard]] bool read_vps(const h265_nal_reader& unit) {
-        vps.cprms_present_flag.assign(1, true);
+        if (read_by == rules::own) {
+            vps.cprms_present_flag.assign(1, true);
+        }
         h2645_common_bitreader bits = rbsp_of(unit, size_of(unit));
-        return vps.parse(bits);
+        return parse(vps, bits);
     }
 
     [[nodiscard]] bool read_sps(const h265_nal_reader& unit) {
         h2645_common_bitreader bits = rbsp_of(unit, size_of(unit));
-        return sps.parse(bits, vps_store);
+        return parse(sps, bits, vps_store);
     }
 
     [[nodiscard]] bool read_pps(const h265_nal_reader& unit) {
         h2645_common_bitreader bits = rbsp_of(unit, size_of(unit));
-        return pps.parse(bits, sps_store);
+        return parse(pps, bits, sps_store);
     }
 
     [[nodiscard]] bool read_slice(const h265_nal_reader& unit) {
-        slice.dependent_slice_segment_flag = false;
+        if (read_by == rules::own) {
+            slice.dependent_slice_segment_flag = false;
+            slice.slice_pic_order_cnt_lsb = 0;  // an IDR picture has none
+        }
         h2645_common_bitreader bits = rbsp_of(unit, first_bytes_of_slice);
-        return slice.parse(bits, pps_store, sps_store, vps_store, unit.nal.nal_unit_type);
+        return parse(slice, bits, pps_store, sps_store, vps_store, unit.nal.nal_unit_type);
     }
 
     // `see` is called with each message, after its record has been read where there is one.
@@ -100,15 +118,15 @@ private:
         h2645_common_bitreader bits(message.payload_begin, message.payload_end);
         switch (message.payload_type) {
             case h265_nal_sei_payload_type_prefix_buffering_period:
-                if (!buffering_period.parse(bits, sps_store)) {
+                if (!parse(buffering_period, bits, sps_store)) {
                     return false;
                 }
                 sps_store.active_id = buffering_period.bp_seq_parameter_set_id;
                 return true;
             case h265_nal_sei_payload_type_prefix_pic_timing:
-                return pic_timing.parse(bits, sps_store);
+                return parse(pic_timing, bits, sps_store);
             case h265_nal_sei_payload_type_prefix_active_parameter_sets:
-                return active_parameter_sets.parse(bits, vps_store);
+                return parse(active_parameter_sets, bits, vps_store);
             default:
                 return true;
         }
@@ -116,6 +134,8 @@ private:
 
     bytes rbsp_;
 };
+
+using host = host_by<rules::standard>;
 
 // Sees SEI messages and does nothing.
 inline void look_away(const h265_nal_sei_reader& /*message*/) {}

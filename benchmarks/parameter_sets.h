@@ -8,11 +8,6 @@
 #include <kovran/h265/h265_nal_vps.h>
 
 #include "h2645_common/inlined_bitreader.h"
-#include "h2645_common/reading.h"
-#include "h265/h265_nal_pps.syntax.h"
-#include "h265/h265_nal_sps.syntax.h"
-#include "h265/h265_nal_vps.syntax.h"
-#include "h265/reading_rules.h"
 
 #include "hand_written.h"
 #include "inputs.h"
@@ -49,18 +44,41 @@ public:
 
     bool described_vps() {
         h2645_common_bitreader bits = reader_of(vps_rbsp_);
-        reading<own_rules> walk(bits);
-        return video_parameter_set_rbsp(walk, vps_store_[0]);
+        return vps_store_[0].parse(bits);
     }
     bool described_sps() {
         h2645_common_bitreader bits = reader_of(sps_rbsp_);
-        reading<own_rules> walk(bits);
-        return seq_parameter_set_rbsp(walk, sps_store_[0], vps_store_);
+        return sps_store_[0].parse(bits, vps_store_);
     }
     bool described_pps() {
         h2645_common_bitreader bits = reader_of(pps_rbsp_);
-        reading<own_rules> walk(bits);
-        return pic_parameter_set_rbsp(walk, pps_, sps_store_);
+        return pps_.parse(bits, sps_store_);
+    }
+
+    bool standard_vps() {
+        h2645_common_bitreader bits = reader_of(vps_rbsp_);
+        return vps_store_[0].parse_standard(bits);
+    }
+    bool standard_sps() {
+        h2645_common_bitreader bits = reader_of(sps_rbsp_);
+        return sps_store_[0].parse_standard(bits, vps_store_);
+    }
+    bool standard_pps() {
+        h2645_common_bitreader bits = reader_of(pps_rbsp_);
+        return pps_.parse_standard(bits, sps_store_);
+    }
+
+    bool traced_vps() {
+        h2645_common_bitreader bits = reader_of(vps_rbsp_);
+        return vps_store_[0].parse_standard(bits, trace_);
+    }
+    bool traced_sps() {
+        h2645_common_bitreader bits = reader_of(sps_rbsp_);
+        return sps_store_[0].parse_standard(bits, vps_store_, trace_);
+    }
+    bool traced_pps() {
+        h2645_common_bitreader bits = reader_of(pps_rbsp_);
+        return pps_.parse_standard(bits, sps_store_, trace_);
     }
 
     bool written_vps() {
@@ -87,6 +105,7 @@ private:
     h2645_common_base_store<h265_nal_vps> vps_store_;
     h2645_common_base_store<h265_nal_sps> sps_store_;
     h265_nal_pps pps_;
+    h265_trace trace_;
 };
 
 }  // namespace kovran::benchmarks

@@ -41,7 +41,8 @@ inline const sei_stream& the_sei_stream() {
 
 // A host that has read the parameter sets and all messages once: their types, and pic_struct, as
 // the delays of picture timing are wider than the fields that GStreamer has for them.
-inline values values_of_messages(host& reader) {
+template <class Host>
+values values_of_messages(Host& reader) {
     const sei_stream& input = the_sei_stream();
     for (const h265_nal_reader& unit : input.parameter_sets) {
         require(reader.read(unit, look_away), "parameter sets of the SEI messages");

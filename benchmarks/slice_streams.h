@@ -55,13 +55,13 @@ inline void append_values_of(values& all, const h265_slice_segment_header& slice
 }
 
 // A host that has read the stream's parameter sets, and its slices once.
-inline values values_of_slices(host& reader, const slice_stream& input) {
+template <class Host>
+values values_of_slices(Host& reader, const slice_stream& input) {
     for (const h265_nal_reader& unit : input.parameter_sets) {
         require(reader.read(unit, look_away), "parameter sets of " + input.name);
     }
     values all;
     for (const h265_nal_reader& unit : input.slices) {
-        reader.slice.slice_pic_order_cnt_lsb = 0;  // an IDR picture has none
         require(reader.read_slice(unit), "slice headers of " + input.name);
         append_values_of(all, reader.slice);
     }

@@ -12,8 +12,9 @@ namespace {
 
 constexpr unsigned int intra = 2;
 
+template <rules read_by>
 stream_seen walk(bytes& stream) {
-    host reader;
+    host_by<read_by> reader;
     stream_seen seen;
     unsigned char* const end = stream.data() + stream.size();
     h265_nal_reader next(nalfmt_annex_b);
@@ -23,7 +24,6 @@ stream_seen walk(bytes& stream) {
         next.scan(next.cursor, end);
         unit.decode_fence = next.found ? next.frame_begin - next.zero_count : end;
 
-        reader.slice.slice_pic_order_cnt_lsb = 0;
         const bool read =
             reader.read(unit, [&seen](const h265_nal_sei_reader&) { ++seen.messages; });
         ++seen.units;
@@ -39,7 +39,8 @@ stream_seen walk(bytes& stream) {
 }
 
 const bool registered = [] {
-    add_walk_contender("kovran", walk, [](stream_seen&) {});
+    add_walk_contender("kovran", walk<rules::standard>, [](stream_seen&) {});
+    add_walk_contender("kovran_parse", walk<rules::own>, [](stream_seen&) {});
     return true;
 }();
 
@@ -50,7 +51,7 @@ std::vector<walk_input>& walk_inputs() {
         std::vector<walk_input> made;
         for (const char* name : {"lo", "rich"}) {
             bytes stream = stream_file(name);
-            const stream_seen seen = walk(stream);
+            const stream_seen seen = walk<rules::standard>(stream);
             made.push_back({name, std::move(stream), seen});
         }
         return made;

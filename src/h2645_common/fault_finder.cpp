@@ -13,10 +13,12 @@ bool same(const h2645_common_element_name& a, const h2645_common_element_name& b
 
 }  // namespace
 
-fault_finder::fault_finder(h2645_common_fault* fault) : fault_(fault) {
+void fault_finder::start() {
     if (fault_ != nullptr) {
         *fault_ = {};
     }
+    reads_ = 0;
+    path_of_last_kept_ = false;
 }
 
 void fault_finder::open(const h2645_common_element_name& structure) {

@@ -18,7 +18,9 @@ namespace kovran {
 class fault_finder {
 public:
     // `fault` may be null: then nothing is told.
-    explicit fault_finder(h2645_common_fault* fault);
+    explicit fault_finder(h2645_common_fault* fault) : fault_(fault) {}
+
+    void start();
 
     void open(const h2645_common_element_name& structure);
     void close(bool walked);

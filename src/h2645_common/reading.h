@@ -6,6 +6,7 @@
 #include "h2645_common/element.h"
 #include "h2645_common/inlined_bitreader.h"
 #include "h2645_common/resize.h"
+#include "h2645_common/store_lookup.h"
 #include "h2645_common/value_range.h"
 
 #include <cstddef>
@@ -31,6 +32,9 @@ public:
     reading(const reading&) = delete;
     reading& operator=(const reading&) = delete;
     ~reading() { source_ = reader; }
+
+    // Back to where the walk began.
+    void go_back() { reader = inlined_bitreader(source_); }
 
     // Descriptors of clause 7.2. u_v is u(v), a width that comes from the stream. They are inlined
     // at every element, however many a description has, so that known widths stay constants.
@@ -102,6 +106,12 @@ public:
                                                       std::uint64_t entries,
                                                       unsigned int fewest_bits) {
         return Rules::data_may_end || holds(entries, fewest_bits);
+    }
+
+    // The valid parameter set that another one names. Not looked for where only ranges hang on it.
+    template <class Store>
+    [[nodiscard, gnu::always_inline]] auto* named_set(Store& stored, unsigned int id) {
+        return Rules::needs_named_set ? find_valid_entry(stored, id) : nullptr;
     }
 
     // What a description returns when its store has no such parameter set.

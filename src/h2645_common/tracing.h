@@ -31,9 +31,12 @@ public:
           bits_of_data_(8 * (source.address(source.end) - source.address(source.start))),
           trace_(trace),
           fault_(fault) {
-        if (trace_ != nullptr) {
-            trace_->clear();
-        }
+        start();
+    }
+
+    void go_back() {
+        reading<Rules>::go_back();
+        start();
     }
 
     template <class Field>
@@ -143,6 +146,11 @@ public:
         return false;
     }
 
+    template <class Store>
+    [[nodiscard]] auto* named_set(Store& stored, unsigned int id) {
+        return find_valid_entry(stored, id);
+    }
+
     [[nodiscard]] bool missing(const char* parameter_set, unsigned int id) {
         fault_.missing(parameter_set, id);
         return false;
@@ -183,6 +191,13 @@ public:
     }
 
 private:
+    void start() {
+        if (trace_ != nullptr) {
+            trace_->clear();
+        }
+        fault_.start();
+    }
+
     static constexpr bool takes_notes = std::is_base_of_v<rule_notes, Rules>;
 
     [[nodiscard]] const char* take_note() {

@@ -2,7 +2,6 @@
 #define KOVRAN_SRC_H265_H265_NAL_PPS_SYNTAX_H
 
 #include "h2645_common/element.h"
-#include "h2645_common/store_lookup.h"
 #include "h2645_common/value_range.h"
 #include "h265/h265_scaling_list_data.syntax.h"
 #include "h265/pps_ranges.h"
@@ -42,11 +41,10 @@ template <class Walker, class Pps, class SpsStore>
         !walk.at_most(ELEMENT(pps, pps_seq_parameter_set_id), walk.rules.max_sps_id)) {
         return false;
     }
-    const auto* const sps = find_valid_entry(sps_store, pps.pps_seq_parameter_set_id);
+    const auto* const sps = walk.named_set(sps_store, pps.pps_seq_parameter_set_id);
     if (!walk.rules.has_named_set(sps)) {
         return walk.missing("SPS", pps.pps_seq_parameter_set_id);
     }
-    const auto ranges = [sps] { return pps_ranges(sps); };
 
     walk.u(1, ELEMENT(pps, dependent_slice_segments_enabled_flag));
     walk.u(1, ELEMENT(pps, output_flag_present_flag));
@@ -62,13 +60,13 @@ template <class Walker, class Pps, class SpsStore>
                       walk.rules.max_ref_idx_active_minus1)) {
         return false;
     }
-    walk.se(ELEMENT(pps, init_qp_minus26), ranges().init_qp_minus26);
+    walk.se(ELEMENT(pps, init_qp_minus26), init_qp_range(sps));
 
     walk.u(1, ELEMENT(pps, constrained_intra_pred_flag));
     walk.u(1, ELEMENT(pps, transform_skip_enabled_flag));
     walk.u(1, ELEMENT(pps, cu_qp_delta_enabled_flag));
     if (pps.cu_qp_delta_enabled_flag) {
-        walk.ue(ELEMENT(pps, diff_cu_qp_delta_depth), ranges().diff_cu_qp_delta_depth);
+        walk.ue(ELEMENT(pps, diff_cu_qp_delta_depth), cu_qp_delta_depth_range(sps));
     } else {
         walk.assign(pps.diff_cu_qp_delta_depth, 0);
     }
@@ -83,8 +81,8 @@ template <class Walker, class Pps, class SpsStore>
     walk.u(1, ELEMENT(pps, tiles_enabled_flag));
     walk.u(1, ELEMENT(pps, entropy_coding_sync_enabled_flag));
     if (pps.tiles_enabled_flag) {
-        walk.ue(ELEMENT(pps, num_tile_columns_minus1), ranges().num_tile_columns_minus1);
-        walk.ue(ELEMENT(pps, num_tile_rows_minus1), ranges().num_tile_rows_minus1);
+        walk.ue(ELEMENT(pps, num_tile_columns_minus1), tile_columns_range(sps));
+        walk.ue(ELEMENT(pps, num_tile_rows_minus1), tile_rows_range(sps));
         walk.u(1, ELEMENT(pps, uniform_spacing_flag));
         if (!pps.uniform_spacing_flag && !pps_tile_sizes(walk, pps)) {
             return false;
@@ -114,8 +112,7 @@ template <class Walker, class Pps, class SpsStore>
     }
 
     walk.u(1, ELEMENT(pps, lists_modification_present_flag));
-    walk.ue(ELEMENT(pps, log2_parallel_merge_level_minus2),
-            ranges().log2_parallel_merge_level_minus2);
+    walk.ue(ELEMENT(pps, log2_parallel_merge_level_minus2), parallel_merge_level_range(sps));
     walk.u(1, ELEMENT(pps, slice_segment_header_extension_present_flag));
 
     walk.u(1, ELEMENT(pps, pps_extension_present_flag));

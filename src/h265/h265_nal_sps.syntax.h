@@ -2,7 +2,6 @@
 #define KOVRAN_SRC_H265_H265_NAL_SPS_SYNTAX_H
 
 #include "h2645_common/element.h"
-#include "h2645_common/store_lookup.h"
 #include "h2645_common/value_range.h"
 #include "h2645_common/wrapping.h"
 #include "h265/h265_profile_tier_level.syntax.h"
@@ -22,7 +21,7 @@ template <class Walker, class Sps, class VpsStore>
     walk.clear(sps.valid);
 
     walk.u(4, ELEMENT(sps, sps_video_parameter_set_id));
-    if (!walk.rules.has_named_set(find_valid_entry(vps_store, sps.sps_video_parameter_set_id))) {
+    if (!walk.rules.has_named_set(walk.named_set(vps_store, sps.sps_video_parameter_set_id))) {
         return walk.missing("VPS", sps.sps_video_parameter_set_id);
     }
     walk.u(3, ELEMENT(sps, sps_max_sub_layers_minus1), up_to(6));

@@ -13,6 +13,7 @@ namespace kovran {
 template <class Walker, class ScalingLists>
 [[nodiscard]] bool scaling_list_data(Walker& walk, ScalingLists& lists) {
     walk.clear(lists.valid);
+    walk.rules.begin_scaling_lists(lists);
     if (!walk.grow(4, lists.ScalingList, lists.scaling_list_pred_mode_flag) ||
         !walk.grow(2, lists.scaling_list_dc_coef_minus8) ||
         !walk.grow(4, lists.scaling_list_pred_matrix_id_delta)) {

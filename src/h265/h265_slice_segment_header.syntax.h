@@ -88,6 +88,7 @@ template <class Walker, class Slice, class Sps>
             return false;
         }
     } else {
+        walk.rules.end_absent_structure(slice.st_ref_pic_set);
         if (sps.num_short_term_ref_pic_sets > 1) {
             walk.u_v(walk.rules.index_width(sps.num_short_term_ref_pic_sets),
                      ELEMENT(slice, short_term_ref_pic_set_idx),
@@ -182,6 +183,7 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
                  between(1, std::int64_t{PicSizeInCtbsY} - 1));
     }
     if (walk.rules.is_dependent(slice)) {
+        walk.rules.end_absent_structure(slice.st_ref_pic_set);
         return walk.finish(slice.valid);
     }
 
@@ -200,8 +202,9 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
     if (sps->separate_colour_plane_flag) {
         walk.u(2, ELEMENT(slice, colour_plane_id), up_to(2));
     }
-    if (nal_unit_type != IDR_W_RADL && nal_unit_type != IDR_N_LP &&
-        !slice_ref_pic_sets(walk, slice, *sps)) {
+    if (nal_unit_type == IDR_W_RADL || nal_unit_type == IDR_N_LP) {
+        walk.rules.end_absent_structure(slice.st_ref_pic_set);
+    } else if (!slice_ref_pic_sets(walk, slice, *sps)) {
         return false;
     }
 

@@ -79,6 +79,7 @@ template <class Walker, class Set, class Sps, class Sets>
         return walk.finish(set.valid);
     }
 
+    walk.rules.end_absent_prediction(set);
     walk.ue(ELEMENT(set, num_negative_pics), reference_pictures_range(sps));
     walk.ue(ELEMENT(set, num_positive_pics), reference_pictures_range(sps, set.num_negative_pics));
     if (!walk.at_most(ELEMENT(set, num_negative_pics), walk.rules.max_pics_in_one_direction) ||

@@ -29,33 +29,46 @@ template <class Describe>
     return walk.end(describe(walk));
 }
 
-template <class Describe>
-[[nodiscard]] bool walk_by_standard(h2645_common_bitreader& reader, h265_trace* trace,
-                                    h265_fault* fault, const Describe& describe) {
-    if (trace == nullptr && fault == nullptr) {
-        reading<standard_rules> walk(reader);
-        return describe(walk);
-    }
-    tracing<standard_rules> walk(reader, trace, fault);
-    return walk.end(describe(walk));
-}
-
 // Into a record that starts afresh and keeps the memory of its arrays. A walk that fails has not
 // come to all of them: the record then gives up what it had, and is read once more, up to the
 // fault.
+template <class Record, class Walk, class Describe>
+[[nodiscard, gnu::always_inline]] inline bool walk_into(Record& record, Walk& walk,
+                                                        const Describe& describe) {
+    const bool has_entries = start_afresh(record) != 0;
+    try {
+        if (describe(walk)) {
+            return true;
+        }
+    } catch (...) {
+        record = Record{};
+        throw;
+    }
+    if (!has_entries) {
+        return false;
+    }
+    record = Record{};
+    walk.go_back();
+    return describe(walk);
+}
+
+template <class Record, class Describe>
+[[nodiscard, gnu::noinline]] bool trace_by_standard(Record& record, h2645_common_bitreader& reader,
+                                                    h265_trace* trace, h265_fault* fault,
+                                                    const Describe& describe) {
+    tracing<standard_rules> walk(reader, trace, fault);
+    return walk.end(walk_into(record, walk, describe));
+}
+
 template <class Record, class Describe>
 [[nodiscard]] bool parse_by_standard(Record& record, h2645_common_bitreader& reader,
                                      h265_trace* trace, h265_fault* fault,
                                      const Describe& describe) {
-    const h2645_common_bitreader start = reader;
-    const bool has_entries = start_afresh(record);
-    const bool read = walk_by_standard(reader, trace, fault, describe);
-    if (read || !has_entries) {
-        return read;
+    if (trace != nullptr || fault != nullptr) {
+        return trace_by_standard(record, reader, trace, fault, describe);
     }
-    record = Record{};
-    reader = start;
-    return walk_by_standard(reader, trace, fault, describe);
+    reading<standard_rules> walk(reader);
+    return walk_into(record, walk, describe);
 }
 
 }  // namespace kovran

@@ -5,34 +5,44 @@
 #include "h265/picture_size.h"
 #include "h265/sps_ranges.h"
 
-#include <algorithm>
 #include <cstdint>
 
 namespace kovran {
 
-// What those elements of a PPS may be that hang on its SPS, clause 7.4.3.3.1.
-struct ranges_by_sps {
-    value_range init_qp_minus26;
-    value_range diff_cu_qp_delta_depth;
-    value_range num_tile_columns_minus1;
-    value_range num_tile_rows_minus1;
-    value_range log2_parallel_merge_level_minus2;
-};
+// What those elements of a PPS may be that hang on its SPS, clause 7.4.3.3.1. A PPS may come before
+// its SPS: without one, null, they are what any SPS allows.
 
-// A PPS may come before its SPS: without one they are what any SPS allows.
 template <class Sps>
-[[nodiscard]] ranges_by_sps pps_ranges(const Sps* sps) {
-    if (sps == nullptr) {
-        constexpr std::int64_t largest_qp_bd_offset = 48;
-        return {between(-26 - largest_qp_bd_offset, 25), up_to(largest_ctb_log2_size - 3),
-                up_to(longest_side_in_ctbs - 1), up_to(longest_side_in_ctbs - 1),
-                up_to(largest_ctb_log2_size - 2)};
-    }
-    const std::int64_t QpBdOffsetY = 6 * std::int64_t{sps->bit_depth_luma_minus8};
-    const picture_size size = picture_size_in_ctbs(*sps);
-    return {between(-26 - QpBdOffsetY, 25), up_to(sps->log2_diff_max_min_luma_coding_block_size),
-            up_to(std::int64_t{size.width} - 1), up_to(std::int64_t{size.height} - 1),
-            up_to(ctb_log2_size(*sps) - 2)};
+[[nodiscard]] value_range init_qp_range(const Sps* sps) {
+    constexpr std::int64_t largest_qp_bd_offset = 48;
+    const std::int64_t QpBdOffsetY =
+        sps != nullptr ? 6 * std::int64_t{sps->bit_depth_luma_minus8} : largest_qp_bd_offset;
+    return between(-26 - QpBdOffsetY, 25);
+}
+
+template <class Sps>
+[[nodiscard]] value_range cu_qp_delta_depth_range(const Sps* sps) {
+    return up_to(sps != nullptr ? std::int64_t{sps->log2_diff_max_min_luma_coding_block_size}
+                                : largest_ctb_log2_size - 3);
+}
+
+template <class Sps>
+[[nodiscard]] value_range tile_columns_range(const Sps* sps) {
+    const std::int64_t most =
+        sps != nullptr ? picture_size_in_ctbs(*sps).width : longest_side_in_ctbs;
+    return up_to(most - 1);
+}
+
+template <class Sps>
+[[nodiscard]] value_range tile_rows_range(const Sps* sps) {
+    const std::int64_t most =
+        sps != nullptr ? picture_size_in_ctbs(*sps).height : longest_side_in_ctbs;
+    return up_to(most - 1);
+}
+
+template <class Sps>
+[[nodiscard]] value_range parallel_merge_level_range(const Sps* sps) {
+    return up_to((sps != nullptr ? ctb_log2_size(*sps) : largest_ctb_log2_size) - 2);
 }
 
 }  // namespace kovran

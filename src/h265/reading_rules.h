@@ -30,6 +30,7 @@ struct own_rules {
     static constexpr bool trailing_bits_decide = true;
     // Differs from clause 7.4.2.4.2, where parameter sets are bound when they are activated: an SPS
     // needs its VPS before it, a PPS its SPS.
+    static constexpr bool needs_named_set = true;
     template <class ParameterSet>
     static bool has_named_set(const ParameterSet* named_set) {
         return named_set != nullptr;
@@ -70,6 +71,9 @@ struct own_rules {
     // A structure that the stream does not have keeps what its record held.
     template <class Structure>
     static void end_absent_structure(Structure&) {}
+    // A reference picture set that is coded outright keeps the flags of one that was predicted.
+    template <class Set>
+    static void end_absent_prediction(Set&) {}
 
     // Differs from clause 7.4.4: the profile and the level of a sub-layer that has none in the
     // stream are not those of the layer above it; the host infers them.
@@ -126,6 +130,9 @@ struct own_rules {
     // aspect ratio.
     template <class Walker, class Vui>
     static void end_extended_sar(Walker&, Vui&) {}
+
+    template <class ScalingLists>
+    static void begin_scaling_lists(ScalingLists&) {}
 
     // Predicted sets.
 
@@ -266,6 +273,7 @@ struct own_rules {
 struct standard_rules {
     static constexpr bool data_may_end = false;
     static constexpr bool trailing_bits_decide = false;
+    static constexpr bool needs_named_set = false;
     template <class ParameterSet>
     static bool has_named_set(const ParameterSet* /*named_set*/) {
         return true;
@@ -295,6 +303,10 @@ struct standard_rules {
     template <class Structure>
     static void end_absent_structure(Structure& absent) {
         drop_entries(absent);
+    }
+    template <class Set>
+    static void end_absent_prediction(Set& set) {
+        drop_prediction_flags(set);
     }
 
     template <class Walker, class ProfileTierLevel>
@@ -386,6 +398,10 @@ struct standard_rules {
         walk.set(pps.loop_filter_across_tiles_enabled_flag);
     }
 
+    template <class ScalingLists>
+    static void begin_scaling_lists(ScalingLists& lists) {
+        start_matrices_afresh(lists);
+    }
     template <class Walker, class ScalingLists>
     static bool end_predicted_scaling_list(Walker& walk, ScalingLists& lists, unsigned int sizeId,
                                            unsigned int matrixId) {

@@ -10,65 +10,106 @@
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_slice_segment_header.h>
 
+#include <cstdint>
 #include <type_traits>
 #include <vector>
 
 namespace kovran {
 
 // start_afresh() makes a record that may have been used before a fresh one, but for the memory of
-// its arrays: arrays of records and of arrays keep their entries, each of them fresh. True when
-// there are such entries. The fields of a record are named in its own order; the compiler counts
-// them.
+// its arrays. The fields of a record are named in its own order; the compiler counts them. A fresh
+// field is 0, false or empty.
 //
-// A fresh field is 0, false or empty.
+// Arrays of records and of arrays keep their entries, each of them fresh. So do those that are
+// sized whenever their structure is read: sparse() ones, whose entries are not all read then, with
+// zeros; full() ones as they are, as are those that the reading itself starts afresh. Not 0 when
+// there may be such entries: a reading that does not come to them has to drop them.
 
-inline bool start_afresh(h265_nal_aud& record);
-inline bool start_afresh(h265_profile_tier_level::layer_t& record);
-inline bool start_afresh(h265_profile_tier_level& record);
-inline bool start_afresh(h265_nal_sub_layer_hrd_parameters& record);
-inline bool start_afresh(h265_hrd_parameters& record);
-inline bool start_afresh(h265_vui_parameters& record);
-inline bool start_afresh(h265_scaling_list_data& record);
-inline bool start_afresh(h265_st_ref_pic_set& record);
-inline bool start_afresh(h265_nal_vps& record);
-inline bool start_afresh(h265_nal_sps& record);
-inline bool start_afresh(h265_nal_pps& record);
-inline bool start_afresh(h265_ref_pic_lists_modification& record);
-inline bool start_afresh(h265_slice_segment_header& record);
-inline bool start_afresh(h265_nal_sei_buffering_period& record);
-inline bool start_afresh(h265_nal_sei_pic_timing& record);
-inline bool start_afresh(h265_nal_sei_active_parameter_sets& record);
+inline std::uintptr_t start_afresh(h265_nal_aud& record);
+inline std::uintptr_t start_afresh(h265_profile_tier_level::layer_t& record);
+inline std::uintptr_t start_afresh(h265_profile_tier_level& record);
+inline std::uintptr_t start_afresh(h265_nal_sub_layer_hrd_parameters& record);
+inline std::uintptr_t start_afresh(h265_hrd_parameters& record);
+inline std::uintptr_t start_afresh(h265_vui_parameters& record);
+inline std::uintptr_t start_afresh(h265_scaling_list_data& record);
+inline std::uintptr_t start_afresh(h265_st_ref_pic_set& record);
+inline std::uintptr_t start_afresh(h265_nal_vps& record);
+inline std::uintptr_t start_afresh(h265_nal_sps& record);
+inline std::uintptr_t start_afresh(h265_nal_pps& record);
+inline std::uintptr_t start_afresh(h265_ref_pic_lists_modification& record);
+inline std::uintptr_t start_afresh(h265_slice_segment_header& record);
+inline std::uintptr_t start_afresh(h265_nal_sei_buffering_period& record);
+inline std::uintptr_t start_afresh(h265_nal_sei_pic_timing& record);
+inline std::uintptr_t start_afresh(h265_nal_sei_active_parameter_sets& record);
 
 template <class Value>
-std::enable_if_t<std::is_arithmetic_v<Value>, bool> start_afresh(Value& value) {
+std::enable_if_t<std::is_arithmetic_v<Value>, std::uintptr_t> start_afresh(Value& value) {
     value = Value{};
-    return false;
+    return 0;
 }
 
 template <class Value>
-bool start_afresh(std::vector<Value>& array) {
+std::uintptr_t address_of_entries(std::vector<Value>& array) {
+    if constexpr (std::is_same_v<Value, bool>) {
+        return array.empty() ? 0 : 1;
+    } else {
+        return reinterpret_cast<std::uintptr_t>(array.data());
+    }
+}
+
+template <class Value>
+std::uintptr_t start_afresh(std::vector<Value>& array) {
     if constexpr (std::is_arithmetic_v<Value>) {
         array.clear();
-        return false;
+        return 0;
     } else {
         for (Value& entry : array) {
             start_afresh(entry);
         }
-        return !array.empty();
+        return address_of_entries(array);
     }
 }
 
-template <class... Fields>
-bool start_all_afresh(Fields&... fields) {
-    return (static_cast<int>(start_afresh(fields)) | ...) != 0;
+template <class Array>
+struct full_array {
+    Array& array;
+};
+template <class Value>
+full_array<std::vector<Value>> full(std::vector<Value>& array) {
+    return {array};
+}
+template <class Value>
+std::uintptr_t start_afresh(full_array<std::vector<Value>> full) {
+    return address_of_entries(full.array);
 }
 
-inline bool start_afresh(h265_nal_aud& record) {
+template <class Array>
+struct sparse_array {
+    Array& array;
+};
+template <class Value>
+sparse_array<std::vector<Value>> sparse(std::vector<Value>& array) {
+    return {array};
+}
+template <class Value>
+std::uintptr_t start_afresh(sparse_array<std::vector<Value>> sparse) {
+    for (Value& entry : sparse.array) {
+        entry = 0;
+    }
+    return address_of_entries(sparse.array);
+}
+
+template <class... Fields>
+std::uintptr_t start_all_afresh(Fields&&... fields) {
+    return (start_afresh(fields) | ...);
+}
+
+inline std::uintptr_t start_afresh(h265_nal_aud& record) {
     auto& [pic_type, valid] = record;
     return start_all_afresh(pic_type, valid);
 }
 
-inline bool start_afresh(h265_profile_tier_level::layer_t& record) {
+inline std::uintptr_t start_afresh(h265_profile_tier_level::layer_t& record) {
     auto& [profile_compatibility_flag, profile_space, profile_idc, level_idc,
            progressive_source_flag, interlaced_source_flag, non_packed_constraint_flag,
            frame_only_constraint_flag, max_12bit_constraint_flag, max_10bit_constraint_flag,
@@ -77,28 +118,29 @@ inline bool start_afresh(h265_profile_tier_level::layer_t& record) {
            lower_bit_rate_constraint_flag, max_14bit_constraint_flag, inbld_flag, tier_flag,
            profile_present_flag, level_present_flag, valid] = record;
     return start_all_afresh(
-        profile_compatibility_flag, profile_space, profile_idc, level_idc, progressive_source_flag,
-        interlaced_source_flag, non_packed_constraint_flag, frame_only_constraint_flag,
-        max_12bit_constraint_flag, max_10bit_constraint_flag, max_8bit_constraint_flag,
-        max_422chroma_constraint_flag, max_420chroma_constraint_flag,
+        full(profile_compatibility_flag), profile_space, profile_idc, level_idc,
+        progressive_source_flag, interlaced_source_flag, non_packed_constraint_flag,
+        frame_only_constraint_flag, max_12bit_constraint_flag, max_10bit_constraint_flag,
+        max_8bit_constraint_flag, max_422chroma_constraint_flag, max_420chroma_constraint_flag,
         max_monochrome_constraint_flag, intra_constraint_flag, one_picture_only_constraint_flag,
         lower_bit_rate_constraint_flag, max_14bit_constraint_flag, inbld_flag, tier_flag,
         profile_present_flag, level_present_flag, valid);
 }
 
-inline bool start_afresh(h265_profile_tier_level& record) {
+inline std::uintptr_t start_afresh(h265_profile_tier_level& record) {
     auto& [general, sub_layers, valid] = record;
     return start_all_afresh(general, sub_layers, valid);
 }
 
-inline bool start_afresh(h265_nal_sub_layer_hrd_parameters& record) {
+inline std::uintptr_t start_afresh(h265_nal_sub_layer_hrd_parameters& record) {
     auto& [subLayerId, cpb_count, bit_rate_value_minus1, cpb_size_value_minus1,
            cpb_size_du_value_minus1, bit_rate_du_value_minus1, cbr_flag, valid] = record;
-    return start_all_afresh(subLayerId, cpb_count, bit_rate_value_minus1, cpb_size_value_minus1,
-                            cpb_size_du_value_minus1, bit_rate_du_value_minus1, cbr_flag, valid);
+    return start_all_afresh(subLayerId, cpb_count, full(bit_rate_value_minus1),
+                            full(cpb_size_value_minus1), sparse(cpb_size_du_value_minus1),
+                            sparse(bit_rate_du_value_minus1), full(cbr_flag), valid);
 }
 
-inline bool start_afresh(h265_hrd_parameters& record) {
+inline std::uintptr_t start_afresh(h265_hrd_parameters& record) {
     auto& [commonInfPresentFlag, maxNumSubLayersMinus1, nal_hrd_parameters_present_flag,
            vcl_hrd_parameters_present_flag, sub_pic_hrd_params_present_flag, tick_divisor_minus2,
            du_cpb_removal_delay_increment_length_minus1, sub_pic_cpb_params_in_pic_timing_sei_flag,
@@ -113,12 +155,13 @@ inline bool start_afresh(h265_hrd_parameters& record) {
         du_cpb_removal_delay_increment_length_minus1, sub_pic_cpb_params_in_pic_timing_sei_flag,
         dpb_output_delay_du_length_minus1, bit_rate_scale, cpb_size_scale, cpb_size_du_scale,
         initial_cpb_removal_delay_length_minus1, au_cpb_removal_delay_length_minus1,
-        dpb_output_delay_length_minus1, fixed_pic_rate_general_flag, fixed_pic_rate_within_cvs_flag,
-        elemental_duration_in_tc_minus1, low_delay_hrd_flag, cpb_cnt_minus1, nal_sub_layer_hrd,
-        vcl_sub_layer_hrd, valid);
+        dpb_output_delay_length_minus1, full(fixed_pic_rate_general_flag),
+        full(fixed_pic_rate_within_cvs_flag), sparse(elemental_duration_in_tc_minus1),
+        full(low_delay_hrd_flag), sparse(cpb_cnt_minus1), nal_sub_layer_hrd, vcl_sub_layer_hrd,
+        valid);
 }
 
-inline bool start_afresh(h265_vui_parameters& record) {
+inline std::uintptr_t start_afresh(h265_vui_parameters& record) {
     auto& [aspect_ratio_info_present_flag, aspect_ratio_idc, extended_sar_flag, sar_width,
            sar_height, overscan_info_present_flag, overscan_appropriate_flag,
            video_signal_type_present_flag, video_format, video_full_range_flag,
@@ -151,26 +194,28 @@ inline bool start_afresh(h265_vui_parameters& record) {
         log2_max_mv_length_horizontal, log2_max_mv_length_vertical, valid);
 }
 
-inline bool start_afresh(h265_scaling_list_data& record) {
+inline std::uintptr_t start_afresh(h265_scaling_list_data& record) {
     auto& [scaling_list_pred_mode_flag, scaling_list_pred_matrix_id_delta,
            scaling_list_dc_coef_minus8, ScalingList, valid] = record;
-    return start_all_afresh(scaling_list_pred_mode_flag, scaling_list_pred_matrix_id_delta,
-                            scaling_list_dc_coef_minus8, ScalingList, valid);
+    return start_all_afresh(full(scaling_list_pred_mode_flag),
+                            full(scaling_list_pred_matrix_id_delta),
+                            full(scaling_list_dc_coef_minus8), full(ScalingList), valid);
 }
 
-inline bool start_afresh(h265_st_ref_pic_set& record) {
+inline std::uintptr_t start_afresh(h265_st_ref_pic_set& record) {
     auto& [deltaRps, stRpsIdx, RefRpsIdx, NumDeltaPocs, inter_ref_pic_set_prediction_flag,
            delta_idx_minus1, delta_rps_sign, abs_delta_rps_minus1, used_by_curr_pic_flag,
            use_delta_flag, num_negative_pics, num_positive_pics, delta_poc_s0_minus1,
            used_by_curr_pic_s0_flag, delta_poc_s1_minus1, used_by_curr_pic_s1_flag, valid] = record;
-    return start_all_afresh(
-        deltaRps, stRpsIdx, RefRpsIdx, NumDeltaPocs, inter_ref_pic_set_prediction_flag,
-        delta_idx_minus1, delta_rps_sign, abs_delta_rps_minus1, used_by_curr_pic_flag,
-        use_delta_flag, num_negative_pics, num_positive_pics, delta_poc_s0_minus1,
-        used_by_curr_pic_s0_flag, delta_poc_s1_minus1, used_by_curr_pic_s1_flag, valid);
+    return start_all_afresh(deltaRps, stRpsIdx, RefRpsIdx, NumDeltaPocs,
+                            inter_ref_pic_set_prediction_flag, delta_idx_minus1, delta_rps_sign,
+                            abs_delta_rps_minus1, full(used_by_curr_pic_flag), full(use_delta_flag),
+                            num_negative_pics, num_positive_pics, full(delta_poc_s0_minus1),
+                            full(used_by_curr_pic_s0_flag), full(delta_poc_s1_minus1),
+                            full(used_by_curr_pic_s1_flag), valid);
 }
 
-inline bool start_afresh(h265_nal_vps& record) {
+inline std::uintptr_t start_afresh(h265_nal_vps& record) {
     auto& [vps_video_parameter_set_id, vps_base_layer_internal_flag, vps_base_layer_available_flag,
            vps_max_layers_minus1, vps_max_sub_layers_minus1, vps_temporal_id_nesting_flag,
            vps_reserved_0xffff_16bits, profile_tier_level, vps_sub_layer_ordering_info_present_flag,
@@ -184,15 +229,15 @@ inline bool start_afresh(h265_nal_vps& record) {
         vps_video_parameter_set_id, vps_base_layer_internal_flag, vps_base_layer_available_flag,
         vps_max_layers_minus1, vps_max_sub_layers_minus1, vps_temporal_id_nesting_flag,
         vps_reserved_0xffff_16bits, profile_tier_level, vps_sub_layer_ordering_info_present_flag,
-        vps_max_dec_pic_buffering_minus1, vps_max_num_reorder_pics, vps_max_latency_increase_plus1,
-        vps_max_layer_id, vps_num_layer_sets_minus1, layer_id_included_flag,
-        vps_timing_info_present_flag, vps_num_units_in_tick, vps_time_scale,
+        full(vps_max_dec_pic_buffering_minus1), full(vps_max_num_reorder_pics),
+        full(vps_max_latency_increase_plus1), vps_max_layer_id, vps_num_layer_sets_minus1,
+        layer_id_included_flag, vps_timing_info_present_flag, vps_num_units_in_tick, vps_time_scale,
         vps_poc_proportional_to_timing_flag, vps_num_ticks_poc_diff_one_minus1,
         vps_num_hrd_parameters, hrd_layer_set_idx, cprms_present_flag, hrd_parameters,
         vps_extension_flag, valid);
 }
 
-inline bool start_afresh(h265_nal_sps& record) {
+inline std::uintptr_t start_afresh(h265_nal_sps& record) {
     auto& [sps_video_parameter_set_id, sps_max_sub_layers_minus1, sps_temporal_id_nesting_flag,
            profile_tier_level, sps_seq_parameter_set_id, chroma_format_idc,
            separate_colour_plane_flag, pic_width_in_luma_samples, pic_height_in_luma_samples,
@@ -219,8 +264,8 @@ inline bool start_afresh(h265_nal_sps& record) {
         pic_width_in_luma_samples, pic_height_in_luma_samples, conformance_window_flag,
         conf_win_left_offset, conf_win_right_offset, conf_win_top_offset, conf_win_bottom_offset,
         bit_depth_luma_minus8, bit_depth_chroma_minus8, log2_max_pic_order_cnt_lsb_minus4,
-        sps_sub_layer_ordering_info_present_flag, sps_max_dec_pic_buffering_minus1,
-        sps_max_num_reorder_pics, sps_max_latency_increase_plus1,
+        sps_sub_layer_ordering_info_present_flag, full(sps_max_dec_pic_buffering_minus1),
+        full(sps_max_num_reorder_pics), full(sps_max_latency_increase_plus1),
         log2_min_luma_coding_block_size_minus3, log2_diff_max_min_luma_coding_block_size,
         log2_min_luma_transform_block_size_minus2, log2_diff_max_min_luma_transform_block_size,
         max_transform_hierarchy_depth_inter, max_transform_hierarchy_depth_intra,
@@ -235,7 +280,7 @@ inline bool start_afresh(h265_nal_sps& record) {
         sps_extension_flag, valid);
 }
 
-inline bool start_afresh(h265_nal_pps& record) {
+inline std::uintptr_t start_afresh(h265_nal_pps& record) {
     auto& [pps_pic_parameter_set_id, pps_seq_parameter_set_id,
            dependent_slice_segments_enabled_flag, output_flag_present_flag,
            num_extra_slice_header_bits, sign_data_hiding_enabled_flag, cabac_init_present_flag,
@@ -269,14 +314,14 @@ inline bool start_afresh(h265_nal_pps& record) {
         pps_extension_present_flag, valid);
 }
 
-inline bool start_afresh(h265_ref_pic_lists_modification& record) {
+inline std::uintptr_t start_afresh(h265_ref_pic_lists_modification& record) {
     auto& [ref_pic_list_modification_flag_l0, list_entry_l0, ref_pic_list_modification_flag_l1,
            list_entry_l1, valid] = record;
     return start_all_afresh(ref_pic_list_modification_flag_l0, list_entry_l0,
                             ref_pic_list_modification_flag_l1, list_entry_l1, valid);
 }
 
-inline bool start_afresh(h265_slice_segment_header& record) {
+inline std::uintptr_t start_afresh(h265_slice_segment_header& record) {
     auto& [first_slice_segment_in_pic_flag, no_output_of_prior_pics_flag,
            slice_pic_parameter_set_id, dependent_slice_segment_flag, slice_segment_address,
            slice_type, pic_output_flag, colour_plane_id, slice_pic_order_cnt_lsb,
@@ -298,7 +343,7 @@ inline bool start_afresh(h265_slice_segment_header& record) {
         valid);
 }
 
-inline bool start_afresh(h265_nal_sei_buffering_period& record) {
+inline std::uintptr_t start_afresh(h265_nal_sei_buffering_period& record) {
     auto& [bp_seq_parameter_set_id, irap_cpb_params_present_flag, cpb_delay_offset,
            dpb_delay_offset, concatenation_flag, au_cpb_removal_delay_delta_minus1,
            nal_initial_cpb_removal_delay, nal_initial_cpb_removal_offset,
@@ -317,7 +362,7 @@ inline bool start_afresh(h265_nal_sei_buffering_period& record) {
                             VclHrdBpPresentFlag, use_alt_cpb_params_flag_present, valid);
 }
 
-inline bool start_afresh(h265_nal_sei_pic_timing& record) {
+inline std::uintptr_t start_afresh(h265_nal_sei_pic_timing& record) {
     auto& [pic_struct, source_scan_type, duplicate_flag, au_cpb_removal_delay_minus1,
            pic_dpb_output_delay, pic_dpb_output_du_delay, num_decoding_units_minus1,
            du_common_cpb_removal_delay_flag, du_common_cpb_removal_delay_increment_minus1,
@@ -331,7 +376,7 @@ inline bool start_afresh(h265_nal_sei_pic_timing& record) {
         cpb_dpb_delays_present, valid);
 }
 
-inline bool start_afresh(h265_nal_sei_active_parameter_sets& record) {
+inline std::uintptr_t start_afresh(h265_nal_sei_active_parameter_sets& record) {
     auto& [active_video_parameter_set_id, self_contained_cvs_flag, no_parameter_set_update_flag,
            num_sps_ids_minus1, active_seq_parameter_set_id, layer_sps_idx, valid] = record;
     return start_all_afresh(active_video_parameter_set_id, self_contained_cvs_flag,
@@ -339,9 +384,20 @@ inline bool start_afresh(h265_nal_sei_active_parameter_sets& record) {
                             active_seq_parameter_set_id, layer_sps_idx, valid);
 }
 
+// The matrices of scaling lists, before they are read: few streams have them.
+inline void start_matrices_afresh(h265_scaling_list_data& lists) {
+    start_all_afresh(lists.scaling_list_pred_mode_flag, lists.scaling_list_pred_matrix_id_delta,
+                     lists.scaling_list_dc_coef_minus8, lists.ScalingList);
+}
+
 // What is left of the entries that start_afresh() keeps when the stream has no such structure:
 // none.
 inline void drop_entries(h265_hrd_parameters& hrd) {
+    hrd.fixed_pic_rate_general_flag.clear();
+    hrd.fixed_pic_rate_within_cvs_flag.clear();
+    hrd.elemental_duration_in_tc_minus1.clear();
+    hrd.low_delay_hrd_flag.clear();
+    hrd.cpb_cnt_minus1.clear();
     hrd.nal_sub_layer_hrd.clear();
     hrd.vcl_sub_layer_hrd.clear();
 }
@@ -353,6 +409,17 @@ inline void drop_entries(h265_scaling_list_data& lists) {
     lists.scaling_list_pred_matrix_id_delta.clear();
     lists.scaling_list_dc_coef_minus8.clear();
     lists.ScalingList.clear();
+}
+inline void drop_prediction_flags(h265_st_ref_pic_set& set) {
+    set.used_by_curr_pic_flag.clear();
+    set.use_delta_flag.clear();
+}
+inline void drop_entries(h265_st_ref_pic_set& set) {
+    drop_prediction_flags(set);
+    set.delta_poc_s0_minus1.clear();
+    set.used_by_curr_pic_s0_flag.clear();
+    set.delta_poc_s1_minus1.clear();
+    set.used_by_curr_pic_s1_flag.clear();
 }
 inline void drop_entries(std::vector<h265_hrd_parameters>& structures) {
     structures.clear();

@@ -193,8 +193,11 @@ TEST(FailurePositions, OfAVpsWithoutMemoryForItsSubLayers) {
 
 // ---- SPS
 
+// Made before any allocation fails.
+h2645_common_base_store<h265_nal_vps> store_of_parse_sps = test::vps_store_with(0);
+
 bool parse_sps(h265_nal_sps& sps, h2645_common_bitreader& reader) {
-    static h2645_common_base_store<h265_nal_vps> store = test::vps_store_with(0);
+    h2645_common_base_store<h265_nal_vps>& store = store_of_parse_sps;
     return sps.parse(reader, store);
 }
 
@@ -346,8 +349,11 @@ TEST(FailurePositions, OfAVuiWithoutMemoryForItsHrdParameters) {
 
 // ---- PPS
 
+// Made before any allocation fails.
+h2645_common_base_store<h265_nal_sps> store_of_parse_pps = test::sps_store_with(0);
+
 bool parse_pps(h265_nal_pps& pps, h2645_common_bitreader& reader) {
-    static h2645_common_base_store<h265_nal_sps> store = test::sps_store_with(0);
+    h2645_common_base_store<h265_nal_sps>& store = store_of_parse_pps;
     return pps.parse(reader, store);
 }
 
