@@ -1,11 +1,17 @@
 #include <kovran/kovran.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <fstream>
 #include <utility>
 #include <vector>
 
 namespace {
+
+// More than any slice segment header has up to its list modification. The slice data behind it is
+// most of a stream and is not needed.
+constexpr std::size_t slice_header_bytes = 256;
 
 // What a host keeps of a stream: its parameter sets.
 struct stream_state {
@@ -79,7 +85,11 @@ int main(int argc, char** argv) {
         next.scan(next.cursor, end);
         unsigned char* const unit_end = next.found ? next.frame_begin - next.zero_count : end;
 
-        rbsp.resize(static_cast<std::size_t>(unit_end - unit.payload_begin));
+        std::size_t wanted = static_cast<std::size_t>(unit_end - unit.payload_begin);
+        if (unit.nal.nal_unit_type <= kovran::RSV_VCL31) {
+            wanted = std::min(wanted, slice_header_bytes);
+        }
+        rbsp.resize(wanted);
         const std::size_t size = unit.block_decode(rbsp.data(), rbsp.size());
         if (unit.nal.nuh_layer_id == 0) {
             read_unit(state, unit.nal, {rbsp.data(), rbsp.data() + size});
