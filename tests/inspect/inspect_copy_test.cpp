@@ -124,7 +124,7 @@ TEST(InspectCopy, TellsOfAZeroByteThatAnnexBDoesNotKeep) {
     EXPECT_EQ(lost.status, 1);
     EXPECT_EQ(lost.err,
               "kovran: standard input: unit 0 at 1: "
-              "ends in a zero byte, which Annex B does not keep\n");
+              "ends with a zero byte, which Annex B cannot keep\n");
     EXPECT_EQ(faultless_copy(bytes("04 40010500"), "length8", "length16"), bytes("0004 40010500"));
     EXPECT_EQ(faultless_copy(bytes("05 4001050000"), "length8", "annexb"),
               bytes("00000001 4001050000 03"));
@@ -135,21 +135,21 @@ TEST(InspectCopy, LeavesOutWhatIsNoUnit) {
     EXPECT_EQ(forbidden.status, 1);
     EXPECT_EQ(forbidden.err,
               "kovran: standard input: at 0: "
-              "NAL unit passed over, as its forbidden_zero_bit is 1; left out\n");
+              "skipped a NAL unit whose forbidden_zero_bit is 1; not copied\n");
     EXPECT_EQ(forbidden.out, bytes("02 4001"));
 
     const outcome one = copy(bytes("01 40 02 4001"), "length8", "length8");
     EXPECT_EQ(one.status, 1);
     EXPECT_EQ(one.err,
               "kovran: standard input: at 0: "
-              "length of 1, which leaves no room for a NAL unit header; left out\n");
+              "a length of 1 leaves no room for a NAL unit header; not copied\n");
     EXPECT_EQ(one.out, bytes("02 4001"));
 
     const outcome leading = copy(bytes("aabb 000001 4001"), "annexb", "annexb");
     EXPECT_EQ(leading.status, 1);
     EXPECT_EQ(leading.err,
               "kovran: standard input: at 0: "
-              "bytes before the first NAL unit that belong to none: 2; left out\n");
+              "skipped 2 bytes before the first start code; not copied\n");
     EXPECT_EQ(leading.out, bytes("000001 4001"));
 
     const outcome none = copy("no video", "annexb", "annexb");
@@ -161,7 +161,7 @@ TEST(InspectCopy, KeepsWhatIsThereOfAUnitCutShort) {
     const outcome result = copy(bytes("0002 4001 0010 42010102"), "length16", "length8");
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err,
-              "kovran: standard input: unit 1 at 6: cut short, 4 of 16 bytes are there\n");
+              "kovran: standard input: unit 1 at 6: truncated: 4 of 16 bytes are present\n");
     EXPECT_EQ(result.out, bytes("02 4001 04 42010102"));
 }
 
@@ -208,7 +208,7 @@ TEST(InspectCopy, RefusesToOverwriteItsInput) {
     for (const std::string& out : {in, folder.file("hard"), folder.file("soft")}) {
         const outcome result = run({"copy", in, out});
         EXPECT_EQ(result.status, 2);
-        EXPECT_EQ(result.err, "kovran: " + out + ": is the file that is to be read\n");
+        EXPECT_EQ(result.err, "kovran: " + out + ": is also the input file\n");
     }
     const outcome redirected = program({"copy", "-", "-"}).input_from(in).output_to(in).run();
     EXPECT_EQ(redirected.status, 2);

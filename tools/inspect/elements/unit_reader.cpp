@@ -177,7 +177,7 @@ void unit_reader::read_slice(nal_unit& unit, stream_sink& sink) {
         read = slice_segment_header(walk, slice, pps_store_, sps_store_, vps_store_,
                                     unit.header.nal_unit_type);
     } catch (const std::bad_alloc&) {
-        unit.faults.emplace_back("the slice segment header asks for more memory than there is");
+        unit.faults.emplace_back("the slice segment header needs more memory than is available");
         return;
     }
     if (read) {
@@ -202,13 +202,13 @@ void unit_reader::read_sei(nal_unit& unit, stream_sink& sink) {
     constexpr unsigned int cut_off = 0xFFFFFFFF;
     const bool whole = messages.payload_type != cut_off && messages.payload_size != cut_off;
     if (!whole || messages.cursor != messages.end || messages.payload_end == messages.end) {
-        unit.faults.emplace_back("the SEI messages do not end in trailing bits");
+        unit.faults.emplace_back("the SEI messages are not followed by valid trailing bits");
         return;
     }
     h2645_common_bitreader reader = rbsp_.reader();
     reader.skip(bits_before(rbsp_.begin(), messages.payload_end));
     if (!tracing<Rules>(reader, sink).rbsp_trailing_bits()) {
-        unit.faults.emplace_back("the SEI messages do not end in trailing bits");
+        unit.faults.emplace_back("the SEI messages are not followed by valid trailing bits");
     }
 }
 
@@ -222,9 +222,9 @@ void unit_reader::read_message(nal_unit& unit, const h265_nal_sei_reader& messag
 
     const std::string name = sei_name(message);
     if (message.truncated) {
-        unit.faults.push_back(
-            fmt::format("SEI message {} is cut off: {} bytes, of which {} are there", name,
-                        message.payload_size, message.payload_end - message.payload_begin));
+        unit.faults.push_back(fmt::format("SEI message {} is truncated: {} of {} bytes are present",
+                                          name, message.payload_end - message.payload_begin,
+                                          message.payload_size));
     }
     if (!read_payload<Rules>(message, sink)) {
         unit.faults.push_back(fmt::format("SEI message {} cannot be read", name));

@@ -30,7 +30,7 @@ exit_status copy_units(const copy_options& options, input& stream, output& copie
 
     nal_unit unit;
     while (walk->next(unit)) {
-        faults.tell_faults(unit, "; left out");
+        faults.tell_faults(unit, "; not copied");
         if (!unit.readable) {
             continue;
         }
@@ -40,7 +40,7 @@ exit_status copy_units(const copy_options& options, input& stream, output& copie
                                       rewriter.length_of(unit), format_name(options.to)));
         }
         if (rewriter.loses_zero_byte()) {
-            faults.tell(unit, "ends in a zero byte, which Annex B does not keep");
+            faults.tell(unit, "ends with a zero byte, which Annex B cannot keep");
         }
         copied.write(rewriter.data(), rewriter.size());
         shown.show(unit.offset);
@@ -55,7 +55,7 @@ exit_status copy(const copy_options& options) {
     const std::unique_ptr<input> stream = open_stream(options.in, options.from);
     file_descriptor file = open_output(options.out);
     if (same_file(stream->file(), file)) {
-        throw failure(file.name() + ": is the file that is to be read");
+        throw failure(file.name() + ": is also the input file");
     }
     if (options.out != "-") {
         file.truncate();
