@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <sys/stat.h>
+
 #include "byte_string.h"
 #include "nal_splitter.h"
 #include "program.h"
@@ -24,6 +26,15 @@ std::string faultless_copy(const std::string& stream, const std::string& from,
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.err, "");
     return result.out;
+}
+
+std::vector<std::string> files_in(const temporary_folder& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+        names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 std::size_t largest_unit(const std::vector<std::string>& units) {
@@ -179,8 +190,15 @@ TEST(InspectCopy, FailsAtAUnitThatIsTooLong) {
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.err, "kovran: " + in +
                               ": unit 1 at 6: 300 bytes do not fit a length8 prefix; " + out +
-                              " is incomplete\n");
-    EXPECT_EQ(read_file(out), bytes("02 4001"));
+                              " was not written\n");
+    EXPECT_FALSE(std::filesystem::exists(out));
+
+    const std::string kept = folder.write("kept", "contents");
+    const outcome again = run({"copy", in, kept, "--from", "length16", "--to", "length8"});
+    EXPECT_EQ(again.status, 2);
+    EXPECT_NE(again.err.find("; " + kept + " is unchanged\n"), std::string::npos);
+    EXPECT_EQ(read_file(kept), "contents");
+    EXPECT_EQ(files_in(folder), (std::vector<std::string>{"in", "kept"}));
 }
 
 TEST(InspectCopy, CountsTheBytesThatWouldBeWritten) {
@@ -197,6 +215,59 @@ TEST(InspectCopy, ReplacesAnExistingFile) {
     const std::string out = folder.write("out", std::string(10000, 'x'));
     EXPECT_EQ(run({"copy", stream_path("mainstill"), out}).status, 0);
     EXPECT_EQ(read_file(out), read_file(stream_path("mainstill")));
+}
+
+TEST(InspectCopy, LeavesNothingButTheCopy) {
+    const temporary_folder folder;
+    EXPECT_EQ(run({"copy", stream_path("mainstill"), folder.file("out")}).status, 0);
+    EXPECT_EQ(files_in(folder), std::vector<std::string>{"out"});
+}
+
+TEST(InspectCopy, KeepsTheModeOfAnExistingFile) {
+    const temporary_folder folder;
+    const std::string out = folder.write("out", "");
+    ASSERT_EQ(::chmod(out.c_str(), 0640), 0);
+    EXPECT_EQ(run({"copy", stream_path("mainstill"), out}).status, 0);
+    struct stat status {};
+    ASSERT_EQ(::stat(out.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0640U);
+}
+
+TEST(InspectCopy, WritesTheFileBehindALink) {
+    const temporary_folder folder;
+    const std::string out = folder.write("out", "old");
+    std::filesystem::create_symlink(out, folder.file("link"));
+    EXPECT_EQ(run({"copy", stream_path("mainstill"), folder.file("link")}).status, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.file("link")));
+    EXPECT_EQ(read_file(out), read_file(stream_path("mainstill")));
+}
+
+TEST(InspectCopy, TakesTheLongestNameOfAFile) {
+    const temporary_folder folder;
+    const std::string out = folder.file(std::string(255, 'n'));
+    EXPECT_EQ(run({"copy", stream_path("mainstill"), out}).status, 0);
+    EXPECT_EQ(read_file(out), read_file(stream_path("mainstill")));
+}
+
+TEST(InspectCopy, AFileThatMayNotBeWrittenIsNotReplaced) {
+    const temporary_folder folder;
+    const std::string out = folder.write("out", "kept");
+    ASSERT_EQ(::chmod(out.c_str(), 0444), 0);
+    const outcome result =
+        program({"copy", stream_path("mainstill"), out}).without_file_privileges().run();
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err, "kovran: " + out + ": Permission denied\n");
+    EXPECT_EQ(read_file(out), "kept");
+}
+
+TEST(InspectCopy, AFileAboveTheSizeLimitIsAFailure) {
+    const temporary_folder folder;
+    const std::string out = folder.write("out", "kept");
+    const outcome result = program({"copy", stream_path("hm_ra16"), out}).file_size(1000).run();
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err, "kovran: " + out + ": File too large; " + out + " is unchanged\n");
+    EXPECT_EQ(read_file(out), "kept");
+    EXPECT_EQ(files_in(folder), std::vector<std::string>{"out"});
 }
 
 TEST(InspectCopy, RefusesToOverwriteItsInput) {

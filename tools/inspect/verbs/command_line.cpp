@@ -85,10 +85,6 @@ void set_colour(nals_options& options, const std::string& when) {
                                        : colour_choice::on_terminals;
 }
 
-failure wrong_arguments(const std::string& reason) {
-    return failure(reason + "\nRun kovran --help for more information.");
-}
-
 void add_stream(CLI::App& verb, std::string& file, h2645_common_nalfmt& format) {
     verb.add_option("FILE", file, "The stream, or - for standard input")->required()->type_name("");
     add_format(verb, "--format", format, "How the NAL units are framed");
