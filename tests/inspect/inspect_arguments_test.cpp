@@ -16,7 +16,7 @@ void expect_refusal(const std::vector<std::string>& arguments, const std::string
 }
 
 TEST(InspectArguments, AreRefusedWithAReason) {
-    expect_refusal({}, "nothing to do");
+    expect_refusal({}, "a command is missing: info, nals, dump, trace, differences or copy");
     expect_refusal({"walk"}, "The following argument was not expected: walk");
     expect_refusal({"--json"}, "The following argument was not expected: --json");
     expect_refusal({"nals"}, "FILE is required");
@@ -25,12 +25,13 @@ TEST(InspectArguments, AreRefusedWithAReason) {
     expect_refusal({"nals", "a", "--format", "mp4"},
                    "--format: mp4 not in {annexb,length8,length16,length24,length32}");
     expect_refusal({"nals", "a", "--color", "blue"}, "--color: blue not in {auto,always,never}");
-    expect_refusal({"nals", "a", "--limit", "-1"}, "--limit: '-1' is no number of NAL units");
-    expect_refusal({"nals", "a", "--limit", "many"}, "--limit: 'many' is no number of NAL units");
+    expect_refusal({"nals", "a", "--limit", "-1"}, "--limit: '-1' is not a number of NAL units");
+    expect_refusal({"nals", "a", "--limit", "many"},
+                   "--limit: 'many' is not a number of NAL units");
     expect_refusal({"nals", "a", "--limit", "18446744073709551616"},
-                   "--limit: '18446744073709551616' is no number of NAL units");
-    expect_refusal({"trace", "a", "--layer", "64"}, "--layer: '64' is no layer; use 0 to 63");
-    expect_refusal({"nals", "a", "--layer", "base"}, "--layer: 'base' is no layer; use 0 to 63");
+                   "--limit: '18446744073709551616' is not a number of NAL units");
+    expect_refusal({"trace", "a", "--layer", "64"}, "--layer: '64' is not a layer; use 0 to 63");
+    expect_refusal({"nals", "a", "--layer", "base"}, "--layer: 'base' is not a layer; use 0 to 63");
     expect_refusal({"copy", "a"}, "OUT is required");
     expect_refusal({"copy", "a", "b", "c"}, "The following argument was not expected: c");
     expect_refusal({"copy", "a", "b", "--to", "mkv"},
@@ -42,7 +43,7 @@ TEST(InspectArguments, TypesAreRefusedWithWhatIsNear) {
         expect_refusal({"nals", "a", "--type", type}, "--type: '" + reason);
     };
     const std::string none =
-        " is no NAL unit type; use 0 to 63 or a name such as SPS or IDR_W_RADL";
+        " is not a NAL unit type; use 0 to 63 or a name such as SPS or IDR_W_RADL";
     expect_reason("I_FRAME", "I_FRAME'" + none);
     expect_reason("64", "64'" + none);
     expect_reason("1,-1", "-1'" + none);
@@ -53,9 +54,9 @@ TEST(InspectArguments, TypesAreRefusedWithWhatIsNear) {
     expect_reason("UNSPEC",
                   "UNSPEC' could be UNSPEC48, UNSPEC49, UNSPEC50, UNSPEC51, UNSPEC52, "
                   "UNSPEC53, ...");
-    expect_reason("TRIAL_R", "TRIAL_R' is no NAL unit type; did you mean TRAIL_R?");
-    expect_reason("SPSS", "SPSS' is no NAL unit type; did you mean SPS_NUT?");
-    expect_reason("IDR_W_RADLS", "IDR_W_RADLS' is no NAL unit type; did you mean IDR_W_RADL?");
+    expect_reason("TRIAL_R", "TRIAL_R' is not a NAL unit type; did you mean TRAIL_R?");
+    expect_reason("SPSS", "SPSS' is not a NAL unit type; did you mean SPS_NUT?");
+    expect_reason("IDR_W_RADLS", "IDR_W_RADLS' is not a NAL unit type; did you mean IDR_W_RADL?");
 }
 
 TEST(InspectArguments, HelpIsNoFailure) {
@@ -66,7 +67,10 @@ TEST(InspectArguments, HelpIsNoFailure) {
         EXPECT_EQ(result.err, "");
         EXPECT_NE(result.out.find("Usage: kovran"), std::string::npos);
     }
-    EXPECT_NE(run({"--help"}).out.find("Exit status"), std::string::npos);
+    EXPECT_NE(
+        run({"--help"})
+            .out.find("Exit status: 0 success, 1 the stream has faults, 2 usage or I/O error."),
+        std::string::npos);
 }
 
 TEST(InspectArguments, VersionIsShown) {

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <sys/stat.h>
+
 #include "byte_string.h"
 #include "nal_splitter.h"
 #include "program.h"
@@ -24,6 +26,15 @@ std::string faultless_copy(const std::string& stream, const std::string& from,
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.err, "");
     return result.out;
+}
+
+std::vector<std::string> files_in(const temporary_folder& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+        names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 std::size_t largest_unit(const std::vector<std::string>& units) {
@@ -124,7 +135,7 @@ TEST(InspectCopy, TellsOfAZeroByteThatAnnexBDoesNotKeep) {
     EXPECT_EQ(lost.status, 1);
     EXPECT_EQ(lost.err,
               "kovran: standard input: unit 0 at 1: "
-              "ends in a zero byte, which Annex B does not keep\n");
+              "ends with a zero byte, which Annex B cannot keep\n");
     EXPECT_EQ(faultless_copy(bytes("04 40010500"), "length8", "length16"), bytes("0004 40010500"));
     EXPECT_EQ(faultless_copy(bytes("05 4001050000"), "length8", "annexb"),
               bytes("00000001 4001050000 03"));
@@ -135,21 +146,21 @@ TEST(InspectCopy, LeavesOutWhatIsNoUnit) {
     EXPECT_EQ(forbidden.status, 1);
     EXPECT_EQ(forbidden.err,
               "kovran: standard input: at 0: "
-              "NAL unit passed over, as its forbidden_zero_bit is 1; left out\n");
+              "skipped a NAL unit whose forbidden_zero_bit is 1; not copied\n");
     EXPECT_EQ(forbidden.out, bytes("02 4001"));
 
     const outcome one = copy(bytes("01 40 02 4001"), "length8", "length8");
     EXPECT_EQ(one.status, 1);
     EXPECT_EQ(one.err,
               "kovran: standard input: at 0: "
-              "length of 1, which leaves no room for a NAL unit header; left out\n");
+              "a length of 1 leaves no room for a NAL unit header; not copied\n");
     EXPECT_EQ(one.out, bytes("02 4001"));
 
     const outcome leading = copy(bytes("aabb 000001 4001"), "annexb", "annexb");
     EXPECT_EQ(leading.status, 1);
     EXPECT_EQ(leading.err,
               "kovran: standard input: at 0: "
-              "bytes before the first NAL unit that belong to none: 2; left out\n");
+              "skipped 2 bytes before the first start code; not copied\n");
     EXPECT_EQ(leading.out, bytes("000001 4001"));
 
     const outcome none = copy("no video", "annexb", "annexb");
@@ -161,7 +172,7 @@ TEST(InspectCopy, KeepsWhatIsThereOfAUnitCutShort) {
     const outcome result = copy(bytes("0002 4001 0010 42010102"), "length16", "length8");
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err,
-              "kovran: standard input: unit 1 at 6: cut short, 4 of 16 bytes are there\n");
+              "kovran: standard input: unit 1 at 6: truncated: 4 of 16 bytes are present\n");
     EXPECT_EQ(result.out, bytes("02 4001 04 42010102"));
 }
 
@@ -179,8 +190,15 @@ TEST(InspectCopy, FailsAtAUnitThatIsTooLong) {
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.err, "kovran: " + in +
                               ": unit 1 at 6: 300 bytes do not fit a length8 prefix; " + out +
-                              " is incomplete\n");
-    EXPECT_EQ(read_file(out), bytes("02 4001"));
+                              " was not written\n");
+    EXPECT_FALSE(std::filesystem::exists(out));
+
+    const std::string kept = folder.write("kept", "contents");
+    const outcome again = run({"copy", in, kept, "--from", "length16", "--to", "length8"});
+    EXPECT_EQ(again.status, 2);
+    EXPECT_NE(again.err.find("; " + kept + " is unchanged\n"), std::string::npos);
+    EXPECT_EQ(read_file(kept), "contents");
+    EXPECT_EQ(files_in(folder), (std::vector<std::string>{"in", "kept"}));
 }
 
 TEST(InspectCopy, CountsTheBytesThatWouldBeWritten) {
@@ -199,6 +217,59 @@ TEST(InspectCopy, ReplacesAnExistingFile) {
     EXPECT_EQ(read_file(out), read_file(stream_path("mainstill")));
 }
 
+TEST(InspectCopy, LeavesNothingButTheCopy) {
+    const temporary_folder folder;
+    EXPECT_EQ(run({"copy", stream_path("mainstill"), folder.file("out")}).status, 0);
+    EXPECT_EQ(files_in(folder), std::vector<std::string>{"out"});
+}
+
+TEST(InspectCopy, KeepsTheModeOfAnExistingFile) {
+    const temporary_folder folder;
+    const std::string out = folder.write("out", "");
+    ASSERT_EQ(::chmod(out.c_str(), 0640), 0);
+    EXPECT_EQ(run({"copy", stream_path("mainstill"), out}).status, 0);
+    struct stat status {};
+    ASSERT_EQ(::stat(out.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0640U);
+}
+
+TEST(InspectCopy, WritesTheFileBehindALink) {
+    const temporary_folder folder;
+    const std::string out = folder.write("out", "old");
+    std::filesystem::create_symlink(out, folder.file("link"));
+    EXPECT_EQ(run({"copy", stream_path("mainstill"), folder.file("link")}).status, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.file("link")));
+    EXPECT_EQ(read_file(out), read_file(stream_path("mainstill")));
+}
+
+TEST(InspectCopy, TakesTheLongestNameOfAFile) {
+    const temporary_folder folder;
+    const std::string out = folder.file(std::string(255, 'n'));
+    EXPECT_EQ(run({"copy", stream_path("mainstill"), out}).status, 0);
+    EXPECT_EQ(read_file(out), read_file(stream_path("mainstill")));
+}
+
+TEST(InspectCopy, AFileThatMayNotBeWrittenIsNotReplaced) {
+    const temporary_folder folder;
+    const std::string out = folder.write("out", "kept");
+    ASSERT_EQ(::chmod(out.c_str(), 0444), 0);
+    const outcome result =
+        program({"copy", stream_path("mainstill"), out}).without_file_privileges().run();
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err, "kovran: " + out + ": Permission denied\n");
+    EXPECT_EQ(read_file(out), "kept");
+}
+
+TEST(InspectCopy, AFileAboveTheSizeLimitIsAFailure) {
+    const temporary_folder folder;
+    const std::string out = folder.write("out", "kept");
+    const outcome result = program({"copy", stream_path("hm_ra16"), out}).file_size(1000).run();
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err, "kovran: " + out + ": File too large; " + out + " is unchanged\n");
+    EXPECT_EQ(read_file(out), "kept");
+    EXPECT_EQ(files_in(folder), std::vector<std::string>{"out"});
+}
+
 TEST(InspectCopy, RefusesToOverwriteItsInput) {
     const temporary_folder folder;
     const std::string contents = read_file(stream_path("mainstill"));
@@ -208,7 +279,7 @@ TEST(InspectCopy, RefusesToOverwriteItsInput) {
     for (const std::string& out : {in, folder.file("hard"), folder.file("soft")}) {
         const outcome result = run({"copy", in, out});
         EXPECT_EQ(result.status, 2);
-        EXPECT_EQ(result.err, "kovran: " + out + ": is the file that is to be read\n");
+        EXPECT_EQ(result.err, "kovran: " + out + ": is also the input file\n");
     }
     const outcome redirected = program({"copy", "-", "-"}).input_from(in).output_to(in).run();
     EXPECT_EQ(redirected.status, 2);

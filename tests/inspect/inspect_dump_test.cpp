@@ -354,7 +354,7 @@ TEST(InspectDump, GoesOnAfterASliceThatAsksForTooMuchMemory) {
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err,
               "kovran: standard input: unit 3 at 68: "
-              "the slice segment header asks for more memory than there is\n");
+              "the slice segment header needs more memory than is available\n");
     const std::set<std::string> lines = lines_of(result.out);
     EXPECT_EQ(lines.count("slice_pic_order_cnt_lsb 5"), 1U);
     EXPECT_EQ(lines.count("num_long_term_pics 2147483646"), 1U);
@@ -429,8 +429,8 @@ TEST(InspectDump, TellsIdentifiersAboveTheirLimits) {
 TEST(InspectDump, TellsSeiMessagesThatAreCutOff) {
     const outcome result = program({"dump", "-"}).input(bytes("000001 4e01 0510 0102")).run();
     EXPECT_EQ(result.status, 1);
-    EXPECT_NE(result.err.find("unit 0 at 3: SEI message user_data_unregistered is cut off: "
-                              "16 bytes, of which 2 are there\n"),
+    EXPECT_NE(result.err.find("unit 0 at 3: SEI message user_data_unregistered is truncated: "
+                              "2 of 16 bytes are present\n"),
               std::string::npos);
     EXPECT_EQ(lines_of(result.out).count("payload 0102"), 1U);
     EXPECT_EQ(program({"dump", "-"}).input(bytes("000001 4e01 80")).run().status, 1);

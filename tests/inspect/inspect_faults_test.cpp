@@ -62,47 +62,43 @@ void expect_faults(const outcome& result, const list& expected) {
 }
 
 TEST(InspectFaults, BytesBeforeTheFirstStartCode) {
-    expect_faults(
-        nals_of(bytes("aabb 000001 40010c"), "annexb"),
-        {no_unit(0, 2, {"bytes before the first NAL unit that belong to none: 2"}), unit(0, 5, 3)});
+    expect_faults(nals_of(bytes("aabb 000001 40010c"), "annexb"),
+                  {no_unit(0, 2, {"skipped 2 bytes before the first start code"}), unit(0, 5, 3)});
 }
 
 TEST(InspectFaults, ZeroBytesAroundThemAreFine) {
     const outcome result = nals_of(bytes("0000 aa 00 000001 40010c"), "annexb");
-    expect_faults(
-        result,
-        {no_unit(2, 1, {"bytes before the first NAL unit that belong to none: 1"}), unit(0, 7, 3)});
+    expect_faults(result,
+                  {no_unit(2, 1, {"skipped 1 byte before the first start code"}), unit(0, 7, 3)});
     EXPECT_NE(result.out.find("\"prefix\":4"), std::string::npos);
     EXPECT_EQ(nals_of(bytes("0000000000 000001 40010c"), "annexb").status, 0);
 }
 
 TEST(InspectFaults, ForbiddenZeroBitInsideTheUnitBefore) {
-    expect_faults(
-        nals_of(bytes("000001 40010c 000001 c0010d 000001 420101"), "annexb"),
-        {unit(0, 3, 9, {"start code at 6 passed over, as forbidden_zero_bit is 1 after it"}),
-         unit(1, 15, 3)});
+    expect_faults(nals_of(bytes("000001 40010c 000001 c0010d 000001 420101"), "annexb"),
+                  {unit(0, 3, 9, {"ignored the start code at 6: forbidden_zero_bit is 1 after it"}),
+                   unit(1, 15, 3)});
 }
 
 TEST(InspectFaults, ForbiddenZeroBitsAreCounted) {
     expect_faults(nals_of(bytes("000001 4001 000001 c001 000001 c001 000001 c001"), "annexb"),
                   {unit(0, 3, 17,
-                        {"start code at 5 passed over, as forbidden_zero_bit is 1 after it "
+                        {"ignored the start code at 5: forbidden_zero_bit is 1 after it "
                          "(and 2 more)"})});
 }
 
 TEST(InspectFaults, ForbiddenZeroBitBeforeTheFirstUnit) {
     expect_faults(nals_of(bytes("000001 c0010d 000001 4001"), "annexb"),
                   {no_unit(2, 4,
-                           {"bytes before the first NAL unit that belong to none: 4",
-                            "start code at 0 passed over, as forbidden_zero_bit is 1 after it"}),
+                           {"skipped 4 bytes before the first start code",
+                            "ignored the start code at 0: forbidden_zero_bit is 1 after it"}),
                    unit(0, 9, 2)});
 }
 
 TEST(InspectFaults, OnlyForbiddenZeroBits) {
-    expect_faults(
-        nals_of(bytes("000001 c0010d0e0f"), "annexb"),
-        {no_unit(2, 2, {"start code at 0 passed over, as forbidden_zero_bit is 1 after it"}),
-         no_unit(0, 0, {"no NAL unit found"})});
+    expect_faults(nals_of(bytes("000001 c0010d0e0f"), "annexb"),
+                  {no_unit(2, 2, {"ignored the start code at 0: forbidden_zero_bit is 1 after it"}),
+                   no_unit(0, 0, {"no NAL unit found"})});
 }
 
 TEST(InspectFaults, SequencesThatDoNotOccurInAUnit) {
@@ -126,7 +122,7 @@ TEST(InspectFaults, TemporalIdOfNone) {
 }
 
 TEST(InspectFaults, StartCodeAtTheEnd) {
-    const char fault[] = "start code at the end, without a whole NAL unit header";
+    const char fault[] = "start code at the end without a complete NAL unit header";
     expect_faults(nals_of(bytes("000001 40010c 000001"), "annexb"),
                   {unit(0, 3, 3), no_unit(6, 3, {fault})});
     expect_faults(nals_of(bytes("000001 40010c 00000001 42"), "annexb"),
@@ -148,7 +144,7 @@ TEST(InspectFaults, NoUnitAtAll) {
 }
 
 TEST(InspectFaults, LengthOfZero) {
-    const char fault[] = "length of 0, behind which nothing can be read";
+    const char fault[] = "nothing can be read after a length of 0";
     expect_faults(nals_of(bytes("0003 40010c 0000 0003 42010c"), "length16"),
                   {unit(0, 2, 3), no_unit(5, 2, {fault})});
     expect_faults(nals_of(bytes("00000000 000340010c"), "length32"),
@@ -156,20 +152,20 @@ TEST(InspectFaults, LengthOfZero) {
 }
 
 TEST(InspectFaults, LengthOfOne) {
-    expect_faults(nals_of(bytes("01 40 03 42010c"), "length8"),
-                  {no_unit(0, 2, {"length of 1, which leaves no room for a NAL unit header"}),
-                   unit(0, 3, 3)});
+    expect_faults(
+        nals_of(bytes("01 40 03 42010c"), "length8"),
+        {no_unit(0, 2, {"a length of 1 leaves no room for a NAL unit header"}), unit(0, 3, 3)});
 }
 
 TEST(InspectFaults, UnitCutShort) {
     expect_faults(nals_of(bytes("000003 40010c 00ffff 42010101"), "length24"),
-                  {unit(0, 3, 3), unit(1, 9, 4, {"cut short, 4 of 65535 bytes are there"})});
+                  {unit(0, 3, 3), unit(1, 9, 4, {"truncated: 4 of 65535 bytes are present"})});
     expect_faults(nals_of(bytes("ffffffff 4001"), "length32"),
-                  {unit(0, 4, 2, {"cut short, 2 of 4294967295 bytes are there"})});
+                  {unit(0, 4, 2, {"truncated: 2 of 4294967295 bytes are present"})});
 }
 
 TEST(InspectFaults, ForbiddenZeroBitAfterALength) {
-    const char fault[] = "NAL unit passed over, as its forbidden_zero_bit is 1";
+    const char fault[] = "skipped a NAL unit whose forbidden_zero_bit is 1";
     expect_faults(nals_of(bytes("0003 c0010c 0002 4001"), "length16"),
                   {no_unit(0, 5, {fault}), unit(0, 7, 2)});
     expect_faults(nals_of(bytes("0002 4001 00ff c0010c"), "length16"),
@@ -180,7 +176,7 @@ TEST(InspectFaults, BytesLeftOver) {
     expect_faults(
         nals_of(bytes("0003 40010c 000342"), "length16"),
         {unit(0, 2, 3),
-         no_unit(5, 3, {"too few bytes at the end for a length and a NAL unit header: 3"})});
+         no_unit(5, 3, {"3 bytes at the end are too few for a length and a NAL unit header"})});
 }
 
 TEST(InspectFaults, SequencesInsideALengthPrefixedUnit) {

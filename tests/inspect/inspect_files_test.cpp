@@ -83,6 +83,22 @@ TEST(InspectFiles, MessagesNeverEndUpInTheCopy) {
     EXPECT_EQ(read_file(out), bytes("000001 40010c"));
 }
 
+// Escape sequences would command the terminal, a new line would look like another message.
+TEST(InspectFiles, ControlCharactersInNamesAreEscaped) {
+    const temporary_folder folder;
+    const std::string missing = folder.file("a\x1b[2J\n\x7f\xc2\x9b\x9b");
+    expect_failure(run({"nals", missing}), folder.file("a\\x1b[2J\\x0a\\x7f\xc2\\x9b\\x9b") +
+                                               ": No such file or directory");
+    const std::string utf8 = folder.file("\xc3\x9b\xe2\x80\x9b\xf0\x9f\x98\x80");
+    expect_failure(run({"nals", utf8}), utf8 + ": No such file or directory");
+    EXPECT_EQ(run({"nals", "a", "--\x1b[2J"}).err,
+              "kovran: The following argument was not expected: --\\x1b[2J\n"
+              "Run kovran --help for more information.\n");
+    const std::string faulty = folder.write("\x1b[2J", bytes("000001 4000"));
+    EXPECT_EQ(run({"nals", faulty}).err,
+              "kovran: " + folder.file("\\x1b[2J") + ": unit 0 at 3: nuh_temporal_id_plus1 is 0\n");
+}
+
 TEST(InspectFiles, FifoIsRead) {
     const temporary_folder folder;
     const std::string path = folder.file("fifo");

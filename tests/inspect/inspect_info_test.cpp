@@ -63,7 +63,7 @@ TEST(InspectInfo, ShowsAStreamWithMessages) {
               "VPS_NUT 2\n"
               "slices        B 4, I 2, P 2\n"
               "pictures      8\n"
-              "IRAP          2: picture 0 at 2672, 4 at 7736; 4 to 4 pictures apart\n"
+              "IRAP          2: picture 0 at 2672, 4 at 7736; every 4 pictures\n"
               "SEI           active_parameter_sets 2, alternative_transfer_characteristics 2, "
               "buffering_period 2, content_light_level_info 2, decoded_picture_hash 8, "
               "mastering_display_colour_volume 2, pic_timing 8, recovery_point 1, "
@@ -90,10 +90,24 @@ TEST(InspectInfo, ShowsAStreamWithSlices) {
               "faults        none\n");
 }
 
+TEST(InspectInfo, TellsHowFarIrapPicturesAreApart) {
+    const auto irap_of = [](const std::string& pictures) {
+        std::string stream;
+        for (const char picture : pictures) {
+            // first_slice_segment_in_pic_flag, and a PPS that is not there.
+            stream += bytes(picture == 'I' ? "000001 2801a0" : "000001 0201e0");
+        }
+        return fact(program({"info", "-"}).input(stream).run().out, "IRAP");
+    };
+    EXPECT_EQ(irap_of("II"), "2: picture 0 at 3, 1 at 9; every picture");
+    EXPECT_EQ(irap_of("IPI"), "2: picture 0 at 3, 2 at 15; every 2 pictures");
+    EXPECT_EQ(irap_of("IPIIPI"),
+              "4: picture 0 at 3, 2 at 15, 3 at 21, 5 at 33; every 1 to 2 pictures");
+}
+
 TEST(InspectInfo, CountsUnitsOfHigherLayers) {
     const std::string info = info_of("x265_42_alpha");
-    EXPECT_NE(info.find("\n              6 of them in layers above the base layer, "
-                        "not taken apart\n"),
+    EXPECT_NE(info.find("\n              6 of them in enhancement layers, not parsed\n"),
               std::string::npos);
     EXPECT_EQ(fact(info, "slices"), "B 2, I 1, P 1");
     EXPECT_EQ(fact(info, "pictures"), "4");

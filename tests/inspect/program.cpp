@@ -136,6 +136,11 @@ program& program::environment(std::string variable) {
     return *this;
 }
 
+program& program::file_size(std::size_t bytes) {
+    file_size_ = bytes;
+    return *this;
+}
+
 program& program::address_space(std::size_t bytes) {
     address_space_ = bytes;
     return *this;
@@ -227,6 +232,10 @@ void program::become_program(int in, int out, int err) const {
     if (address_space_ != 0) {
         const rlimit limit{address_space_, address_space_};
         ::setrlimit(RLIMIT_AS, &limit);
+    }
+    if (file_size_ != 0) {
+        const rlimit limit{file_size_, file_size_};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
     }
     if (without_file_privileges_) {
         ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);

@@ -33,6 +33,8 @@ public:
     program& output_into_closed_pipe();
     program& environment(std::string variable);
     program& address_space(std::size_t bytes);
+    // That it may write to a file; the outputs that are caught are files, too.
+    program& file_size(std::size_t bytes);
     // With the rights of a file's mode, also for the superuser, who has more.
     program& without_file_privileges();
     program& output_on_terminal();
@@ -51,6 +53,7 @@ private:
     std::string input_path_;
     std::string output_path_;
     std::size_t address_space_ = 0;
+    std::size_t file_size_ = 0;
     bool without_file_privileges_ = false;
     bool output_into_closed_pipe_ = false;
     bool output_on_terminal_ = false;

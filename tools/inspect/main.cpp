@@ -2,7 +2,10 @@
 #include "process/address_space.h"
 #include "process/bus_error.h"
 #include "process/exit_status.h"
+#include "process/failure.h"
+#include "process/file_size_limit.h"
 #include "process/message.h"
+#include "process/printable.h"
 #include "process/standard_streams.h"
 #include "verbs/command_line.h"
 #include "verbs/copy.h"
@@ -34,15 +37,22 @@ struct runner {
     }
 };
 
+void write_reason(const std::exception& reason) {
+    write_message("kovran: ");
+    write_message(printable(reason.what()));
+    write_message("\n");
+}
+
 exit_status run(int argc, const char* const* argv) noexcept {
     try {
         return std::visit(runner{}, parse_command_line(argc, argv));
     } catch (const std::bad_alloc&) {
         write_message("kovran: not enough memory\n");
+    } catch (const wrong_arguments& reason) {
+        write_reason(reason);
+        write_message("Run kovran --help for more information.\n");
     } catch (const std::exception& reason) {
-        write_message("kovran: ");
-        write_message(reason.what());
-        write_message("\n");
+        write_reason(reason);
     }
     return status_failed;
 }
@@ -53,6 +63,7 @@ exit_status run(int argc, const char* const* argv) noexcept {
 int main(int argc, char** argv) {
     kovran::inspect::reserve_standard_streams();
     kovran::inspect::report_bus_errors();
+    kovran::inspect::report_file_size_limit();
     kovran::inspect::cap_address_space();
     return kovran::inspect::run(argc, argv);
 }

@@ -108,9 +108,15 @@ bool unit_reader::parse(Record& record, h2645_common_bitreader reader, trace_sin
     if (rules_ == rule_set::standard && !sink.wants_elements()) {
         return record.parse_standard(reader, context..., &fault_);
     }
-    const bool read = rules_ == rule_set::standard
-                          ? record.parse_standard(reader, context..., trace_, &fault_)
-                          : record.parse(reader, context..., trace_, &fault_);
+    bool read = false;
+    try {
+        read = rules_ == rule_set::standard
+                   ? record.parse_standard(reader, context..., trace_, &fault_)
+                   : record.parse(reader, context..., trace_, &fault_);
+    } catch (const std::bad_alloc&) {
+        replay(trace_, sink);
+        throw;
+    }
     if (sink.wants_elements()) {
         replay(trace_, sink);
         if (fault_.kind != h265_fault_kind::none) {
@@ -184,7 +190,7 @@ void unit_reader::read_slice(nal_unit& unit, trace_sink& sink) {
         read = parse(slice, rbsp_.reader(), sink, sets_->pps, sets_->sps, sets_->vps,
                      unit.header.nal_unit_type);
     } catch (const std::bad_alloc&) {
-        unit.faults.emplace_back("the slice segment header asks for more memory than there is");
+        unit.faults.emplace_back("the slice segment header needs more memory than is available");
         return;
     }
     if (!read) {
@@ -208,7 +214,7 @@ void unit_reader::read_sei(nal_unit& unit, trace_sink& sink) {
     constexpr unsigned int cut_off = 0xFFFFFFFF;
     const bool whole = messages.payload_type != cut_off && messages.payload_size != cut_off;
     if (!whole || messages.cursor != messages.end || messages.payload_end == messages.end) {
-        unit.faults.emplace_back("the SEI messages do not end in trailing bits");
+        unit.faults.emplace_back("the SEI messages are not followed by valid trailing bits");
         return;
     }
     h2645_common_bitreader reader = rbsp_.reader();
@@ -217,7 +223,7 @@ void unit_reader::read_sei(nal_unit& unit, trace_sink& sink) {
         tell_trailing_bits(reader, sink);
     }
     if (!h2645_common_skip_rbsp_trailing_bits(reader)) {
-        unit.faults.emplace_back("the SEI messages do not end in trailing bits");
+        unit.faults.emplace_back("the SEI messages are not followed by valid trailing bits");
     }
 }
 
@@ -231,8 +237,8 @@ void unit_reader::read_message(nal_unit& unit, const h265_nal_sei_reader& messag
     }
     if (message.truncated) {
         unit.faults.push_back(fmt::format(
-            "SEI message {} is cut off: {} bytes, of which {} are there", sei_name(message),
-            message.payload_size, message.payload_end - message.payload_begin));
+            "SEI message {} is truncated: {} of {} bytes are present", sei_name(message),
+            message.payload_end - message.payload_begin, message.payload_size));
     }
     if (!read_payload(message, sink)) {
         unit.faults.push_back(

@@ -12,14 +12,19 @@
 namespace kovran::inspect {
 namespace {
 
+// Negative, with errno, where it fails.
 int open_file(const std::string& path, int flags) {
     constexpr mode_t mode_before_umask = 0666;
     int number = -1;
     do {
         number = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode_before_umask);
     } while (number < 0 && errno == EINTR);
+    return number;
+}
+
+int checked(int number, const std::string& name) {
     if (number < 0) {
-        throw system_failure(path, errno);
+        throw system_failure(name, errno);
     }
     return number;
 }
@@ -53,11 +58,19 @@ file_descriptor file_descriptor::standard_output() {
 }
 
 file_descriptor file_descriptor::open_to_read(const std::string& path) {
-    return {open_file(path, O_RDONLY), path, /*owned=*/true};
+    return {checked(open_file(path, O_RDONLY), path), path, /*owned=*/true};
 }
 
-file_descriptor file_descriptor::open_to_write(const std::string& path) {
-    return {open_file(path, O_WRONLY | O_CREAT), path, /*owned=*/true};
+std::optional<file_descriptor> file_descriptor::open_existing_to_write(const std::string& path) {
+    const int number = open_file(path, O_WRONLY);
+    if (number < 0 && errno == ENOENT) {
+        return std::nullopt;
+    }
+    return file_descriptor(checked(number, path), path, /*owned=*/true);
+}
+
+file_descriptor file_descriptor::create(const std::string& path, const std::string& name) {
+    return {checked(open_file(path, O_WRONLY | O_CREAT | O_EXCL), name), name, /*owned=*/true};
 }
 
 file_descriptor::file_descriptor(file_descriptor&& other) noexcept
@@ -107,6 +120,16 @@ void file_descriptor::write_all(const unsigned char* bytes, std::size_t size) co
 
 void file_descriptor::truncate() const {
     if (S_ISREG(status().st_mode) && ::ftruncate(number_, 0) != 0) {
+        throw system_failure(name_, errno);
+    }
+}
+
+void file_descriptor::adopt_rights(const struct stat& other) const {
+    constexpr mode_t permissions = 0777;
+    if (::fchown(number_, other.st_uid, other.st_gid) != 0) {
+        // Only the superuser can give files away.
+    }
+    if (::fchmod(number_, other.st_mode & permissions) != 0) {
         throw system_failure(name_, errno);
     }
 }

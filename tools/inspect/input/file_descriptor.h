@@ -2,6 +2,7 @@
 #define KOVRAN_TOOLS_INSPECT_INPUT_FILE_DESCRIPTOR_H
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include <sys/stat.h>
@@ -15,8 +16,11 @@ public:
     [[nodiscard]] static file_descriptor standard_input();
     [[nodiscard]] static file_descriptor standard_output();
     [[nodiscard]] static file_descriptor open_to_read(const std::string& path);
-    // The contents of an existing file stay until truncate().
-    [[nodiscard]] static file_descriptor open_to_write(const std::string& path);
+    // Nothing where there is no file. Its contents stay until truncate().
+    [[nodiscard]] static std::optional<file_descriptor> open_existing_to_write(
+        const std::string& path);
+    // A new file, whose failures are reported under another name. That it exists is one of them.
+    [[nodiscard]] static file_descriptor create(const std::string& path, const std::string& name);
 
     file_descriptor(file_descriptor&& other) noexcept;
     file_descriptor(const file_descriptor&) = delete;
@@ -34,6 +38,8 @@ public:
     void write_all(const unsigned char* bytes, std::size_t size) const;
     // Drops what a regular file holds.
     void truncate() const;
+    // Gives it the mode of another file and, as far as the system lets it, the owner.
+    void adopt_rights(const struct stat& other) const;
     // Closes a file opened here, and tells of a write that only now turns out to have failed.
     void close();
 

@@ -1,6 +1,7 @@
 #include "output/report.h"
 
 #include "process/message.h"
+#include "process/printable.h"
 
 #include <exception>
 
@@ -37,7 +38,7 @@ void report::write(std::string_view line) {
         results_.flush();
     }
     progress_.clear();
-    write_message(fmt::format("kovran: {}: {}\n", stream_name_, line));
+    write_message(fmt::format("kovran: {}: {}\n", printable(stream_name_), printable(line)));
 }
 
 std::string place_of(const nal_unit& unit) {

@@ -88,6 +88,14 @@ std::string colour_text(const h265_nal_sps& sps) {
                        matrix_coeffs_name(vui.matrix_coeffs));
 }
 
+// How many pictures it is from one IRAP picture to the next.
+std::string distances_text(std::uint64_t shortest, std::uint64_t longest) {
+    if (shortest != longest) {
+        return fmt::format("every {} to {} pictures", shortest, longest);
+    }
+    return shortest == 1 ? "every picture" : fmt::format("every {} pictures", shortest);
+}
+
 void line(std::string& text, std::string_view name, std::string_view value) {
     fmt::format_to(std::back_inserter(text), "{:<14}{}\n", name, value);
 }
@@ -175,8 +183,7 @@ std::string stream_summary::text() const {
     line(text, "NAL units", fmt::format("{}: {}", all_units, counts(units_by_name)));
     if (higher_layer_units_ != 0) {
         line(text, "",
-             fmt::format("{} of them in layers above the base layer, not taken apart",
-                         higher_layer_units_));
+             fmt::format("{} of them in enhancement layers, not parsed", higher_layer_units_));
     }
     line(text, "slices", counts(slices_));
     line(text, "pictures", fmt::format("{}", pictures_));
@@ -186,8 +193,7 @@ std::string stream_summary::text() const {
                              irap_pictures_ > iraps_listed ? ", ..." : "");
     }
     if (irap_pictures_ > 1) {
-        iraps += fmt::format("; {} to {} pictures apart", shortest_irap_distance_,
-                             longest_irap_distance_);
+        iraps += "; " + distances_text(shortest_irap_distance_, longest_irap_distance_);
     }
     line(text, "IRAP", iraps);
     line(text, "SEI", counts(messages_));

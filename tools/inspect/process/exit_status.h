@@ -4,9 +4,9 @@
 namespace kovran::inspect {
 
 enum exit_status : int {
-    status_read = 0,    // read, nothing to complain of
-    status_faults = 1,  // read, with faults found in the stream
-    status_failed = 2,  // cannot read or write, or wrong arguments
+    status_read = 0,    // success
+    status_faults = 1,  // the stream has faults
+    status_failed = 2,  // usage or I/O error
 };
 
 }  // namespace kovran::inspect

@@ -11,6 +11,11 @@ struct failure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// Arguments that do not make a command.
+struct wrong_arguments : failure {
+    using failure::failure;
+};
+
 // "NAME: REASON", the reason being that of a value of errno.
 [[nodiscard]] failure system_failure(const std::string& name, int error_number);
 

@@ -103,7 +103,7 @@ void annex_b_walk::take_last_bytes(nal_unit& unit) {
     if (start_code != stream_.end()) {
         unit.offset = stream_.place_of(start_code);
         unit.size = static_cast<std::uint64_t>(stream_.end() - start_code);
-        unit.faults.emplace_back("start code at the end, without a whole NAL unit header");
+        unit.faults.emplace_back("start code at the end without a complete NAL unit header");
     }
 }
 

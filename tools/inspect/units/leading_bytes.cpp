@@ -69,8 +69,8 @@ void leading_bytes::describe(nal_unit& unit, bool before_unit) const {
     unit.offset = zeros_at_begin_;
     unit.size = size_ - zeros_at_begin_ - zeros_at_end_;
     if (before_unit && zeros_at_begin_ != size_) {
-        unit.faults.push_back(
-            fmt::format("bytes before the first NAL unit that belong to none: {}", unit.size));
+        unit.faults.push_back(fmt::format("skipped {} {} before the first start code", unit.size,
+                                          unit.size == 1 ? "byte" : "bytes"));
     }
     if (passed_over_ != 0) {
         unit.faults.push_back(passed_over_fault(first_passed_over_, passed_over_));

@@ -51,16 +51,16 @@ bool length_prefixed_walk::wants_more() const {
 void length_prefixed_walk::describe_bytes(nal_unit& unit) const {
     unit.size = taken_;
     if (reader_.found) {
-        unit.faults.emplace_back("length of 1, which leaves no room for a NAL unit header");
+        unit.faults.emplace_back("a length of 1 leaves no room for a NAL unit header");
     } else if (length_is_zero()) {
         unit.size = prefix_size_;
-        unit.faults.emplace_back("length of 0, behind which nothing can be read");
+        unit.faults.emplace_back("nothing can be read after a length of 0");
     } else if (reader_.gave_up) {
-        unit.faults.emplace_back("NAL unit passed over, as its forbidden_zero_bit is 1");
+        unit.faults.emplace_back("skipped a NAL unit whose forbidden_zero_bit is 1");
     } else {
         unit.size = stream_.size();
         unit.faults.push_back(fmt::format(
-            "too few bytes at the end for a length and a NAL unit header: {}", unit.size));
+            "{} bytes at the end are too few for a length and a NAL unit header", unit.size));
     }
 }
 
@@ -75,7 +75,7 @@ void length_prefixed_walk::describe_unit(nal_unit& unit) {
     unit.header = reader_.nal;
     if (unit.size != reader_.nal_length) {
         unit.faults.push_back(
-            fmt::format("cut short, {} of {} bytes are there", unit.size, reader_.nal_length));
+            fmt::format("truncated: {} of {} bytes are present", unit.size, reader_.nal_length));
     }
     add_unit_faults(unit, reader_.nalfmt);
 }

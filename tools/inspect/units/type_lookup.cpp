@@ -114,7 +114,7 @@ h265_nal_unit_type type_of(std::string_view text) {
         throw failure(fmt::format("'{}' could be {}", text, alternatives(found)));
     }
     const types near = types_near(name);
-    throw failure(fmt::format("'{}' is no NAL unit type; {}", text,
+    throw failure(fmt::format("'{}' is not a NAL unit type; {}", text,
                               near.empty() ? "use 0 to 63 or a name such as SPS or IDR_W_RADL"
                                            : "did you mean " + alternatives(near) + '?'));
 }

@@ -51,7 +51,7 @@ void add_unit_faults(nal_unit& unit, h2645_common_nalfmt format) {
 }
 
 std::string passed_over_fault(std::uint64_t first, std::uint64_t count) {
-    return fmt::format("start code at {} passed over, as forbidden_zero_bit is 1 after it{}", first,
+    return fmt::format("ignored the start code at {}: forbidden_zero_bit is 1 after it{}", first,
                        and_more(count));
 }
 

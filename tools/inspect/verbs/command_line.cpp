@@ -39,8 +39,7 @@ void add_rules(CLI::App& verb, rule_set& rules) {
             [&rules](const std::string& name) {
                 rules = name == name_of(rule_set::own) ? rule_set::own : rule_set::standard;
             },
-            "Read by the standard's rules or by the library's own, standard or own; default "
-            "standard")
+            "Whose rules to parse by: standard, or own for those of the library; default standard")
         ->type_name("RULES")
         ->check(
             CLI::IsMember({name_of(rule_set::standard), name_of(rule_set::own)}).description(""));
@@ -67,7 +66,7 @@ std::optional<std::uint64_t> number_of(const std::string& text) {
 std::uint64_t number_of_units(const std::string& option, const std::string& text) {
     const std::optional<std::uint64_t> number = number_of(text);
     if (!number) {
-        throw CLI::ValidationError(option, '\'' + text + "' is no number of NAL units");
+        throw CLI::ValidationError(option, '\'' + text + "' is not a number of NAL units");
     }
     return *number;
 }
@@ -75,7 +74,7 @@ std::uint64_t number_of_units(const std::string& option, const std::string& text
 unsigned int layer_of(const std::string& text) {
     const std::optional<std::uint64_t> number = number_of(text);
     if (!number || *number >= layer_count) {
-        throw CLI::ValidationError("--layer", '\'' + text + "' is no layer; use 0 to 63");
+        throw CLI::ValidationError("--layer", '\'' + text + "' is not a layer; use 0 to 63");
     }
     return static_cast<unsigned int>(*number);
 }
@@ -86,12 +85,8 @@ void set_colour(nals_options& options, const std::string& when) {
                                        : colour_choice::on_terminals;
 }
 
-failure wrong_arguments(const std::string& reason) {
-    return failure(reason + "\nRun kovran --help for more information.");
-}
-
 void add_stream(CLI::App& verb, std::string& file, h2645_common_nalfmt& format) {
-    verb.add_option("FILE", file, "The stream; - is standard input")->required()->type_name("");
+    verb.add_option("FILE", file, "The stream, or - for standard input")->required()->type_name("");
     add_format(verb, "--format", format, "How the NAL units are framed");
 }
 
@@ -101,34 +96,34 @@ void add_selection(CLI::App& verb, unit_selection& selection) {
             [&selection](const std::vector<std::string>& names) {
                 select_types(selection.types, names);
             },
-            "Show only units of these types, by number or name, as in 32,SPS")
+            "Show only units of these types: numbers or names, such as 32,SPS")
         ->type_name("TYPE")
         ->delimiter(',')
         ->allow_extra_args(false);
     verb.add_option_function<std::string>(
             "--layer", [&selection](const std::string& text) { selection.layer = layer_of(text); },
-            "Show only units of this layer, by nuh_layer_id")
+            "Show only units with this nuh_layer_id")
         ->type_name("N");
     verb.add_option_function<std::string>(
             "--nal",
             [&selection](const std::string& text) {
                 selection.nal = number_of_units("--nal", text);
             },
-            "Show only the unit with this index, as kovran nals counts them")
+            "Show only the unit with this index; kovran nals lists them")
         ->type_name("N");
     verb.add_option_function<std::string>(
             "--limit",
             [&selection](const std::string& text) {
                 selection.limit = number_of_units("--limit", text);
             },
-            "Stop after so many units")
+            "Stop after N units")
         ->type_name("N");
 }
 
 CLI::App& add_nals(CLI::App& program, nals_options& options) {
     CLI::App& verb = *program.add_subcommand("nals", "Show a line for each NAL unit of a stream");
     add_stream(verb, options.file, options.format);
-    verb.add_flag("--json", options.json, "Show a JSON object on each line");
+    verb.add_flag("--json", options.json, "Show one JSON object per line");
     add_selection(verb, options.selection);
     verb.add_option_function<std::string>(
             "--color,--colour", [&options](const std::string& when) { set_colour(options, when); },
@@ -146,12 +141,12 @@ CLI::App& add_syntax(CLI::App& verb, syntax_options& options) {
 }
 
 CLI::App& add_dump(CLI::App& program, syntax_options& options) {
-    CLI::App& verb = *program.add_subcommand(
-        "dump", "Show what the NAL units hold, as a tree of syntax elements");
+    CLI::App& verb =
+        *program.add_subcommand("dump", "Show the syntax elements of each NAL unit as a tree");
     add_syntax(verb, options);
     verb.add_flag_callback(
         "--json", [&options] { options.style = syntax_style::json; },
-        "Show a JSON object for each unit, on a line");
+        "Show one JSON object per unit and line");
     return verb;
 }
 
@@ -165,7 +160,7 @@ CLI::App& add_trace(CLI::App& program, syntax_options& options) {
 }
 
 CLI::App& add_info(CLI::App& program, info_options& options) {
-    CLI::App& verb = *program.add_subcommand("info", "Show what a stream is, on one screen");
+    CLI::App& verb = *program.add_subcommand("info", "Show a summary of a stream on one screen");
     add_stream(verb, options.file, options.format);
     add_rules(verb, options.rules);
     return verb;
@@ -174,23 +169,23 @@ CLI::App& add_info(CLI::App& program, info_options& options) {
 CLI::App& add_differences(CLI::App& program, differences_options& options) {
     CLI::App& verb = *program.add_subcommand(
         "differences",
-        "Show which NAL units the library's own rules read otherwise than the standard's");
+        "Show the NAL units that the library's own rules read differently from the standard's");
     add_stream(verb, options.file, options.format);
     verb.add_flag("--all", options.all, "Show the units as well, after the summary by rule");
     return verb;
 }
 
 CLI::App& add_copy(CLI::App& program, copy_options& options) {
-    CLI::App& verb =
-        *program.add_subcommand("copy", "Write the NAL units of a stream into another one");
-    verb.add_option("IN", options.in, "The stream to read; - is standard input")
+    CLI::App& verb = *program.add_subcommand(
+        "copy", "Copy the NAL units of a stream, in the same framing or another");
+    verb.add_option("IN", options.in, "The stream to read, or - for standard input")
         ->required()
         ->type_name("");
-    verb.add_option("OUT", options.out, "The stream to write; - is standard output")
+    verb.add_option("OUT", options.out, "The stream to write, or - for standard output")
         ->required()
         ->type_name("");
     add_format(verb, "--from", options.from, "How the NAL units of IN are framed");
-    add_format(verb, "--to", options.to, "How those of OUT shall be");
+    add_format(verb, "--to", options.to, "How to frame them in OUT");
     return verb;
 }
 
@@ -200,9 +195,7 @@ command parse_command_line(int argc, const char* const* argv) {
     CLI::App program("Shows the high-level syntax of H.265 video streams.", "kovran");
     program.require_subcommand(0, 1);  // without one, CLI11 hides what was wrong
     program.set_version_flag("--version", "kovran " KOVRAN_VERSION);
-    program.footer(
-        "Exit status: 0 read, 1 read with faults found in the stream,\n"
-        "2 cannot read or write, or wrong arguments.");
+    program.footer("Exit status: 0 success, 1 the stream has faults, 2 usage or I/O error.");
     info_options info;
     nals_options nals;
     syntax_options dump;
@@ -242,7 +235,7 @@ command parse_command_line(int argc, const char* const* argv) {
     if (copy_verb.parsed()) {
         return copy;
     }
-    throw wrong_arguments("nothing to do");
+    throw wrong_arguments("a command is missing: info, nals, dump, trace, differences or copy");
 }
 
 }  // namespace kovran::inspect

@@ -20,7 +20,7 @@ struct text_to_show {
 using command = std::variant<text_to_show, nals_options, copy_options, syntax_options, info_options,
                              differences_options>;
 
-// Wrong arguments are a failure.
+// Throws wrong_arguments.
 [[nodiscard]] command parse_command_line(int argc, const char* const* argv);
 
 }  // namespace kovran::inspect

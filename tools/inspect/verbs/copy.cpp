@@ -1,5 +1,6 @@
 #include "verbs/copy.h"
 
+#include "output/destination.h"
 #include "output/output.h"
 #include "output/progress.h"
 #include "output/report.h"
@@ -11,16 +12,11 @@
 
 #include <memory>
 #include <new>
-#include <utility>
 
 #include <fmt/format.h>
 
 namespace kovran::inspect {
 namespace {
-
-file_descriptor open_output(const std::string& path) {
-    return path == "-" ? file_descriptor::standard_output() : file_descriptor::open_to_write(path);
-}
 
 exit_status copy_units(const copy_options& options, input& stream, output& copied) {
     const std::unique_ptr<nal_walk> walk = walk_nal_units(stream, options.from);
@@ -30,7 +26,7 @@ exit_status copy_units(const copy_options& options, input& stream, output& copie
 
     nal_unit unit;
     while (walk->next(unit)) {
-        faults.tell_faults(unit, "; left out");
+        faults.tell_faults(unit, "; not copied");
         if (!unit.readable) {
             continue;
         }
@@ -40,7 +36,7 @@ exit_status copy_units(const copy_options& options, input& stream, output& copie
                                       rewriter.length_of(unit), format_name(options.to)));
         }
         if (rewriter.loses_zero_byte()) {
-            faults.tell(unit, "ends in a zero byte, which Annex B does not keep");
+            faults.tell(unit, "ends with a zero byte, which Annex B cannot keep");
         }
         copied.write(rewriter.data(), rewriter.size());
         shown.show(unit.offset);
@@ -53,21 +49,20 @@ exit_status copy_units(const copy_options& options, input& stream, output& copie
 
 exit_status copy(const copy_options& options) {
     const std::unique_ptr<input> stream = open_stream(options.in, options.from);
-    file_descriptor file = open_output(options.out);
-    if (same_file(stream->file(), file)) {
-        throw failure(file.name() + ": is the file that is to be read");
+    destination out(options.out);
+    if (out.existing() && same_file(stream->file(), *out.existing())) {
+        throw failure(out.existing()->name() + ": is also the input file");
     }
-    if (options.out != "-") {
-        file.truncate();
-    }
-    const std::string out_is_incomplete = "; " + file.name() + " is incomplete";
-    output copied(std::move(file));
+    const std::string consequence = "; " + out.after_failure();
+    output copied(out.open());
     try {
-        return copy_units(options, *stream, copied);
+        const exit_status status = copy_units(options, *stream, copied);
+        out.commit();
+        return status;
     } catch (const failure& reason) {
-        throw failure(reason.what() + out_is_incomplete);
+        throw failure(reason.what() + consequence);
     } catch (const std::bad_alloc&) {
-        throw failure("not enough memory" + out_is_incomplete);
+        throw failure("not enough memory" + consequence);
     }
 }
 
