@@ -12,6 +12,9 @@ namespace {
 template <class Values>
 class case_list {
 public:
+    case_list() = default;
+    explicit case_list(const Values& base) : base_(base) {}
+
     // `set` gives the element a value, and the elements beside it what the range is for.
     template <class Set>
     void at_most(const std::string& element, std::int64_t lowest, std::int64_t highest, Set set) {
@@ -44,14 +47,15 @@ private:
     template <class Set>
     void add(const std::string& element, std::int64_t lowest, std::int64_t highest,
              std::int64_t limit, std::int64_t past, Set set) {
-        Values at_limit;
+        Values at_limit = base_;
         set(at_limit, limit);
-        Values past_limit;
+        Values past_limit = base_;
         set(past_limit, past);
         cases_.push_back({element, lowest, highest, limit, past, bits_of(at_limit),
                           bits_of(past_limit), /*reserved=*/false});
     }
 
+    Values base_;
     std::vector<range_case> cases_;
 };
 
@@ -410,10 +414,186 @@ range_table pps_scaling_list_ranges() {
             list.cases()};
 }
 
+// ---- Slice segment headers
+
+std::vector<range_unit> parameter_sets_of(const slice_values& slice) {
+    pps_values last = slice.pps;
+    last.pps_pic_parameter_set_id = 63;
+    return {{VPS_NUT, bits_of(vps_values())},
+            {SPS_NUT, bits_of(slice.sps)},
+            {PPS_NUT, bits_of(slice.pps)},
+            {PPS_NUT, bits_of(last)}};
+}
+
+// P slices of an SPS with sets of one, two and no pictures and three long-term candidates, and of
+// eight reference pictures at most.
+slice_values slice_with_references() {
+    slice_values slice;
+    slice.sps.sps_max_dec_pic_buffering_minus1 = {8};
+    slice.sps.st_ref_pic_set = {pictures_before(1), pictures_before(2), set_values()};
+    slice.sps.long_term_ref_pics_present_flag = true;
+    slice.sps.num_long_term_ref_pics_sps = 3;
+    return slice;
+}
+
+range_table slice_ranges() {
+    const slice_values base = slice_with_references();
+    case_list<slice_values> list(base);
+    list.at_most("slice_pic_parameter_set_id", 0, 63,
+                 [](auto& slice, auto value) { slice.slice_pic_parameter_set_id = value; });
+    list.within("slice_segment_address", 1, 23, [](auto& slice, auto value) {
+        slice.first_slice_segment_in_pic_flag = false;
+        slice.slice_segment_address = value;
+    });
+    list.at_most("slice_type", 0, 2, [](auto& slice, auto value) { slice.slice_type = value; });
+    list.at_most("short_term_ref_pic_set_idx", 0, 2,
+                 [](auto& slice, auto value) { slice.short_term_ref_pic_set_idx = value; });
+    list.at_most("num_negative_pics", 0, 8, [](auto& slice, auto value) {
+        slice.short_term_ref_pic_set_sps_flag = false;
+        slice.st_ref_pic_set = pictures_before(static_cast<std::size_t>(value));
+    });
+    list.at_most("num_positive_pics", 0, 8, [](auto& slice, auto value) {
+        slice.short_term_ref_pic_set_sps_flag = false;
+        slice.st_ref_pic_set = pictures_after(static_cast<std::size_t>(value));
+    });
+    list.at_most("delta_idx_minus1", 0, 2, [](auto& slice, auto value) {
+        slice.short_term_ref_pic_set_sps_flag = false;
+        slice.st_ref_pic_set.inter_ref_pic_set_prediction_flag = true;
+        slice.st_ref_pic_set.delta_idx_minus1 = value;
+        slice.st_ref_pic_set.reference_pics = 1;  // set 0
+    });
+    list.at_most("abs_delta_rps_minus1", 0, 32767, [](auto& slice, auto value) {
+        slice.short_term_ref_pic_set_sps_flag = false;
+        slice.st_ref_pic_set.inter_ref_pic_set_prediction_flag = true;
+        slice.st_ref_pic_set.abs_delta_rps_minus1 = value;  // from set 2, of no pictures
+    });
+    list.at_most("num_long_term_sps", 0, 3, [](auto& slice, auto value) {
+        for (std::int64_t i = 0; i < value; ++i) {
+            slice.lt_idx_sps.push_back(i % 3);
+        }
+    });
+    // Beside the picture of the set.
+    list.at_most("num_long_term_pics", 0, 7,
+                 [](auto& slice, auto value) { slice.num_long_term_pics = value; });
+    list.at_most("lt_idx_sps[0]", 0, 2,
+                 [](auto& slice, auto value) { slice.lt_idx_sps = {value}; });
+    list.at_most("num_ref_idx_l0_active_minus1", 0, 14,
+                 [](auto& slice, auto value) { slice.num_ref_idx_l0_active_minus1 = value; });
+    list.at_most("num_ref_idx_l1_active_minus1", 0, 14, [](auto& slice, auto value) {
+        slice.slice_type = 0;
+        slice.num_ref_idx_l1_active_minus1 = value;
+    });
+    return {"slice_segment_header", parameter_sets_of(base), TRAIL_R, list.cases()};
+}
+
+// Of three pictures.
+range_table list_modification_ranges() {
+    slice_values base;
+    base.sps.st_ref_pic_set = {pictures_before(3)};
+    base.pps.lists_modification_present_flag = true;
+    base.list_entry_width = 2;
+    case_list<slice_values> list(base);
+    list.at_most("list_entry_l0[0]", 0, 2,
+                 [](auto& slice, auto value) { slice.list_entry_l0 = {value}; });
+    list.at_most("list_entry_l1[0]", 0, 2, [](auto& slice, auto value) {
+        slice.slice_type = 0;
+        slice.list_entry_l1 = {value};
+    });
+    return {"ref_pic_lists_modification", parameter_sets_of(base), TRAIL_R, list.cases()};
+}
+
+range_table colour_plane_ranges() {
+    slice_values base;
+    base.sps.chroma_format_idc = 3;
+    base.sps.separate_colour_plane_flag = true;
+    base.sps.st_ref_pic_set = {pictures_before(1)};
+    case_list<slice_values> list(base);
+    list.at_most("colour_plane_id", 0, 2,
+                 [](auto& slice, auto value) { slice.colour_plane_id = value; });
+    return {"slice_segment_header", parameter_sets_of(base), TRAIL_R, list.cases()};
+}
+
+// ---- Access unit delimiter and SEI messages
+
+range_table aud_ranges() {
+    case_list<aud_values> list;
+    list.reserved_above("pic_type", 2, [](auto& aud, auto value) { aud.pic_type = value; });
+    return {"access_unit_delimiter_rbsp", {}, AUD_NUT, list.cases()};
+}
+
+range_table buffering_period_ranges() {
+    case_list<buffering_period_values> list;
+    list.at_most("bp_seq_parameter_set_id", 0, 15,
+                 [](auto& period, auto value) { period.bp_seq_parameter_set_id = value; });
+    sps_values sps;
+    sps.vui_parameters_present_flag = true;
+    sps_values last = sps;
+    last.sps_seq_parameter_set_id = 15;
+    return {"buffering_period",
+            {{VPS_NUT, bits_of(vps_values())}, {SPS_NUT, bits_of(sps)}, {SPS_NUT, bits_of(last)}},
+            PREFIX_SEI_NUT,
+            list.cases()};
+}
+
+std::vector<range_unit> parameter_sets_of_pictures(bool field_seq_flag) {
+    sps_values sps;
+    sps.vui_parameters_present_flag = true;
+    sps.vui.field_seq_flag = field_seq_flag;
+    sps.vui.frame_field_info_present_flag = 1;
+    sps.vui.hrd.sub_pic_hrd_params_present_flag = true;
+    return {{VPS_NUT, bits_of(vps_values())}, {SPS_NUT, bits_of(sps)}};
+}
+
+range_table pic_timing_of_frames_ranges() {
+    case_list<pic_timing_values> list;
+    list.at_most("pic_struct", 0, 8, [](auto& timing, auto value) { timing.pic_struct = value; });
+    list.reserved_above("source_scan_type", 2,
+                        [](auto& timing, auto value) { timing.source_scan_type = value; });
+    list.at_most("num_decoding_units_minus1", 0, 23,
+                 [](auto& timing, auto value) { timing.num_decoding_units_minus1 = value; });
+    return {"pic_timing", parameter_sets_of_pictures(/*field_seq_flag=*/false), PREFIX_SEI_NUT,
+            list.cases()};
+}
+
+range_table pic_timing_of_fields_ranges() {
+    case_list<pic_timing_values> list;
+    list.within("pic_struct", 1, 12, [](auto& timing, auto value) { timing.pic_struct = value; });
+    return {"pic_timing", parameter_sets_of_pictures(/*field_seq_flag=*/true), PREFIX_SEI_NUT,
+            list.cases()};
+}
+
+// Of a VPS with two layers.
+range_table active_parameter_sets_ranges() {
+    case_list<active_parameter_sets_values> list;
+    list.at_most("num_sps_ids_minus1", 0, 15, [](auto& sets, auto value) {
+        sets.active_seq_parameter_set_id.assign(static_cast<std::size_t>(value) + 1, 0);
+    });
+    list.at_most("active_seq_parameter_set_id[0]", 0, 15,
+                 [](auto& sets, auto value) { sets.active_seq_parameter_set_id = {value}; });
+    list.at_most("layer_sps_idx[1]", 0, 2, [](auto& sets, auto value) {
+        sets.active_seq_parameter_set_id = {0, 1, 2};
+        sets.layer_sps_idx = value;
+    });
+    vps_values vps;
+    vps.vps_max_layers_minus1 = 1;
+    return {"active_parameter_sets", {{VPS_NUT, bits_of(vps)}}, PREFIX_SEI_NUT, list.cases()};
+}
+
 }  // namespace
 
 std::vector<range_table> range_tables() {
-    return {vps_ranges(), sps_ranges(), pps_ranges(), pps_scaling_list_ranges()};
+    return {vps_ranges(),
+            sps_ranges(),
+            pps_ranges(),
+            pps_scaling_list_ranges(),
+            slice_ranges(),
+            list_modification_ranges(),
+            colour_plane_ranges(),
+            aud_ranges(),
+            buffering_period_ranges(),
+            pic_timing_of_frames_ranges(),
+            pic_timing_of_fields_ranges(),
+            active_parameter_sets_ranges()};
 }
 
 }  // namespace kovran::test

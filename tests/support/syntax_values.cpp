@@ -1,5 +1,7 @@
 #include "support/syntax_values.h"
 
+#include <kovran/h265/h265_nal_sei.h>
+
 #include <algorithm>
 
 #include "support/parameter_sets.h"
@@ -42,6 +44,16 @@ public:
     bit_writer rbsp() const {
         bit_writer whole = bits_;
         return whole.trailing_bits();
+    }
+
+    // sei_rbsp() of a message with this payload.
+    bit_writer sei_rbsp(unsigned int payload_type) const {
+        bit_writer payload = bits_;
+        if (payload.size() % 8 != 0) {
+            payload.trailing_bits();  // bit_equal_to_one, and zeros
+        }
+        bit_writer whole = bit_writer().u<8>(payload_type).u<8>(payload.bytes().size());
+        return append(whole, payload).trailing_bits();
     }
 
 private:
@@ -278,8 +290,8 @@ bit_writer bits_of(const slice_values& slice) {
     const sps_values& sps = slice.sps;
     const auto lsb_width = static_cast<unsigned int>(sps.log2_max_pic_order_cnt_lsb_minus4 + 4);
     value_writer bits;
-    bits.flag(slice.slice_segment_address == 0).ue(slice.slice_pic_parameter_set_id);
-    if (slice.slice_segment_address != 0) {
+    bits.flag(slice.first_slice_segment_in_pic_flag).ue(slice.slice_pic_parameter_set_id);
+    if (!slice.first_slice_segment_in_pic_flag) {
         bits.u(ceil_log2(pic_size_in_ctbs(sps)), slice.slice_segment_address);
     }
     bits.ue(slice.slice_type);
@@ -332,6 +344,39 @@ bit_writer bits_of(const slice_values& slice) {
     }
     bits.se(0);  // slice_qp_delta
     return bits.rbsp().u<8>(0x80);
+}
+
+bit_writer bits_of(const aud_values& aud) {
+    return value_writer().u(3, aud.pic_type).rbsp();
+}
+
+bit_writer bits_of(const buffering_period_values& period) {
+    value_writer bits;
+    bits.ue(period.bp_seq_parameter_set_id).flag(false).flag(false).u(8, 5);
+    bits.u(24, 90000).u(24, 0);  // nal_initial_cpb_removal_delay[0] and its offset
+    return bits.sei_rbsp(h265_nal_sei_payload_type_prefix_buffering_period);
+}
+
+bit_writer bits_of(const pic_timing_values& timing) {
+    value_writer bits;
+    bits.u(4, timing.pic_struct).u(2, timing.source_scan_type).flag(false);
+    bits.u(8, 3).u(8, 4).u(8, 5);
+    bits.ue(timing.num_decoding_units_minus1).flag(true).u(8, 6);
+    for (element_value i = 0; i <= timing.num_decoding_units_minus1; ++i) {
+        bits.ue(0);
+    }
+    return bits.sei_rbsp(h265_nal_sei_payload_type_prefix_pic_timing);
+}
+
+bit_writer bits_of(const active_parameter_sets_values& sets) {
+    value_writer bits;
+    bits.u(4, 0).flag(false).flag(false);
+    bits.ue(static_cast<element_value>(sets.active_seq_parameter_set_id.size()) - 1);
+    for (const element_value id : sets.active_seq_parameter_set_id) {
+        bits.ue(id);
+    }
+    bits.ue(sets.layer_sps_idx);
+    return bits.sei_rbsp(h265_nal_sei_payload_type_prefix_active_parameter_sets);
 }
 
 }  // namespace kovran::test

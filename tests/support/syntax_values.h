@@ -155,9 +155,10 @@ struct slice_values {
     sps_values sps;
     pps_values pps;
 
+    bool first_slice_segment_in_pic_flag = true;
     element_value slice_pic_parameter_set_id = 0;
-    element_value slice_segment_address = 0;  // 0: the first slice segment
-    element_value slice_type = 1;             // P
+    element_value slice_segment_address = 1;
+    element_value slice_type = 1;  // P
     element_value colour_plane_id = 0;
     bool short_term_ref_pic_set_sps_flag = true;
     set_values st_ref_pic_set;
@@ -171,12 +172,37 @@ struct slice_values {
     unsigned int list_entry_width = 0;
 };
 
+struct aud_values {
+    element_value pic_type = 2;
+};
+
+// One message each, in a prefix SEI unit, by the HRD parameters of vui_values. That of picture
+// timing goes by an SPS with frame_field_info_present_flag and sub_pic_hrd_params_present_flag.
+struct buffering_period_values {
+    element_value bp_seq_parameter_set_id = 0;
+};
+
+struct pic_timing_values {
+    element_value pic_struct = 0;
+    element_value source_scan_type = 1;
+    element_value num_decoding_units_minus1 = 0;  // as many units are written
+};
+
+struct active_parameter_sets_values {
+    element_values active_seq_parameter_set_id = {0};
+    element_value layer_sps_idx = 0;  // of layer 1
+};
+
 // RBSPs behind the NAL unit header, with trailing bits. Behind the header of a slice stands a byte
 // of slice data.
 bit_writer bits_of(const vps_values& vps);
 bit_writer bits_of(const sps_values& sps);
 bit_writer bits_of(const pps_values& pps);
 bit_writer bits_of(const slice_values& slice);
+bit_writer bits_of(const aud_values& aud);
+bit_writer bits_of(const buffering_period_values& period);
+bit_writer bits_of(const pic_timing_values& timing);
+bit_writer bits_of(const active_parameter_sets_values& sets);
 
 }  // namespace kovran::test
 
