@@ -78,6 +78,10 @@ void expect_failure_at(std::size_t position, const bit_writer& bits, Parse parse
 template <class Record, class Parse>
 void expect_exhaustion_at(const std::vector<std::size_t>& positions, const bit_writer& bits,
                           Parse parse) {
+    test::rbsp undisturbed_input{bits.bytes()};
+    Record undisturbed;
+    ASSERT_TRUE(parse(undisturbed, undisturbed_input.reader));
+
     for (std::size_t n = 1; n <= positions.size() + 1; ++n) {
         test::rbsp input{bits.bytes()};
         Record record;
