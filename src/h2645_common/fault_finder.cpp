@@ -8,7 +8,8 @@ namespace {
 
 bool same(const h2645_common_element_name& a, const h2645_common_element_name& b) {
     return std::string_view(a.name) == b.name && std::string_view(a.prefix) == b.prefix &&
-           a.index_count == b.index_count && a.indices == b.indices;
+           a.index_count == b.index_count &&
+           std::equal(a.indices.begin(), a.indices.begin() + a.index_count, b.indices.begin());
 }
 
 }  // namespace

@@ -34,37 +34,38 @@ public:
         start();
     }
 
+    void align() {
+        reading<Rules>::align();
+        position_ = this->reader.bit_position();
+    }
+
     void go_back() {
         reading<Rules>::go_back();
         start();
     }
 
-    template <class Field>
-    void u(unsigned char width, element<Field> target, value_range allowed = {}) {
-        const std::size_t bit = this->reader.bit_position();
+    template <class Element>
+    void u(unsigned char width, Element target, const value_range& allowed = any_value) {
         reading<Rules>::u(width, target);
-        tell(target, "u(n)", bit, allowed);
+        tell(target, "u(n)", allowed);
     }
 
-    template <class Field>
-    void u_v(unsigned char width, element<Field> target, value_range allowed = {}) {
-        const std::size_t bit = this->reader.bit_position();
+    template <class Element>
+    void u_v(unsigned char width, Element target, const value_range& allowed = any_value) {
         reading<Rules>::u_v(width, target);
-        tell(target, "u(v)", bit, allowed);
+        tell(target, "u(v)", allowed);
     }
 
-    template <class Field>
-    void ue(element<Field> target, value_range allowed = {}) {
-        const std::size_t bit = this->reader.bit_position();
+    template <class Element>
+    void ue(Element target, const value_range& allowed = any_value) {
         reading<Rules>::ue(target);
-        tell(target, "ue(v)", bit, allowed);
+        tell(target, "ue(v)", allowed);
     }
 
-    template <class Field>
-    void se(element<Field> target, value_range allowed = {}) {
-        const std::size_t bit = this->reader.bit_position();
+    template <class Element>
+    void se(Element target, const value_range& allowed = any_value) {
         reading<Rules>::se(target);
-        tell(target, "se(v)", bit, allowed);
+        tell(target, "se(v)", allowed);
     }
 
     void skip(unsigned int width, const char* name) { skip_bits(width, name, {}); }
@@ -73,10 +74,9 @@ public:
     }
 
     void extension_data(const char* name) {
-        const std::size_t bit = this->reader.bit_position();
         reading<Rules>::extension_data(name);
-        if (this->reader.bit_position() != bit) {
-            tell(full_name(name, {}), "u(1)", bit, 0, {});
+        if (this->reader.bit_position() != position_) {
+            tell(name, {}, "u(1)", 0, any_value);
         }
     }
 
@@ -88,8 +88,8 @@ public:
         return well_formed;
     }
 
-    template <class Record, class WalkFields>
-    [[nodiscard]] bool structure(element<Record> nested, WalkFields&& walk_fields) {
+    template <class Structure, class WalkFields>
+    [[nodiscard]] bool structure(Structure nested, WalkFields&& walk_fields) {
         const h2645_common_element_name name = full_name(nested.name, nested.indices);
         const unsigned int outer = structure_;
         fault_.open(name);
@@ -103,9 +103,8 @@ public:
         return walked;
     }
 
-    template <class Record, class WalkFields>
-    [[nodiscard]] bool prefixed(const char* prefix, element<Record> part,
-                                WalkFields&& walk_fields) {
+    template <class Part, class WalkFields>
+    [[nodiscard]] bool prefixed(const char* prefix, Part part, WalkFields&& walk_fields) {
         prefix_ = prefix;
         prefix_indices_ = part.indices;
         const bool walked = std::forward<WalkFields>(walk_fields)(part.field);
@@ -114,16 +113,16 @@ public:
         return walked;
     }
 
-    template <class Field, class Limit>
-    [[nodiscard]] bool at_most(const element<Field>& target, Limit limit) {
+    template <class Element, class Limit>
+    [[nodiscard]] bool at_most(const Element& target, Limit limit) {
         const bool allowed = reading<Rules>::at_most(target, limit);
         if (!allowed) {
             refuse(target, static_cast<std::int64_t>(limit));
         }
         return allowed;
     }
-    template <class Field, class Value>
-    [[nodiscard]] bool at_most(const element<Field>& target, const noted_bound<Value>& limit) {
+    template <class Element, class Value>
+    [[nodiscard]] bool at_most(const Element& target, const noted_bound<Value>& limit) {
         const bool allowed = at_most(target, limit.own);
         if (allowed != reading<Rules>::at_most(target, limit.other)) {
             this->rules.note(limit.rule);
@@ -131,8 +130,8 @@ public:
         return allowed;
     }
 
-    template <class Field>
-    [[nodiscard]] bool data_holds(const element<Field>& announced_by, std::uint64_t entries,
+    template <class Element>
+    [[nodiscard]] bool data_holds(const Element& announced_by, std::uint64_t entries,
                                   unsigned int fewest_bits) {
         const bool holds = this->holds(entries, fewest_bits);
         note_unless(holds, "data_may_end");
@@ -191,11 +190,14 @@ public:
     }
 
 private:
+    static constexpr value_range any_value{};
+
     void start() {
         if (trace_ != nullptr) {
             trace_->clear();
         }
         fault_.start();
+        position_ = this->reader.bit_position();
     }
 
     static constexpr bool takes_notes = std::is_base_of_v<rule_notes, Rules>;
@@ -219,42 +221,68 @@ private:
         }
     }
 
-    [[nodiscard]] h2645_common_element_name full_name(const char* name,
-                                                      const element_indices& indices) const {
-        h2645_common_element_name full = {prefix_, name, prefix_indices_.value,
-                                          prefix_indices_.count};
+    void write_name(h2645_common_element_name& full, const char* name,
+                    const element_indices& indices) const {
+        full.prefix = prefix_;
+        full.name = name;
+        if (prefix_indices_.count + indices.count == 0) {
+            return;
+        }
+        for (unsigned int i = 0; i < prefix_indices_.count; ++i) {
+            full.indices[full.index_count++] = prefix_indices_.value[i];
+        }
         for (unsigned int i = 0; i < indices.count; ++i) {
             full.indices[full.index_count++] = indices.value[i];
         }
+    }
+
+    [[nodiscard]] h2645_common_element_name full_name(const char* name,
+                                                      const element_indices& indices) const {
+        h2645_common_element_name full;
+        write_name(full, name, indices);
         return full;
     }
 
-    template <class Field>
-    void tell(const element<Field>& target, const char* descriptor, std::size_t bit,
-              const value_range& allowed) {
-        tell(full_name(target.name, target.indices), descriptor, bit,
-             static_cast<std::int64_t>(target.field), allowed);
+    template <class Element>
+    void tell(const Element& target, const char* descriptor, const value_range& allowed) {
+        tell(target.name, target.indices, descriptor, static_cast<std::int64_t>(target.field),
+             allowed);
     }
 
-    void tell(const h2645_common_element_name& name, const char* descriptor, std::size_t bit,
+    // Fields are written one by one where they are to stay: copies of what has just been written
+    // piece by piece would have to wait for it.
+    void tell(const char* name, const element_indices& indices, const char* descriptor,
               std::int64_t value, const value_range& allowed) {
+        const std::size_t bit = position_;
         const std::size_t end = this->reader.bit_position();
+        position_ = end;
         if (trace_ != nullptr && bit < bits_of_data_) {
-            trace_->elements.push_back({name, descriptor, bit, end - bit, value, take_note(),
-                                        structure_, !allowed.has(value)});
+            h2645_common_traced_element& listed = trace_->elements.emplace_back();
+            write_name(listed.name, name, indices);
+            listed.descriptor = descriptor;
+            listed.first_bit = bit;
+            listed.width = end - bit;
+            listed.value = value;
+            listed.rule = take_note();
+            listed.structure = structure_;
+            listed.out_of_range = !allowed.has(value);
         }
-        fault_.read(name, bit, value, allowed, /*whole=*/end <= bits_of_data_);
+        if (fault_.listens()) {
+            h2645_common_element_name& last =
+                fault_.read(bit, value, allowed, /*whole=*/end <= bits_of_data_);
+            write_name(last, name, indices);
+            fault_.tell_end_of_data();
+        }
     }
 
     void skip_bits(unsigned int width, const char* name, const element_indices& indices) {
-        const std::size_t bit = this->reader.bit_position();
         std::int64_t value = 0;
         for (unsigned int left = width; left != 0;) {
             const auto part = static_cast<unsigned char>(left < 32 ? left : 32);
             value = value << part | this->reader.get_wide(part);
             left -= part;
         }
-        tell(full_name(name, indices), "u(n)", bit, value, {});
+        tell(name, indices, "u(n)", value, any_value);
     }
 
     [[nodiscard]] bool trailing_bit(const char* name, unsigned int expected) {
@@ -271,13 +299,14 @@ private:
         return value == expected;
     }
 
-    template <class Field>
-    void refuse(const element<Field>& target, std::int64_t highest) {
+    template <class Element>
+    void refuse(const Element& target, std::int64_t highest) {
         fault_.refuse(full_name(target.name, target.indices), this->reader.bit_position(),
                       static_cast<std::int64_t>(target.field), highest);
     }
 
     std::size_t bits_of_data_;
+    std::size_t position_ = 0;  // behind the element told last
     h2645_common_trace* trace_;
     fault_finder fault_;
     unsigned int structure_ = h2645_common_trace::no_structure;
