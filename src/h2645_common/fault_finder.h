@@ -17,15 +17,12 @@ namespace kovran {
 // they test.
 class fault_finder {
 public:
-    // `fault` may be null: then nothing is told.
-    explicit fault_finder(h2645_common_fault* fault) : fault_(fault) {}
+    explicit fault_finder(h2645_common_fault& fault) : fault_(fault) {}
 
     void start();
 
     void open(const h2645_common_element_name& structure);
     void close(bool walked);
-
-    [[nodiscard]] bool listens() const { return fault_ != nullptr; }
 
     // An element; the caller writes its name where this returns, and then calls
     // tell_end_of_data(). `whole`: the element ends in the data.
@@ -69,15 +66,13 @@ private:
     using path = std::array<h2645_common_element_name, h2645_common_fault::most_structures>;
 
     [[nodiscard]] read_element& last() { return latest_[reads_ % latest_.size()]; }
-    [[nodiscard]] bool untold() const {
-        return fault_ != nullptr && fault_->kind == h2645_common_fault_kind::none;
-    }
+    [[nodiscard]] bool untold() const { return fault_.kind == h2645_common_fault_kind::none; }
     // False when the fault is one of before.
     bool tell(h2645_common_fault_kind kind, const read_element& culprit);
     void tell_value(const read_element& culprit, std::int64_t highest);
     void tell_refusal_of_last();
 
-    h2645_common_fault* fault_;
+    h2645_common_fault& fault_;
 
     // The elements read last: a test may stand below the one after that which it tests.
     std::array<read_element, 4> latest_{};

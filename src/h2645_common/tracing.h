@@ -11,8 +11,10 @@
 #include "h2645_common/rule_notes.h"
 #include "h2645_common/value_range.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -29,10 +31,20 @@ public:
     tracing(h2645_common_bitreader& source, h2645_common_trace* trace, h2645_common_fault* fault)
         : reading<Rules>(source),
           bits_of_data_(8 * (source.address(source.end) - source.address(source.start))),
-          trace_(trace),
-          fault_(fault) {
+          trace_(trace) {
+        if (fault != nullptr) {
+            fault_.emplace(*fault);
+        }
         start();
     }
+
+    ~tracing() {
+        if (trace_ != nullptr) {
+            trace_->elements.resize(listed());
+        }
+    }
+    tracing(const tracing&) = delete;
+    tracing& operator=(const tracing&) = delete;
 
     void align() {
         reading<Rules>::align();
@@ -47,25 +59,25 @@ public:
     template <class Element>
     void u(unsigned char width, Element target, const value_range& allowed = any_value) {
         reading<Rules>::u(width, target);
-        tell(target, "u(n)", allowed);
+        tell(target, "u(n)", width, allowed);
     }
 
     template <class Element>
     void u_v(unsigned char width, Element target, const value_range& allowed = any_value) {
         reading<Rules>::u_v(width, target);
-        tell(target, "u(v)", allowed);
+        tell(target, "u(v)", width, allowed);
     }
 
     template <class Element>
     void ue(Element target, const value_range& allowed = any_value) {
         reading<Rules>::ue(target);
-        tell(target, "ue(v)", allowed);
+        tell(target, "ue(v)", width_of_latest(), allowed);
     }
 
     template <class Element>
     void se(Element target, const value_range& allowed = any_value) {
         reading<Rules>::se(target);
-        tell(target, "se(v)", allowed);
+        tell(target, "se(v)", width_of_latest(), allowed);
     }
 
     void skip(unsigned int width, const char* name) { skip_bits(width, name, {}); }
@@ -76,7 +88,7 @@ public:
     void extension_data(const char* name) {
         reading<Rules>::extension_data(name);
         if (this->reader.bit_position() != position_) {
-            tell(name, {}, "u(1)", 0, any_value);
+            tell(name, {}, "u(1)", width_of_latest(), 0, any_value);
         }
     }
 
@@ -92,24 +104,28 @@ public:
     [[nodiscard]] bool structure(Structure nested, WalkFields&& walk_fields) {
         const h2645_common_element_name name = full_name(nested.name, nested.indices);
         const unsigned int outer = structure_;
-        fault_.open(name);
-        if (trace_ != nullptr && this->reader.bit_position() < bits_of_data_) {
-            structure_ = static_cast<unsigned int>(trace_->structures.size());
-            trace_->structures.push_back({name, outer, trace_->elements.size()});
+        if (fault_) {
+            fault_->open(name);
         }
+        list_structure(name);
         const bool walked = std::forward<WalkFields>(walk_fields)(nested.field);
         structure_ = outer;
-        fault_.close(walked);
+        if (fault_) {
+            fault_->close(walked);
+        }
         return walked;
     }
 
     template <class Part, class WalkFields>
     [[nodiscard]] bool prefixed(const char* prefix, Part part, WalkFields&& walk_fields) {
+        const unsigned int outer = structure_;
         prefix_ = prefix;
         prefix_indices_ = part.indices;
+        list_structure(full_name("", {}));
         const bool walked = std::forward<WalkFields>(walk_fields)(part.field);
         prefix_ = "";
         prefix_indices_ = {};
+        structure_ = outer;
         return walked;
     }
 
@@ -151,7 +167,9 @@ public:
     }
 
     [[nodiscard]] bool missing(const char* parameter_set, unsigned int id) {
-        fault_.missing(parameter_set, id);
+        if (fault_) {
+            fault_->missing(parameter_set, id);
+        }
         return false;
     }
 
@@ -174,18 +192,22 @@ public:
     [[nodiscard]] bool grow(std::size_t count, Arrays&... arrays) {
         const bool grown = reading<Rules>::grow(count, arrays...);
         if (!grown) {
-            fault_.no_memory();
+            if (fault_) {
+                fault_->no_memory();
+            }
         }
         return grown;
     }
 
     // The end of the walk of the outermost description, which returned `walked`.
     [[nodiscard]] bool end(bool walked) {
-        if (trace_ != nullptr && !trace_->elements.empty()) {
-            const char*& rule = trace_->elements.back().rule;
+        if (trace_ != nullptr && listed() != 0) {
+            const char*& rule = next_[-1].rule;
             rule = rule == nullptr ? take_note() : rule;
         }
-        fault_.end(walked);
+        if (fault_) {
+            fault_->end(walked);
+        }
         return walked;
     }
 
@@ -194,9 +216,14 @@ private:
 
     void start() {
         if (trace_ != nullptr) {
-            trace_->clear();
+            trace_->structures.clear();
+            trace_->indices.clear();
+            next_ = trace_->elements.data();
+            end_of_room_ = next_ + trace_->elements.size();
         }
-        fault_.start();
+        if (fault_) {
+            fault_->start();
+        }
         position_ = this->reader.bit_position();
     }
 
@@ -243,36 +270,84 @@ private:
         return full;
     }
 
+    void list_structure(const h2645_common_element_name& name) {
+        if (trace_ != nullptr && position_ < bits_of_data_) {
+            const unsigned int outer = structure_;
+            structure_ = static_cast<unsigned int>(trace_->structures.size());
+            trace_->structures.push_back({name, outer, listed()});
+        }
+    }
+
+    // Elements are written over those of an earlier trace; the list gets its size at the end.
+    [[nodiscard]] std::size_t listed() const {
+        return static_cast<std::size_t>(next_ - trace_->elements.data());
+    }
+    [[gnu::noinline]] void make_room() {
+        constexpr std::size_t fewest = 64;
+        const std::size_t used = listed();
+        trace_->elements.resize(std::max(fewest, 2 * used));
+        next_ = trace_->elements.data() + used;
+        end_of_room_ = trace_->elements.data() + trace_->elements.size();
+    }
+
+    [[gnu::always_inline]] void list(const char* name, const element_indices& indices,
+                                     const char* descriptor, std::size_t bit, std::size_t width,
+                                     std::int64_t value, bool out_of_range) {
+        if (next_ == end_of_room_) {
+            make_room();
+        }
+        h2645_common_traced_element& element = *next_++;
+        element.name = name;
+        element.descriptor = descriptor;
+        element.first_bit = bit;
+        element.width = width;
+        element.value = value;
+        element.rule = take_note();
+        element.structure = structure_;
+        element.first_index = 0;
+        element.index_count = 0;
+        element.out_of_range = out_of_range;
+        if (indices.count != 0) {
+            element.first_index = static_cast<unsigned int>(trace_->indices.size());
+            element.index_count = static_cast<unsigned char>(indices.count);
+            for (unsigned int i = 0; i < indices.count; ++i) {
+                trace_->indices.push_back(indices.value[i]);
+            }
+        }
+    }
+
     template <class Element>
-    void tell(const Element& target, const char* descriptor, const value_range& allowed) {
-        tell(target.name, target.indices, descriptor, static_cast<std::int64_t>(target.field),
-             allowed);
+    void tell(const Element& target, const char* descriptor, std::size_t width,
+              const value_range& allowed) {
+        tell(target.name, target.indices, descriptor, width,
+             static_cast<std::int64_t>(target.field), allowed);
     }
 
     // Fields are written one by one where they are to stay: copies of what has just been written
     // piece by piece would have to wait for it.
     void tell(const char* name, const element_indices& indices, const char* descriptor,
-              std::int64_t value, const value_range& allowed) {
+              std::size_t width, std::int64_t value, const value_range& allowed) {
         const std::size_t bit = position_;
-        const std::size_t end = this->reader.bit_position();
-        position_ = end;
+        position_ += width;
         if (trace_ != nullptr && bit < bits_of_data_) {
-            h2645_common_traced_element& listed = trace_->elements.emplace_back();
-            write_name(listed.name, name, indices);
-            listed.descriptor = descriptor;
-            listed.first_bit = bit;
-            listed.width = end - bit;
-            listed.value = value;
-            listed.rule = take_note();
-            listed.structure = structure_;
-            listed.out_of_range = !allowed.has(value);
+            list(name, indices, descriptor, bit, width, value, !allowed.has(value));
         }
-        if (fault_.listens()) {
-            h2645_common_element_name& last =
-                fault_.read(bit, value, allowed, /*whole=*/end <= bits_of_data_);
-            write_name(last, name, indices);
-            fault_.tell_end_of_data();
+        if (fault_) {
+            follow(name, indices, bit, value, allowed);
         }
+    }
+
+    [[gnu::noinline]] void follow(const char* name, const element_indices& indices, std::size_t bit,
+                                  std::int64_t value, const value_range& allowed) {
+        h2645_common_element_name& last =
+            fault_->read(bit, value, allowed, /*whole=*/position_ <= bits_of_data_);
+        write_name(last, name, indices);
+        fault_->tell_end_of_data();
+    }
+
+    // Of an Exp-Golomb code that has just been read.
+    [[nodiscard]] std::size_t width_of_latest() const {
+        return this->reader.bit_position() - position_;
     }
 
     void skip_bits(unsigned int width, const char* name, const element_indices& indices) {
@@ -282,7 +357,7 @@ private:
             value = value << part | this->reader.get_wide(part);
             left -= part;
         }
-        tell(name, indices, "u(n)", value, any_value);
+        tell(name, indices, "u(n)", width, value, any_value);
     }
 
     [[nodiscard]] bool trailing_bit(const char* name, unsigned int expected) {
@@ -290,25 +365,29 @@ private:
         const unsigned int value = this->reader.template get<unsigned int>(1);
         const h2645_common_element_name full = full_name(name, {});
         if (trace_ != nullptr && bit < bits_of_data_) {
-            trace_->elements.push_back(
-                {full, "f(1)", bit, 1, value, take_note(), structure_, value != expected});
+            list(name, {}, "f(1)", bit, 1, value, value != expected);
         }
-        if (value != expected) {
-            fault_.trailing_bit(full, bit, value, expected);
+        if (fault_ && value != expected) {
+            fault_->trailing_bit(full, bit, value, expected);
         }
         return value == expected;
     }
 
     template <class Element>
     void refuse(const Element& target, std::int64_t highest) {
-        fault_.refuse(full_name(target.name, target.indices), this->reader.bit_position(),
-                      static_cast<std::int64_t>(target.field), highest);
+        if (!fault_) {
+            return;
+        }
+        fault_->refuse(full_name(target.name, target.indices), this->reader.bit_position(),
+                       static_cast<std::int64_t>(target.field), highest);
     }
 
     std::size_t bits_of_data_;
     std::size_t position_ = 0;  // behind the element told last
     h2645_common_trace* trace_;
-    fault_finder fault_;
+    h2645_common_traced_element* next_ = nullptr;
+    h2645_common_traced_element* end_of_room_ = nullptr;
+    std::optional<fault_finder> fault_;
     unsigned int structure_ = h2645_common_trace::no_structure;
 
     // Of the part that is being walked, see prefixed().
