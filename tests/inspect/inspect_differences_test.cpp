@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cstddef>
 #include <set>
 #include <sstream>
@@ -48,19 +49,18 @@ std::string narrowed(const std::string& line) {
 }
 
 struct differences {
-    std::vector<difference> units;
     std::string total;
+    std::vector<difference> units;
 };
 
 differences differences_in(const std::string& text) {
     const std::vector<std::string> lines = lines_of(text);
     differences found;
-    for (std::size_t i = 0; i + 4 < lines.size(); i += 4) {
-        found.units.push_back(
-            {lines[i], narrowed(lines[i + 1]), narrowed(lines[i + 2]), narrowed(lines[i + 3])});
-    }
-    if (lines.size() % 4 == 1) {
-        found.total = lines.back();
+    found.total = lines.empty() ? "" : lines.front();
+    auto line = std::find_if(lines.begin(), lines.end(),
+                             [](const std::string& each) { return each.rfind("unit ", 0) == 0; });
+    for (; lines.end() - line >= 4; line += 4) {
+        found.units.push_back({line[0], narrowed(line[1]), narrowed(line[2]), narrowed(line[3])});
     }
     return found;
 }
@@ -74,7 +74,8 @@ TEST(InspectDifferences, ShowsNoneWhereBothReadAlike) {
 
 // Bits 218 and 223 are where the reading has these elements, behind the header's 16.
 TEST(InspectDifferences, ShowsTheFirstElementAndTheRule) {
-    const differences found = differences_in(run({"differences", stream_path("hmx_vps_hrd1")}).out);
+    const differences found =
+        differences_in(run({"differences", "--all", stream_path("hmx_vps_hrd1")}).out);
     ASSERT_GE(found.units.size(), 4U);
     EXPECT_EQ(found.units[0].place, "unit 0 at 4: VPS_NUT");
     EXPECT_EQ(found.units[0].standard,
@@ -96,7 +97,8 @@ TEST(InspectDifferences, ShowsTheFirstElementAndTheRule) {
 
 // The rule that each unit type of a stream differs by, from the options that it was made with.
 TEST(InspectDifferences, NamesTheRuleOfEachUnit) {
-    const differences found = differences_in(run({"differences", stream_path("main_default")}).out);
+    const differences found =
+        differences_in(run({"differences", "--all", stream_path("main_default")}).out);
     std::set<std::string> rules;
     for (const difference& each : found.units) {
         rules.insert(each.rule);
@@ -108,7 +110,8 @@ TEST(InspectDifferences, NamesTheRuleOfEachUnit) {
 // In the list modification of hmx_ltrsps5 no rule of the slice itself differs once the SPS is read;
 // its SPS is not, which every line says.
 TEST(InspectDifferences, NamesTheParameterSetThatAUnitSuffersFrom) {
-    const differences found = differences_in(run({"differences", stream_path("hmx_ltrsps5")}).out);
+    const differences found =
+        differences_in(run({"differences", "--all", stream_path("hmx_ltrsps5")}).out);
     ASSERT_FALSE(found.units.empty());
     EXPECT_EQ(found.units[0].rule, "rule end_predicted_set");
     for (std::size_t i = 1; i < found.units.size(); ++i) {
@@ -123,7 +126,7 @@ class InspectDifferencesOfStreams : public testing::TestWithParam<std::string> {
 // reader say it may: at an element that it has at that place.
 TEST_P(InspectDifferencesOfStreams, HaveACauseAndStandWhereTheReadingSays) {
     const nlohmann::json reading = units_of_reading(GetParam());
-    const outcome result = run({"differences", stream_path(GetParam())});
+    const outcome result = run({"differences", "--all", stream_path(GetParam())});
     const differences found = differences_in(result.out);
     EXPECT_EQ(found.total, std::to_string(found.units.size()) + " of " +
                                std::to_string(reading.size()) + " NAL units are read differently");
@@ -173,7 +176,7 @@ TEST(InspectDifferences, ShowsASliceWhoseListModificationHangsOnExtensionData) {
     const std::string stream = annex_b_unit(VPS_NUT, vps_syntax().rbsp()) +
                                annex_b_unit(SPS_NUT, sps.rbsp()) +
                                annex_b_unit(PPS_NUT, pps.rbsp()) + annex_b_unit(TRAIL_R, slice);
-    const outcome result = program({"differences", "-"}).input(stream).run();
+    const outcome result = program({"differences", "--all", "-"}).input(stream).run();
     const differences found = differences_in(result.out);
     ASSERT_EQ(found.units.size(), 1U) << result.out << result.err;
     EXPECT_EQ(found.units[0].standard,

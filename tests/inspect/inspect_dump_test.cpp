@@ -110,7 +110,7 @@ unit 1 at 32: SPS_NUT, 30 bytes, layer 0, temporal id 0
   sps_temporal_mvp_enabled_flag                       1
   strong_intra_smoothing_enabled_flag                 1
   vui_parameters_present_flag                         0
-  sps_extension_flag                                  0
+  sps_extension_present_flag                          0
 
 unit 2 at 66: PPS_NUT, 7 bytes, layer 0, temporal id 0
   pps_pic_parameter_set_id                            0
@@ -494,7 +494,7 @@ std::vector<nlohmann::ordered_json> json_lines(const std::string& text) {
     return lines;
 }
 
-// What a reading has of a unit, as far as it is taken apart.
+// What a reading has of a unit, as far as it is parsed.
 values expected_of(const std::vector<expected_element>& reading) {
     values expected;
     std::size_t sub_layer = 0;
@@ -539,7 +539,7 @@ void expect_messages(const nlohmann::ordered_json& syntax,
         }
         const nlohmann::ordered_json& message = messages.at(count - 1);
         const std::string type = message.at("payload_type").dump();
-        if (!prefix || !is_taken_apart(type)) {
+        if (!prefix || !is_parsed_message(type)) {
             EXPECT_EQ(message.at("payload").get<std::string>().size(),
                       2 * message.at("payload_size").get<std::size_t>());
         } else {
@@ -637,7 +637,7 @@ TEST(InspectDumpJson, HasStructuresAsObjectsAndIndicesAsArrays) {
 TEST(InspectDumpJson, LeavesExtensionDataOut) {
     const outcome result = run({"dump", "--json", "--type", "33", stream_path("x265_42_scc2")});
     const nlohmann::ordered_json sps = json_lines(result.out).at(0).at("syntax");
-    EXPECT_EQ(sps.at("sps_extension_flag"), 1);
+    EXPECT_EQ(sps.at("sps_extension_present_flag"), 1);
     EXPECT_FALSE(sps.contains("sps_extension_data_flag"));
 }
 

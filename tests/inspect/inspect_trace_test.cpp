@@ -167,7 +167,7 @@ void expect_heading(const std::string& heading, std::size_t index, const nlohman
     EXPECT_EQ(heading.substr(heading.size() - end.size()), end);
 }
 
-// The elements of the messages that are taken apart, and type and size of all; those that need an
+// The elements of the messages that are parsed, and type and size of all; those that need an
 // SPS only where that can be read.
 void expect_messages(const std::vector<element>& elements,
                      const std::vector<expected_element>& reading, bool prefix, bool sps_read) {
@@ -180,7 +180,7 @@ void expect_messages(const std::vector<element>& elements,
         if (expected.name == "last_payload_type_byte") {
             payload_type = expected.value;
         }
-        const bool read = prefix && is_taken_apart(payload_type) &&
+        const bool read = prefix && is_parsed_message(payload_type) &&
                           (sps_read || payload_type == "129") && !is_payload_padding(expected.name);
         if (read || is_sei_framing(expected.name)) {
             ASSERT_EQ(by_bit.count(expected.bit), 1U) << expected.name;

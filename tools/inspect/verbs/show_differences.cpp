@@ -158,7 +158,8 @@ exit_status show_differences(const differences_options& options) {
     }
     shown_progress.clear();
     lines.write(summary.text());
-    if (options.all) {
+    if (options.all && summary.has_differences()) {
+        lines.write("\n");
         shown_units.write_to(lines);
     }
     lines.finish();
