@@ -180,7 +180,9 @@ TEST(InspectDifferences, ShowsASliceWhoseListModificationHangsOnExtensionData) {
     const differences found = differences_in(result.out);
     ASSERT_EQ(found.units.size(), 1U) << result.out << result.err;
     EXPECT_EQ(found.units[0].standard,
-              "standard ends here: the slice segment header cannot be read");
+              "standard ends here: the slice segment header cannot be read: "
+              "num_ref_idx_active_override_flag at bit 20 is 0; this contradicts what was read "
+              "before");
     EXPECT_EQ(found.units[0].own, "own ends here");
     EXPECT_EQ(found.units[0].rule, "rule can_count_pictures");
 }
@@ -194,7 +196,8 @@ TEST(InspectDifferences, TellsFaultsOfTheStandardReadingOnly) {
     EXPECT_EQ(broken.status, 1);
     EXPECT_EQ(broken.out, "0 of 1 NAL units are read differently\n");
     EXPECT_EQ(broken.err,
-              "kovran: standard input: unit 0 at 3: the access unit delimiter cannot be read\n");
+              "kovran: standard input: unit 0 at 3: the access unit delimiter cannot be read: "
+              "malformed trailing bits: rbsp_stop_one_bit at bit 3 is 0\n");
 }
 
 TEST(InspectDifferences, FailsWithoutInput) {
