@@ -713,7 +713,7 @@ TEST(InspectDumpJson, TellsTheValueThatStopsTheReading) {
               "\"value\":16,\"lowest\":0,\"highest\":15}");
 }
 
-// 8 bits up to profile_tier_level, which ends within general_profile_idc.
+// 8 bits up to profile_tier_level, and 8 of it.
 TEST(InspectDumpJson, TellsTheElementInWhichTheDataEnds) {
     const nlohmann::ordered_json line = json_of_last_unit(bytes("000001 4201 0101"));
     EXPECT_EQ(line.at("fault").dump(),
@@ -732,26 +732,28 @@ TEST(InspectDumpJson, TellsTheParameterSetThatIsMissing) {
               "\"parameter_set\":\"PPS\",\"parameter_set_id\":1}");
 }
 
-// The second message is a buffering period of SPS 5; its payload begins 4 bytes after the header.
+// The second message is a buffering period of SPS 5; its payload begins 5 bytes after the header.
 TEST(InspectDumpJson, NamesTheMessageInThePathOfItsElement) {
     const nlohmann::ordered_json line =
-        json_of_last_unit(bytes("000001 4e01 0500 0001 34 0500 80"));
+        json_of_last_unit(bytes("000001 4e01 0501aa 000134 0500 80"));
     EXPECT_EQ(line.at("syntax").at("sei_message").size(), 3U);
     EXPECT_EQ(line.at("fault").dump(),
               "{\"kind\":\"parameter_set_missing\","
-              "\"element\":\"sei_message[1].bp_seq_parameter_set_id\",\"bit\":32,\"value\":5,"
+              "\"element\":\"sei_message[1].bp_seq_parameter_set_id\",\"bit\":40,\"value\":5,"
               "\"parameter_set\":\"SPS\",\"parameter_set_id\":5}");
     EXPECT_EQ(line.at("faults").size(), 1U);
 }
 
-// The level of sub-layers is any of eight bits; what a value may be is told of nested elements,
-// too, and of those by which reading goes on.
+// 0 to 8 and 0 to 5 are allowed; neither decides how the rest is read.
 TEST(InspectDumpJson, ListsTheElementsOutOfTheirRange) {
     sps_syntax sps;
-    sps.chroma_format = bit_writer().ue(1);
     sps.bit_depths = bit_writer().ue(9).ue(0);
+    sps.vui = bit_writer().u<1>(1).u<3>(0);
+    sps.vui.u<1>(1).ue(6).ue(0);  // chroma_loc_info_present_flag and both locations
+    sps.vui.u<6>(0);
     const nlohmann::ordered_json line = json_of_last_unit(annex_b_unit(SPS_NUT, sps.rbsp()));
-    EXPECT_EQ(line.at("out_of_range").dump(), "[\"bit_depth_luma_minus8\"]");
+    EXPECT_EQ(line.at("out_of_range").dump(),
+              "[\"bit_depth_luma_minus8\",\"vui_parameters.chroma_sample_loc_type_top_field\"]");
     EXPECT_EQ(line.at("syntax").at("bit_depth_luma_minus8"), 9);
     EXPECT_FALSE(line.contains("fault"));
     EXPECT_FALSE(line.contains("faults"));
