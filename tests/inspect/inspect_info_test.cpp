@@ -189,7 +189,10 @@ TEST(InspectInfo, ShowsWhatItHasOfABrokenStream) {
               "SEI           none\n"
               "rules         standard\n"
               "faults        1\n");
-    EXPECT_NE(result.err.find("unit 1 at 32: the SPS cannot be read\n"), std::string::npos);
+    EXPECT_NE(
+        result.err.find("unit 1 at 32: the SPS cannot be read: the data ends before the end of "
+                        "profile_tier_level.general_reserved_zero_43bits at bit 52\n"),
+        std::string::npos);
 }
 
 TEST(InspectInfo, TakesTheFirstSpsThatCanBeRead) {
