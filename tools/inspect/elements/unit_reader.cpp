@@ -23,13 +23,12 @@ unsigned int bits_before(const unsigned char* begin, const unsigned char* place)
 
 void tell_framing(const char* name, const char* descriptor, unsigned char width, unsigned int value,
                   std::size_t bit, trace_sink& sink) {
-    h265_traced_element element;
+    shown_element element;
     element.name.name = name;
     element.descriptor = descriptor;
     element.first_bit = bit;
     element.width = width;
     element.value = value;
-    element.structure = h265_trace::no_structure;
     sink.read(element);
 }
 

@@ -23,7 +23,7 @@ void syntax_json::end_structure() {
     path_.close();
 }
 
-void syntax_json::read(const h265_traced_element& read_element) {
+void syntax_json::read(const shown_element& read_element) {
     if (is_framing(read_element) || is_extension_data(read_element)) {
         return;
     }

@@ -45,7 +45,7 @@ void syntax_tree::end_structure() {
     --depth_;
 }
 
-void syntax_tree::read(const h265_traced_element& read_element) {
+void syntax_tree::read(const shown_element& read_element) {
     if (is_framing(read_element)) {
         return;
     }
