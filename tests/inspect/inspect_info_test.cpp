@@ -2,6 +2,7 @@
 #include <nlohmann/json.hpp>
 
 #include <cstddef>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -172,6 +173,16 @@ TEST(InspectInfo, CountsFaults) {
     EXPECT_EQ(fact(result.out, "slices"), "unreadable " + std::to_string(slices));
     EXPECT_EQ(fact(result.out, "rules"), "own");
     EXPECT_EQ(fact(result.out, "faults"), std::to_string(faults));
+}
+
+TEST(InspectInfo, IsShownInTheReadme) {
+    std::string shown;
+    std::istringstream lines(info_of("kvazaar_vui_full"));
+    for (std::string line; std::getline(lines, line);) {
+        shown += "    " + line + '\n';
+    }
+    const std::string readme = read_file(KOVRAN_TEST_STREAMS "/../../README.md");
+    EXPECT_NE(readme.find("\n\n" + shown + '\n'), std::string::npos) << shown;
 }
 
 TEST(InspectInfo, ShowsWhatItHasOfABrokenStream) {
