@@ -1,0 +1,179 @@
+// What a traced parse tells of real streams, beside what an independent reader tells of them.
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "inspect/reading_elements.h"
+#include "support/stream_reading.h"
+#include "support/tracing_host.h"
+
+namespace kovran {
+namespace {
+
+using test::expected_element;
+
+// The bytes behind the NAL unit header, without emulation prevention bytes.
+std::vector<unsigned char> rbsp_of(const test::stream_reading& stream,
+                                   const test::unit_reading& unit) {
+    std::vector<unsigned char> rbsp;
+    std::size_t zeros = 0;
+    for (std::size_t i = unit.offset + 2; i < unit.offset + unit.size; ++i) {
+        const unsigned char byte = stream.bytes[i];
+        if (zeros >= 2 && byte == 3) {
+            zeros = 0;
+            continue;
+        }
+        zeros = byte == 0 ? zeros + 1 : 0;
+        rbsp.push_back(byte);
+    }
+    return rbsp;
+}
+
+std::vector<expected_element> expected_of(const test::unit_reading& unit) {
+    return test::elements_of({{"elements", unit.elements}});
+}
+
+// The flag has one name in the syntax table and another in the record.
+std::string name_in_the_table(const std::string& name) {
+    return name == "sps_extension_flag" ? "sps_extension_present_flag" : name;
+}
+
+struct traced_element {
+    std::string name;
+    std::int64_t value;
+    std::size_t bit;
+    std::size_t width;
+
+    bool operator==(const traced_element& other) const {
+        return name == other.name && value == other.value && bit == other.bit &&
+               width == other.width;
+    }
+};
+
+void PrintTo(const traced_element& each, std::ostream* out) {
+    *out << each.name << " = " << each.value << " at " << each.bit << ", " << each.width << " bits";
+}
+
+traced_element of_trace(const h265_traced_element& each, std::size_t first_bit) {
+    std::string name = to_string(each.name);
+    const bool numbered_by_one_reader_only = name.rfind("reserved_zero_2bits", 0) == 0;
+    if (numbered_by_one_reader_only) {
+        name = name.substr(0, name.find('['));
+    }
+    return {name, each.value, each.first_bit + first_bit, each.width};
+}
+
+traced_element of_reading(const expected_element& each) {
+    return {name_in_the_table(each.name), std::stoll(each.value), each.bit, each.width};
+}
+
+// The elements of the reading that a traced parse lists: extension data are one element there, and
+// a slice segment header ends behind the list modification.
+std::vector<traced_element> listed(const std::vector<expected_element>& reading) {
+    std::vector<traced_element> all;
+    for (std::size_t i = 0; i < reading.size(); ++i) {
+        if (test::is_behind_list_modification(reading[i].name)) {
+            break;
+        }
+        all.push_back(of_reading(reading[i]));
+        if (test::is_extension_flag(reading[i].name) && reading[i].value != "0") {
+            const std::size_t stop = test::index_of(reading, "rbsp_stop_one_bit", i);
+            const std::size_t begin = reading[i].bit + 1;
+            all.push_back({reading[i].name.substr(0, 3) + "_extension_data_flag", 0, begin,
+                           reading[stop].bit - begin});
+            i = stop - 1;
+        }
+    }
+    return all;
+}
+
+// The same of the messages of an SEI unit that have a record, one after the other.
+std::vector<std::vector<traced_element>> listed_messages(
+    const std::vector<expected_element>& reading) {
+    std::vector<std::vector<traced_element>> messages;
+    bool is_listed = false;
+    for (const expected_element& each : reading) {
+        if (each.name == "last_payload_type_byte") {
+            is_listed = test::is_taken_apart(each.value);
+            if (is_listed) {
+                messages.emplace_back();
+            }
+        } else if (is_listed && !test::is_sei_framing(each.name) &&
+                   !test::is_payload_padding(each.name)) {
+            messages.back().push_back(of_reading(each));
+        }
+    }
+    return messages;
+}
+
+std::vector<traced_element> elements_of(const test::traced_reading& reading) {
+    std::vector<traced_element> all;
+    for (const h265_traced_element& each : reading.trace.elements) {
+        all.push_back(of_trace(each, reading.first_bit));
+    }
+    return all;
+}
+
+// The streams are sound but for these, each by the encoder's doing.
+const std::map<std::string, std::set<std::string>>& known_out_of_range() {
+    static const std::map<std::string, std::set<std::string>> names = {};
+    return names;
+}
+
+void expect_in_range(const std::string& stream, const h265_trace& trace) {
+    const auto known = known_out_of_range().find(stream);
+    for (const h265_traced_element& each : trace.elements) {
+        const bool expected = known != known_out_of_range().end() &&
+                              known->second.count(to_string(each.name)) == 1;
+        EXPECT_TRUE(!each.out_of_range || expected)
+            << path_of(trace, each) << " is " << each.value;
+    }
+}
+
+// NOLINTNEXTLINE(readability-identifier-naming): the name of a suite
+class TraceOfStreams : public testing::TestWithParam<std::string> {};
+
+TEST_P(TraceOfStreams, HasTheElementsOfTheReading) {
+    const test::stream_reading stream = test::load_stream_reading(GetParam());
+    test::tracing_host host;
+    for (std::size_t i = 0; i < stream.units.size() && !HasFailure(); ++i) {
+        const test::unit_reading& unit = stream.units[i];
+        if (unit.nuh_layer_id != 0 || unit.elements.empty()) {
+            continue;
+        }
+        SCOPED_TRACE("unit " + std::to_string(i) + " of type " +
+                     std::to_string(unit.nal_unit_type));
+        const auto type = static_cast<h265_nal_unit_type>(unit.nal_unit_type);
+        const auto readings = host.read(type, rbsp_of(stream, unit));
+        const std::vector<expected_element> expected = expected_of(unit);
+        std::vector<std::vector<traced_element>> structures;
+        if (type == PREFIX_SEI_NUT) {
+            structures = listed_messages(expected);
+        } else if (type != SUFFIX_SEI_NUT && !readings.empty()) {
+            structures = {listed(expected)};
+        }
+        ASSERT_EQ(readings.size(), structures.size());
+        for (std::size_t k = 0; k < readings.size(); ++k) {
+            EXPECT_TRUE(readings[k].read) << to_string(readings[k].fault);
+            EXPECT_EQ(readings[k].fault.kind, h265_fault_kind::none);
+            EXPECT_EQ(elements_of(readings[k]), structures[k]);
+            expect_in_range(GetParam(), readings[k].trace);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AllStreams, TraceOfStreams, testing::ValuesIn(test::stream_names()),
+                         [](const testing::TestParamInfo<std::string>& stream) {
+                             return stream.param;
+                         });
+
+}  // namespace
+}  // namespace kovran
