@@ -47,7 +47,7 @@ public:
     template <class Field>
     [[gnu::always_inline]] void u_v(unsigned char width, element<Field> target,
                                     value_range /*allowed*/ = {}) {
-        store(target, reader.get_wide(width));
+        store(target, reader.get<unsigned int>(width));
     }
 
     template <class Field>
@@ -152,8 +152,13 @@ public:
     // Sizes arrays to a count that has been compared with its bound; false when there is no memory.
     template <class... Arrays>
     [[nodiscard, gnu::always_inline]] bool grow(std::size_t count, Arrays&... arrays) {
-        return try_resize(count, arrays...);
+        if (!try_resize(count, arrays...)) {
+            ran_out_of_memory_ = true;
+            return false;
+        }
+        return true;
     }
+    [[nodiscard]] bool ran_out_of_memory() const { return ran_out_of_memory_; }
 
     // Sizes arrays to a count that has no bound; throws when there is no memory.
     template <class... Arrays>
@@ -182,6 +187,7 @@ private:
     }
 
     h2645_common_bitreader& source_;
+    bool ran_out_of_memory_ = false;
 };
 
 }  // namespace kovran

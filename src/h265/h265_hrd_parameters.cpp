@@ -31,7 +31,7 @@ bool h265_hrd_parameters::parse(bool commonInfPresentFlag_, unsigned int maxNumS
 bool h265_hrd_parameters::parse_standard(bool commonInfPresentFlag_,
                                          unsigned int maxNumSubLayersMinus1_,
                                          h2645_common_bitreader& reader, h265_fault* fault) {
-    return parse_by_standard(*this, reader, nullptr, fault,
+    return parse_by_standard(*this, reader, fault,
                              description_of(*this, commonInfPresentFlag_, maxNumSubLayersMinus1_));
 }
 
@@ -39,7 +39,7 @@ bool h265_hrd_parameters::parse_standard(bool commonInfPresentFlag_,
                                          unsigned int maxNumSubLayersMinus1_,
                                          h2645_common_bitreader& reader, h265_trace& trace,
                                          h265_fault* fault) {
-    return parse_by_standard(*this, reader, &trace, fault,
+    return trace_by_standard(*this, reader, &trace, fault,
                              description_of(*this, commonInfPresentFlag_, maxNumSubLayersMinus1_));
 }
 

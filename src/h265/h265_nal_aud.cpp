@@ -21,12 +21,12 @@ bool h265_nal_aud::parse(h2645_common_bitreader& reader, h265_trace& trace, h265
 }
 
 bool h265_nal_aud::parse_standard(h2645_common_bitreader& reader, h265_fault* fault) {
-    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this));
+    return parse_by_standard(*this, reader, fault, description_of(*this));
 }
 
 bool h265_nal_aud::parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
                                   h265_fault* fault) {
-    return parse_by_standard(*this, reader, &trace, fault, description_of(*this));
+    return trace_by_standard(*this, reader, &trace, fault, description_of(*this));
 }
 
 }  // namespace kovran

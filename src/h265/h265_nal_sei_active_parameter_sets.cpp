@@ -29,13 +29,13 @@ bool h265_nal_sei_active_parameter_sets::parse(h2645_common_bitreader& reader,
 bool h265_nal_sei_active_parameter_sets::parse_standard(
     h2645_common_bitreader& reader, h2645_common_base_store<h265_nal_vps>& vps_store,
     h265_fault* fault) {
-    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this, vps_store));
+    return parse_by_standard(*this, reader, fault, description_of(*this, vps_store));
 }
 
 bool h265_nal_sei_active_parameter_sets::parse_standard(
     h2645_common_bitreader& reader, h2645_common_base_store<h265_nal_vps>& vps_store,
     h265_trace& trace, h265_fault* fault) {
-    return parse_by_standard(*this, reader, &trace, fault, description_of(*this, vps_store));
+    return trace_by_standard(*this, reader, &trace, fault, description_of(*this, vps_store));
 }
 
 }  // namespace kovran

@@ -27,13 +27,13 @@ bool h265_nal_sei_buffering_period::parse(h2645_common_bitreader& reader,
 bool h265_nal_sei_buffering_period::parse_standard(
     h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_sps>& sps_store,
     h265_fault* fault) {
-    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this, sps_store));
+    return parse_by_standard(*this, reader, fault, description_of(*this, sps_store));
 }
 
 bool h265_nal_sei_buffering_period::parse_standard(
     h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_sps>& sps_store,
     h265_trace& trace, h265_fault* fault) {
-    return parse_by_standard(*this, reader, &trace, fault, description_of(*this, sps_store));
+    return trace_by_standard(*this, reader, &trace, fault, description_of(*this, sps_store));
 }
 
 }  // namespace kovran

@@ -39,13 +39,13 @@ bool h265_nal_sei_pic_timing::parse(h2645_common_bitreader& reader, const h265_n
 
 bool h265_nal_sei_pic_timing::parse_standard(h2645_common_bitreader& reader,
                                              const h265_nal_sps& sps, h265_fault* fault) {
-    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this, sps));
+    return parse_by_standard(*this, reader, fault, description_of(*this, sps));
 }
 
 bool h265_nal_sei_pic_timing::parse_standard(h2645_common_bitreader& reader,
                                              const h265_nal_sps& sps, h265_trace& trace,
                                              h265_fault* fault) {
-    return parse_by_standard(*this, reader, &trace, fault, description_of(*this, sps));
+    return trace_by_standard(*this, reader, &trace, fault, description_of(*this, sps));
 }
 
 bool h265_nal_sei_pic_timing::parse(h2645_common_bitreader& reader,

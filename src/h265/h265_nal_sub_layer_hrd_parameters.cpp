@@ -35,7 +35,7 @@ bool h265_nal_sub_layer_hrd_parameters::parse_standard(unsigned int subLayerId_,
                                                        const h265_hrd_parameters& hrd,
                                                        h2645_common_bitreader& reader,
                                                        h265_fault* fault) {
-    return parse_by_standard(*this, reader, nullptr, fault,
+    return parse_by_standard(*this, reader, fault,
                              description_of(*this, subLayerId_, cpb_count_, hrd));
 }
 
@@ -44,7 +44,7 @@ bool h265_nal_sub_layer_hrd_parameters::parse_standard(unsigned int subLayerId_,
                                                        const h265_hrd_parameters& hrd,
                                                        h2645_common_bitreader& reader,
                                                        h265_trace& trace, h265_fault* fault) {
-    return parse_by_standard(*this, reader, &trace, fault,
+    return trace_by_standard(*this, reader, &trace, fault,
                              description_of(*this, subLayerId_, cpb_count_, hrd));
 }
 

@@ -44,7 +44,7 @@ bool h265_profile_tier_level::parse(bool profilePresentFlag, unsigned int maxNum
 bool h265_profile_tier_level::parse_standard(bool profilePresentFlag,
                                              unsigned int maxNumSubLayersMinus1,
                                              h2645_common_bitreader& reader, h265_fault* fault) {
-    return parse_by_standard(*this, reader, nullptr, fault,
+    return parse_by_standard(*this, reader, fault,
                              description_of(*this, profilePresentFlag, maxNumSubLayersMinus1));
 }
 
@@ -52,7 +52,7 @@ bool h265_profile_tier_level::parse_standard(bool profilePresentFlag,
                                              unsigned int maxNumSubLayersMinus1,
                                              h2645_common_bitreader& reader, h265_trace& trace,
                                              h265_fault* fault) {
-    return parse_by_standard(*this, reader, &trace, fault,
+    return trace_by_standard(*this, reader, &trace, fault,
                              description_of(*this, profilePresentFlag, maxNumSubLayersMinus1));
 }
 

@@ -29,13 +29,13 @@ bool h265_ref_pic_lists_modification::parse(h2645_common_bitreader& reader,
 bool h265_ref_pic_lists_modification::parse_standard(h2645_common_bitreader& reader,
                                                      const h265_slice_segment_header& header,
                                                      h265_fault* fault) {
-    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this, header));
+    return parse_by_standard(*this, reader, fault, description_of(*this, header));
 }
 
 bool h265_ref_pic_lists_modification::parse_standard(h2645_common_bitreader& reader,
                                                      const h265_slice_segment_header& header,
                                                      h265_trace& trace, h265_fault* fault) {
-    return parse_by_standard(*this, reader, &trace, fault, description_of(*this, header));
+    return trace_by_standard(*this, reader, &trace, fault, description_of(*this, header));
 }
 
 }  // namespace kovran

@@ -44,7 +44,7 @@ bool h265_slice_segment_header::parse_standard(h2645_common_bitreader& reader,
                                                h2645_common_base_store<h265_nal_vps>& vps_store,
                                                h265_nal_unit_type nal_unit_type,
                                                h265_fault* fault) {
-    return parse_by_standard(*this, reader, nullptr, fault,
+    return parse_by_standard(*this, reader, fault,
                              description_of(*this, pps_store, sps_store, vps_store, nal_unit_type));
 }
 
@@ -54,7 +54,7 @@ bool h265_slice_segment_header::parse_standard(h2645_common_bitreader& reader,
                                                h2645_common_base_store<h265_nal_vps>& vps_store,
                                                h265_nal_unit_type nal_unit_type, h265_trace& trace,
                                                h265_fault* fault) {
-    return parse_by_standard(*this, reader, &trace, fault,
+    return trace_by_standard(*this, reader, &trace, fault,
                              description_of(*this, pps_store, sps_store, vps_store, nal_unit_type));
 }
 

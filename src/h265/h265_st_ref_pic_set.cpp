@@ -31,14 +31,14 @@ bool h265_st_ref_pic_set::parse_standard(h2645_common_bitreader& reader, const h
                                          unsigned int idx,
                                          const std::vector<h265_st_ref_pic_set>& sets,
                                          h265_fault* fault) {
-    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this, sps, idx, sets));
+    return parse_by_standard(*this, reader, fault, description_of(*this, sps, idx, sets));
 }
 
 bool h265_st_ref_pic_set::parse_standard(h2645_common_bitreader& reader, const h265_nal_sps& sps,
                                          unsigned int idx,
                                          const std::vector<h265_st_ref_pic_set>& sets,
                                          h265_trace& trace, h265_fault* fault) {
-    return parse_by_standard(*this, reader, &trace, fault, description_of(*this, sps, idx, sets));
+    return trace_by_standard(*this, reader, &trace, fault, description_of(*this, sps, idx, sets));
 }
 
 }  // namespace kovran

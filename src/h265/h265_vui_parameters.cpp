@@ -48,12 +48,12 @@ bool h265_vui_parameters::parse(h2645_common_bitreader& reader, h265_nal_sps& sp
 
 bool h265_vui_parameters::parse_standard(h2645_common_bitreader& reader, h265_nal_sps& sps,
                                          h265_fault* fault) {
-    return parse_by_standard(*this, reader, nullptr, fault, description_of(*this, sps));
+    return parse_by_standard(*this, reader, fault, description_of(*this, sps));
 }
 
 bool h265_vui_parameters::parse_standard(h2645_common_bitreader& reader, h265_nal_sps& sps,
                                          h265_trace& trace, h265_fault* fault) {
-    return parse_by_standard(*this, reader, &trace, fault, description_of(*this, sps));
+    return trace_by_standard(*this, reader, &trace, fault, description_of(*this, sps));
 }
 
 const char* h265_vui_parameters::video_format_to_str() const {

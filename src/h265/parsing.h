@@ -31,11 +31,11 @@ template <class Describe>
 
 // Into a record that starts afresh and keeps the memory of its arrays. A walk that fails has not
 // come to all of them: the record then gives up what it had, and is read once more, up to the
-// fault.
+// fault; where memory has run out, it stays empty.
 template <class Record, class Walk, class Describe>
-[[nodiscard, gnu::always_inline]] inline bool walk_into(Record& record, Walk& walk,
-                                                        const Describe& describe) {
-    const bool has_entries = start_afresh(record) != 0;
+[[nodiscard, gnu::always_inline]] inline bool walk_afresh(Record& record, Walk& walk,
+                                                          const Describe& describe) {
+    start_afresh(record);
     try {
         if (describe(walk)) {
             return true;
@@ -44,10 +44,10 @@ template <class Record, class Walk, class Describe>
         record = Record{};
         throw;
     }
-    if (!has_entries) {
+    record = Record{};
+    if (walk.ran_out_of_memory()) {
         return false;
     }
-    record = Record{};
     walk.go_back();
     return describe(walk);
 }
@@ -57,18 +57,19 @@ template <class Record, class Describe>
                                                     h265_trace* trace, h265_fault* fault,
                                                     const Describe& describe) {
     tracing<standard_rules> walk(reader, trace, fault);
-    return walk.end(walk_into(record, walk, describe));
+    return walk.end(walk_afresh(record, walk, describe));
 }
 
 template <class Record, class Describe>
-[[nodiscard]] bool parse_by_standard(Record& record, h2645_common_bitreader& reader,
-                                     h265_trace* trace, h265_fault* fault,
-                                     const Describe& describe) {
-    if (trace != nullptr || fault != nullptr) {
-        return trace_by_standard(record, reader, trace, fault, describe);
+[[nodiscard, gnu::always_inline]] inline bool parse_by_standard(Record& record,
+                                                                h2645_common_bitreader& reader,
+                                                                h265_fault* fault,
+                                                                const Describe& describe) {
+    if (fault != nullptr) {
+        return trace_by_standard(record, reader, /*trace=*/nullptr, fault, describe);
     }
     reading<standard_rules> walk(reader);
-    return walk_into(record, walk, describe);
+    return walk_afresh(record, walk, describe);
 }
 
 }  // namespace kovran

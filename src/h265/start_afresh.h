@@ -10,7 +10,6 @@
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_slice_segment_header.h>
 
-#include <cstdint>
 #include <type_traits>
 #include <vector>
 
@@ -22,51 +21,39 @@ namespace kovran {
 //
 // Arrays of records and of arrays keep their entries, each of them fresh. So do those that are
 // sized whenever their structure is read: sparse() ones, whose entries are not all read then, with
-// zeros; full() ones as they are, as are those that the reading itself starts afresh. Not 0 when
-// there may be such entries: a reading that does not come to them has to drop them.
+// zeros; full() ones as they are, as are those that the reading itself starts afresh. A reading
+// that does not come to them has to drop them.
 
-inline std::uintptr_t start_afresh(h265_nal_aud& record);
-inline std::uintptr_t start_afresh(h265_profile_tier_level::layer_t& record);
-inline std::uintptr_t start_afresh(h265_profile_tier_level& record);
-inline std::uintptr_t start_afresh(h265_nal_sub_layer_hrd_parameters& record);
-inline std::uintptr_t start_afresh(h265_hrd_parameters& record);
-inline std::uintptr_t start_afresh(h265_vui_parameters& record);
-inline std::uintptr_t start_afresh(h265_scaling_list_data& record);
-inline std::uintptr_t start_afresh(h265_st_ref_pic_set& record);
-inline std::uintptr_t start_afresh(h265_nal_vps& record);
-inline std::uintptr_t start_afresh(h265_nal_sps& record);
-inline std::uintptr_t start_afresh(h265_nal_pps& record);
-inline std::uintptr_t start_afresh(h265_ref_pic_lists_modification& record);
-inline std::uintptr_t start_afresh(h265_slice_segment_header& record);
-inline std::uintptr_t start_afresh(h265_nal_sei_buffering_period& record);
-inline std::uintptr_t start_afresh(h265_nal_sei_pic_timing& record);
-inline std::uintptr_t start_afresh(h265_nal_sei_active_parameter_sets& record);
+inline void start_afresh(h265_nal_aud& record);
+inline void start_afresh(h265_profile_tier_level::layer_t& record);
+inline void start_afresh(h265_profile_tier_level& record);
+inline void start_afresh(h265_nal_sub_layer_hrd_parameters& record);
+inline void start_afresh(h265_hrd_parameters& record);
+inline void start_afresh(h265_vui_parameters& record);
+inline void start_afresh(h265_scaling_list_data& record);
+inline void start_afresh(h265_st_ref_pic_set& record);
+inline void start_afresh(h265_nal_vps& record);
+inline void start_afresh(h265_nal_sps& record);
+inline void start_afresh(h265_nal_pps& record);
+inline void start_afresh(h265_ref_pic_lists_modification& record);
+inline void start_afresh(h265_slice_segment_header& record);
+inline void start_afresh(h265_nal_sei_buffering_period& record);
+inline void start_afresh(h265_nal_sei_pic_timing& record);
+inline void start_afresh(h265_nal_sei_active_parameter_sets& record);
 
 template <class Value>
-std::enable_if_t<std::is_arithmetic_v<Value>, std::uintptr_t> start_afresh(Value& value) {
+std::enable_if_t<std::is_arithmetic_v<Value>> start_afresh(Value& value) {
     value = Value{};
-    return 0;
 }
 
 template <class Value>
-std::uintptr_t address_of_entries(std::vector<Value>& array) {
-    if constexpr (std::is_same_v<Value, bool>) {
-        return array.empty() ? 0 : 1;
-    } else {
-        return reinterpret_cast<std::uintptr_t>(array.data());
-    }
-}
-
-template <class Value>
-std::uintptr_t start_afresh(std::vector<Value>& array) {
+void start_afresh(std::vector<Value>& array) {
     if constexpr (std::is_arithmetic_v<Value>) {
         array.clear();
-        return 0;
     } else {
         for (Value& entry : array) {
             start_afresh(entry);
         }
-        return address_of_entries(array);
     }
 }
 
@@ -79,9 +66,7 @@ full_array<std::vector<Value>> full(std::vector<Value>& array) {
     return {array};
 }
 template <class Value>
-std::uintptr_t start_afresh(full_array<std::vector<Value>> full) {
-    return address_of_entries(full.array);
-}
+void start_afresh(full_array<std::vector<Value>> /*full*/) {}
 
 template <class Array>
 struct sparse_array {
@@ -92,24 +77,23 @@ sparse_array<std::vector<Value>> sparse(std::vector<Value>& array) {
     return {array};
 }
 template <class Value>
-std::uintptr_t start_afresh(sparse_array<std::vector<Value>> sparse) {
+void start_afresh(sparse_array<std::vector<Value>> sparse) {
     for (Value& entry : sparse.array) {
         entry = 0;
     }
-    return address_of_entries(sparse.array);
 }
 
 template <class... Fields>
-std::uintptr_t start_all_afresh(Fields&&... fields) {
-    return (start_afresh(fields) | ...);
+void start_all_afresh(Fields&&... fields) {
+    (start_afresh(fields), ...);
 }
 
-inline std::uintptr_t start_afresh(h265_nal_aud& record) {
+inline void start_afresh(h265_nal_aud& record) {
     auto& [pic_type, valid] = record;
-    return start_all_afresh(pic_type, valid);
+    start_all_afresh(pic_type, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_profile_tier_level::layer_t& record) {
+inline void start_afresh(h265_profile_tier_level::layer_t& record) {
     auto& [profile_compatibility_flag, profile_space, profile_idc, level_idc,
            progressive_source_flag, interlaced_source_flag, non_packed_constraint_flag,
            frame_only_constraint_flag, max_12bit_constraint_flag, max_10bit_constraint_flag,
@@ -117,7 +101,7 @@ inline std::uintptr_t start_afresh(h265_profile_tier_level::layer_t& record) {
            max_monochrome_constraint_flag, intra_constraint_flag, one_picture_only_constraint_flag,
            lower_bit_rate_constraint_flag, max_14bit_constraint_flag, inbld_flag, tier_flag,
            profile_present_flag, level_present_flag, valid] = record;
-    return start_all_afresh(
+    start_all_afresh(
         full(profile_compatibility_flag), profile_space, profile_idc, level_idc,
         progressive_source_flag, interlaced_source_flag, non_packed_constraint_flag,
         frame_only_constraint_flag, max_12bit_constraint_flag, max_10bit_constraint_flag,
@@ -127,20 +111,20 @@ inline std::uintptr_t start_afresh(h265_profile_tier_level::layer_t& record) {
         profile_present_flag, level_present_flag, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_profile_tier_level& record) {
+inline void start_afresh(h265_profile_tier_level& record) {
     auto& [general, sub_layers, valid] = record;
-    return start_all_afresh(general, sub_layers, valid);
+    start_all_afresh(general, sub_layers, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_nal_sub_layer_hrd_parameters& record) {
+inline void start_afresh(h265_nal_sub_layer_hrd_parameters& record) {
     auto& [subLayerId, cpb_count, bit_rate_value_minus1, cpb_size_value_minus1,
            cpb_size_du_value_minus1, bit_rate_du_value_minus1, cbr_flag, valid] = record;
-    return start_all_afresh(subLayerId, cpb_count, full(bit_rate_value_minus1),
-                            full(cpb_size_value_minus1), sparse(cpb_size_du_value_minus1),
-                            sparse(bit_rate_du_value_minus1), full(cbr_flag), valid);
+    start_all_afresh(subLayerId, cpb_count, full(bit_rate_value_minus1),
+                     full(cpb_size_value_minus1), sparse(cpb_size_du_value_minus1),
+                     sparse(bit_rate_du_value_minus1), full(cbr_flag), valid);
 }
 
-inline std::uintptr_t start_afresh(h265_hrd_parameters& record) {
+inline void start_afresh(h265_hrd_parameters& record) {
     auto& [commonInfPresentFlag, maxNumSubLayersMinus1, nal_hrd_parameters_present_flag,
            vcl_hrd_parameters_present_flag, sub_pic_hrd_params_present_flag, tick_divisor_minus2,
            du_cpb_removal_delay_increment_length_minus1, sub_pic_cpb_params_in_pic_timing_sei_flag,
@@ -149,19 +133,19 @@ inline std::uintptr_t start_afresh(h265_hrd_parameters& record) {
            dpb_output_delay_length_minus1, fixed_pic_rate_general_flag,
            fixed_pic_rate_within_cvs_flag, elemental_duration_in_tc_minus1, low_delay_hrd_flag,
            cpb_cnt_minus1, nal_sub_layer_hrd, vcl_sub_layer_hrd, valid] = record;
-    return start_all_afresh(
-        commonInfPresentFlag, maxNumSubLayersMinus1, nal_hrd_parameters_present_flag,
-        vcl_hrd_parameters_present_flag, sub_pic_hrd_params_present_flag, tick_divisor_minus2,
-        du_cpb_removal_delay_increment_length_minus1, sub_pic_cpb_params_in_pic_timing_sei_flag,
-        dpb_output_delay_du_length_minus1, bit_rate_scale, cpb_size_scale, cpb_size_du_scale,
-        initial_cpb_removal_delay_length_minus1, au_cpb_removal_delay_length_minus1,
-        dpb_output_delay_length_minus1, full(fixed_pic_rate_general_flag),
-        full(fixed_pic_rate_within_cvs_flag), sparse(elemental_duration_in_tc_minus1),
-        full(low_delay_hrd_flag), sparse(cpb_cnt_minus1), nal_sub_layer_hrd, vcl_sub_layer_hrd,
-        valid);
+    start_all_afresh(commonInfPresentFlag, maxNumSubLayersMinus1, nal_hrd_parameters_present_flag,
+                     vcl_hrd_parameters_present_flag, sub_pic_hrd_params_present_flag,
+                     tick_divisor_minus2, du_cpb_removal_delay_increment_length_minus1,
+                     sub_pic_cpb_params_in_pic_timing_sei_flag, dpb_output_delay_du_length_minus1,
+                     bit_rate_scale, cpb_size_scale, cpb_size_du_scale,
+                     initial_cpb_removal_delay_length_minus1, au_cpb_removal_delay_length_minus1,
+                     dpb_output_delay_length_minus1, full(fixed_pic_rate_general_flag),
+                     full(fixed_pic_rate_within_cvs_flag), sparse(elemental_duration_in_tc_minus1),
+                     full(low_delay_hrd_flag), sparse(cpb_cnt_minus1), nal_sub_layer_hrd,
+                     vcl_sub_layer_hrd, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_vui_parameters& record) {
+inline void start_afresh(h265_vui_parameters& record) {
     auto& [aspect_ratio_info_present_flag, aspect_ratio_idc, extended_sar_flag, sar_width,
            sar_height, overscan_info_present_flag, overscan_appropriate_flag,
            video_signal_type_present_flag, video_format, video_full_range_flag,
@@ -177,7 +161,7 @@ inline std::uintptr_t start_afresh(h265_vui_parameters& record) {
            restricted_ref_pic_lists_flag, min_spatial_segmentation_idc, max_bytes_per_pic_denom,
            max_bits_per_min_cu_denom, log2_max_mv_length_horizontal, log2_max_mv_length_vertical,
            valid] = record;
-    return start_all_afresh(
+    start_all_afresh(
         aspect_ratio_info_present_flag, aspect_ratio_idc, extended_sar_flag, sar_width, sar_height,
         overscan_info_present_flag, overscan_appropriate_flag, video_signal_type_present_flag,
         video_format, video_full_range_flag, colour_description_present_flag, colour_primaries,
@@ -194,28 +178,26 @@ inline std::uintptr_t start_afresh(h265_vui_parameters& record) {
         log2_max_mv_length_horizontal, log2_max_mv_length_vertical, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_scaling_list_data& record) {
+inline void start_afresh(h265_scaling_list_data& record) {
     auto& [scaling_list_pred_mode_flag, scaling_list_pred_matrix_id_delta,
            scaling_list_dc_coef_minus8, ScalingList, valid] = record;
-    return start_all_afresh(full(scaling_list_pred_mode_flag),
-                            full(scaling_list_pred_matrix_id_delta),
-                            full(scaling_list_dc_coef_minus8), full(ScalingList), valid);
+    start_all_afresh(full(scaling_list_pred_mode_flag), full(scaling_list_pred_matrix_id_delta),
+                     full(scaling_list_dc_coef_minus8), full(ScalingList), valid);
 }
 
-inline std::uintptr_t start_afresh(h265_st_ref_pic_set& record) {
+inline void start_afresh(h265_st_ref_pic_set& record) {
     auto& [deltaRps, stRpsIdx, RefRpsIdx, NumDeltaPocs, inter_ref_pic_set_prediction_flag,
            delta_idx_minus1, delta_rps_sign, abs_delta_rps_minus1, used_by_curr_pic_flag,
            use_delta_flag, num_negative_pics, num_positive_pics, delta_poc_s0_minus1,
            used_by_curr_pic_s0_flag, delta_poc_s1_minus1, used_by_curr_pic_s1_flag, valid] = record;
-    return start_all_afresh(deltaRps, stRpsIdx, RefRpsIdx, NumDeltaPocs,
-                            inter_ref_pic_set_prediction_flag, delta_idx_minus1, delta_rps_sign,
-                            abs_delta_rps_minus1, full(used_by_curr_pic_flag), full(use_delta_flag),
-                            num_negative_pics, num_positive_pics, full(delta_poc_s0_minus1),
-                            full(used_by_curr_pic_s0_flag), full(delta_poc_s1_minus1),
-                            full(used_by_curr_pic_s1_flag), valid);
+    start_all_afresh(deltaRps, stRpsIdx, RefRpsIdx, NumDeltaPocs, inter_ref_pic_set_prediction_flag,
+                     delta_idx_minus1, delta_rps_sign, abs_delta_rps_minus1,
+                     full(used_by_curr_pic_flag), full(use_delta_flag), num_negative_pics,
+                     num_positive_pics, full(delta_poc_s0_minus1), full(used_by_curr_pic_s0_flag),
+                     full(delta_poc_s1_minus1), full(used_by_curr_pic_s1_flag), valid);
 }
 
-inline std::uintptr_t start_afresh(h265_nal_vps& record) {
+inline void start_afresh(h265_nal_vps& record) {
     auto& [vps_video_parameter_set_id, vps_base_layer_internal_flag, vps_base_layer_available_flag,
            vps_max_layers_minus1, vps_max_sub_layers_minus1, vps_temporal_id_nesting_flag,
            vps_reserved_0xffff_16bits, profile_tier_level, vps_sub_layer_ordering_info_present_flag,
@@ -225,7 +207,7 @@ inline std::uintptr_t start_afresh(h265_nal_vps& record) {
            vps_time_scale, vps_poc_proportional_to_timing_flag, vps_num_ticks_poc_diff_one_minus1,
            vps_num_hrd_parameters, hrd_layer_set_idx, cprms_present_flag, hrd_parameters,
            vps_extension_flag, valid] = record;
-    return start_all_afresh(
+    start_all_afresh(
         vps_video_parameter_set_id, vps_base_layer_internal_flag, vps_base_layer_available_flag,
         vps_max_layers_minus1, vps_max_sub_layers_minus1, vps_temporal_id_nesting_flag,
         vps_reserved_0xffff_16bits, profile_tier_level, vps_sub_layer_ordering_info_present_flag,
@@ -237,7 +219,7 @@ inline std::uintptr_t start_afresh(h265_nal_vps& record) {
         vps_extension_flag, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_nal_sps& record) {
+inline void start_afresh(h265_nal_sps& record) {
     auto& [sps_video_parameter_set_id, sps_max_sub_layers_minus1, sps_temporal_id_nesting_flag,
            profile_tier_level, sps_seq_parameter_set_id, chroma_format_idc,
            separate_colour_plane_flag, pic_width_in_luma_samples, pic_height_in_luma_samples,
@@ -258,7 +240,7 @@ inline std::uintptr_t start_afresh(h265_nal_sps& record) {
            used_by_curr_pic_lt_sps_flag, sps_temporal_mvp_enabled_flag,
            strong_intra_smoothing_enabled_flag, vui_parameters_present_flag, vui_parameters,
            sps_extension_flag, valid] = record;
-    return start_all_afresh(
+    start_all_afresh(
         sps_video_parameter_set_id, sps_max_sub_layers_minus1, sps_temporal_id_nesting_flag,
         profile_tier_level, sps_seq_parameter_set_id, chroma_format_idc, separate_colour_plane_flag,
         pic_width_in_luma_samples, pic_height_in_luma_samples, conformance_window_flag,
@@ -280,7 +262,7 @@ inline std::uintptr_t start_afresh(h265_nal_sps& record) {
         sps_extension_flag, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_nal_pps& record) {
+inline void start_afresh(h265_nal_pps& record) {
     auto& [pps_pic_parameter_set_id, pps_seq_parameter_set_id,
            dependent_slice_segments_enabled_flag, output_flag_present_flag,
            num_extra_slice_header_bits, sign_data_hiding_enabled_flag, cabac_init_present_flag,
@@ -296,7 +278,7 @@ inline std::uintptr_t start_afresh(h265_nal_pps& record) {
            pps_beta_offset_div2, pps_tc_offset_div2, pps_scaling_list_data_present_flag,
            scaling_list_data, lists_modification_present_flag, log2_parallel_merge_level_minus2,
            slice_segment_header_extension_present_flag, pps_extension_present_flag, valid] = record;
-    return start_all_afresh(
+    start_all_afresh(
         pps_pic_parameter_set_id, pps_seq_parameter_set_id, dependent_slice_segments_enabled_flag,
         output_flag_present_flag, num_extra_slice_header_bits, sign_data_hiding_enabled_flag,
         cabac_init_present_flag, num_ref_idx_l0_default_active_minus1,
@@ -314,14 +296,14 @@ inline std::uintptr_t start_afresh(h265_nal_pps& record) {
         pps_extension_present_flag, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_ref_pic_lists_modification& record) {
+inline void start_afresh(h265_ref_pic_lists_modification& record) {
     auto& [ref_pic_list_modification_flag_l0, list_entry_l0, ref_pic_list_modification_flag_l1,
            list_entry_l1, valid] = record;
-    return start_all_afresh(ref_pic_list_modification_flag_l0, list_entry_l0,
-                            ref_pic_list_modification_flag_l1, list_entry_l1, valid);
+    start_all_afresh(ref_pic_list_modification_flag_l0, list_entry_l0,
+                     ref_pic_list_modification_flag_l1, list_entry_l1, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_slice_segment_header& record) {
+inline void start_afresh(h265_slice_segment_header& record) {
     auto& [first_slice_segment_in_pic_flag, no_output_of_prior_pics_flag,
            slice_pic_parameter_set_id, dependent_slice_segment_flag, slice_segment_address,
            slice_type, pic_output_flag, colour_plane_id, slice_pic_order_cnt_lsb,
@@ -331,19 +313,19 @@ inline std::uintptr_t start_afresh(h265_slice_segment_header& record) {
            slice_sao_luma_flag, slice_sao_chroma_flag, num_ref_idx_active_override_flag,
            num_ref_idx_l0_active_minus1, num_ref_idx_l1_active_minus1, ref_pic_lists_modification,
            NumPicTotalCurr, CurrRpsIdx, valid] = record;
-    return start_all_afresh(
-        first_slice_segment_in_pic_flag, no_output_of_prior_pics_flag, slice_pic_parameter_set_id,
-        dependent_slice_segment_flag, slice_segment_address, slice_type, pic_output_flag,
-        colour_plane_id, slice_pic_order_cnt_lsb, short_term_ref_pic_set_sps_flag, st_ref_pic_set,
-        short_term_ref_pic_set_idx, num_long_term_sps, num_long_term_pics, lt_idx_sps, poc_lsb_lt,
-        used_by_curr_pic_lt_flag, delta_poc_msb_present_flag, delta_poc_msb_cycle_lt,
-        slice_temporal_mvp_enabled_flag, slice_sao_luma_flag, slice_sao_chroma_flag,
-        num_ref_idx_active_override_flag, num_ref_idx_l0_active_minus1,
-        num_ref_idx_l1_active_minus1, ref_pic_lists_modification, NumPicTotalCurr, CurrRpsIdx,
-        valid);
+    start_all_afresh(first_slice_segment_in_pic_flag, no_output_of_prior_pics_flag,
+                     slice_pic_parameter_set_id, dependent_slice_segment_flag,
+                     slice_segment_address, slice_type, pic_output_flag, colour_plane_id,
+                     slice_pic_order_cnt_lsb, short_term_ref_pic_set_sps_flag, st_ref_pic_set,
+                     short_term_ref_pic_set_idx, num_long_term_sps, num_long_term_pics, lt_idx_sps,
+                     poc_lsb_lt, used_by_curr_pic_lt_flag, delta_poc_msb_present_flag,
+                     delta_poc_msb_cycle_lt, slice_temporal_mvp_enabled_flag, slice_sao_luma_flag,
+                     slice_sao_chroma_flag, num_ref_idx_active_override_flag,
+                     num_ref_idx_l0_active_minus1, num_ref_idx_l1_active_minus1,
+                     ref_pic_lists_modification, NumPicTotalCurr, CurrRpsIdx, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_nal_sei_buffering_period& record) {
+inline void start_afresh(h265_nal_sei_buffering_period& record) {
     auto& [bp_seq_parameter_set_id, irap_cpb_params_present_flag, cpb_delay_offset,
            dpb_delay_offset, concatenation_flag, au_cpb_removal_delay_delta_minus1,
            nal_initial_cpb_removal_delay, nal_initial_cpb_removal_offset,
@@ -352,36 +334,35 @@ inline std::uintptr_t start_afresh(h265_nal_sei_buffering_period& record) {
            vcl_initial_alt_cpb_removal_delay, vcl_initial_alt_cpb_removal_offset,
            use_alt_cpb_params_flag, reserved_u32, CpbCnt, NalHrdBpPresentFlag, VclHrdBpPresentFlag,
            use_alt_cpb_params_flag_present, valid] = record;
-    return start_all_afresh(bp_seq_parameter_set_id, irap_cpb_params_present_flag, cpb_delay_offset,
-                            dpb_delay_offset, concatenation_flag, au_cpb_removal_delay_delta_minus1,
-                            nal_initial_cpb_removal_delay, nal_initial_cpb_removal_offset,
-                            nal_initial_alt_cpb_removal_delay, nal_initial_alt_cpb_removal_offset,
-                            vcl_initial_cpb_removal_delay, vcl_initial_cpb_removal_offset,
-                            vcl_initial_alt_cpb_removal_delay, vcl_initial_alt_cpb_removal_offset,
-                            use_alt_cpb_params_flag, reserved_u32, CpbCnt, NalHrdBpPresentFlag,
-                            VclHrdBpPresentFlag, use_alt_cpb_params_flag_present, valid);
+    start_all_afresh(bp_seq_parameter_set_id, irap_cpb_params_present_flag, cpb_delay_offset,
+                     dpb_delay_offset, concatenation_flag, au_cpb_removal_delay_delta_minus1,
+                     nal_initial_cpb_removal_delay, nal_initial_cpb_removal_offset,
+                     nal_initial_alt_cpb_removal_delay, nal_initial_alt_cpb_removal_offset,
+                     vcl_initial_cpb_removal_delay, vcl_initial_cpb_removal_offset,
+                     vcl_initial_alt_cpb_removal_delay, vcl_initial_alt_cpb_removal_offset,
+                     use_alt_cpb_params_flag, reserved_u32, CpbCnt, NalHrdBpPresentFlag,
+                     VclHrdBpPresentFlag, use_alt_cpb_params_flag_present, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_nal_sei_pic_timing& record) {
+inline void start_afresh(h265_nal_sei_pic_timing& record) {
     auto& [pic_struct, source_scan_type, duplicate_flag, au_cpb_removal_delay_minus1,
            pic_dpb_output_delay, pic_dpb_output_du_delay, num_decoding_units_minus1,
            du_common_cpb_removal_delay_flag, du_common_cpb_removal_delay_increment_minus1,
            num_nalus_in_du_minus1, du_cpb_removal_delay_increment_minus1, du_info_present,
            cpb_dpb_delays_present, valid] = record;
-    return start_all_afresh(
-        pic_struct, source_scan_type, duplicate_flag, au_cpb_removal_delay_minus1,
-        pic_dpb_output_delay, pic_dpb_output_du_delay, num_decoding_units_minus1,
-        du_common_cpb_removal_delay_flag, du_common_cpb_removal_delay_increment_minus1,
-        num_nalus_in_du_minus1, du_cpb_removal_delay_increment_minus1, du_info_present,
-        cpb_dpb_delays_present, valid);
+    start_all_afresh(pic_struct, source_scan_type, duplicate_flag, au_cpb_removal_delay_minus1,
+                     pic_dpb_output_delay, pic_dpb_output_du_delay, num_decoding_units_minus1,
+                     du_common_cpb_removal_delay_flag, du_common_cpb_removal_delay_increment_minus1,
+                     num_nalus_in_du_minus1, du_cpb_removal_delay_increment_minus1, du_info_present,
+                     cpb_dpb_delays_present, valid);
 }
 
-inline std::uintptr_t start_afresh(h265_nal_sei_active_parameter_sets& record) {
+inline void start_afresh(h265_nal_sei_active_parameter_sets& record) {
     auto& [active_video_parameter_set_id, self_contained_cvs_flag, no_parameter_set_update_flag,
            num_sps_ids_minus1, active_seq_parameter_set_id, layer_sps_idx, valid] = record;
-    return start_all_afresh(active_video_parameter_set_id, self_contained_cvs_flag,
-                            no_parameter_set_update_flag, num_sps_ids_minus1,
-                            active_seq_parameter_set_id, layer_sps_idx, valid);
+    start_all_afresh(active_video_parameter_set_id, self_contained_cvs_flag,
+                     no_parameter_set_update_flag, num_sps_ids_minus1, active_seq_parameter_set_id,
+                     layer_sps_idx, valid);
 }
 
 // The matrices of scaling lists, before they are read: few streams have them.
