@@ -2,13 +2,10 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <map>
-#include <set>
+#include <ostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "inspect/reading_elements.h"
@@ -122,20 +119,21 @@ std::vector<traced_element> elements_of(const test::traced_reading& reading) {
     return all;
 }
 
-// The streams are sound but for these, each by the encoder's doing.
-const std::map<std::string, std::set<std::string>>& known_out_of_range() {
-    static const std::map<std::string, std::set<std::string>> names = {};
-    return names;
+std::vector<std::string> out_of_range(const h265_trace& trace) {
+    std::vector<std::string> elements;
+    for (const h265_traced_element& each : trace.elements) {
+        if (each.out_of_range) {
+            elements.push_back(path_of(trace, each) + " = " + std::to_string(each.value));
+        }
+    }
+    return elements;
 }
 
-void expect_in_range(const std::string& stream, const h265_trace& trace) {
-    const auto known = known_out_of_range().find(stream);
-    for (const h265_traced_element& each : trace.elements) {
-        const bool expected = known != known_out_of_range().end() &&
-                              known->second.count(to_string(each.name)) == 1;
-        EXPECT_TRUE(!each.out_of_range || expected)
-            << path_of(trace, each) << " is " << each.value;
-    }
+// Of messages the other reader does not read to their end it has no trailing bits: of buffering
+// periods whose SPS has no HRD parameters (hrd_novuihrd), which nobody can read, and of picture
+// timing that says interlaced frames of a field (hm_field).
+bool gave_up(h265_nal_unit_type type, const std::vector<expected_element>& reading) {
+    return type == PREFIX_SEI_NUT && test::index_of(reading, "rbsp_stop_one_bit") == reading.size();
 }
 
 // NOLINTNEXTLINE(readability-identifier-naming): the name of a suite
@@ -161,11 +159,20 @@ TEST_P(TraceOfStreams, HasTheElementsOfTheReading) {
             structures = {listed(expected)};
         }
         ASSERT_EQ(readings.size(), structures.size());
+        if (gave_up(type, expected)) {
+            EXPECT_EQ(readings.size(), 1U);
+            std::vector<traced_element> elements = elements_of(readings.at(0));
+            ASSERT_GE(elements.size(), structures[0].size());
+            elements.resize(structures[0].size());
+            EXPECT_EQ(elements, structures[0]);
+            EXPECT_EQ(readings[0].read, GetParam() == "hm_field") << to_string(readings[0].fault);
+            continue;
+        }
         for (std::size_t k = 0; k < readings.size(); ++k) {
             EXPECT_TRUE(readings[k].read) << to_string(readings[k].fault);
             EXPECT_EQ(readings[k].fault.kind, h265_fault_kind::none);
             EXPECT_EQ(elements_of(readings[k]), structures[k]);
-            expect_in_range(GetParam(), readings[k].trace);
+            EXPECT_EQ(out_of_range(readings[k].trace), std::vector<std::string>());
         }
     }
 }

@@ -66,6 +66,9 @@ traced_reading tracing_host::read_structure(h265_nal_unit_type type,
             reading = read_into(sps, reader, vps_store);
             if (reading.read) {
                 sps_store[sps.sps_seq_parameter_set_id] = sps;
+                if (sps_store.active_id == sps_store.no_id) {
+                    sps_store.active_id = sps.sps_seq_parameter_set_id;
+                }
             }
             break;
         }

@@ -28,7 +28,7 @@ struct traced_reading {
 };
 
 // A host that reads NAL units of the base layer by the standard's rules and keeps the parameter
-// sets that could be read.
+// sets that could be read. The first SPS is the active one until a unit says otherwise.
 class tracing_host {
 public:
     // Takes the bytes behind the NAL unit header. Gives one reading, of an SEI unit one for each
