@@ -129,9 +129,8 @@ std::vector<std::string> out_of_range(const h265_trace& trace) {
     return elements;
 }
 
-// Of messages the other reader does not read to their end it has no trailing bits: of buffering
-// periods whose SPS has no HRD parameters (hrd_novuihrd), which nobody can read, and of picture
-// timing that says interlaced frames of a field (hm_field).
+// A message that the other reader left halfway has no trailing bits: buffering periods whose SPS has
+// no HRD parameters (hrd_novuihrd), which nobody can read, and picture timing of fields (hm_field).
 bool gave_up(h265_nal_unit_type type, const std::vector<expected_element>& reading) {
     return type == PREFIX_SEI_NUT && test::index_of(reading, "rbsp_stop_one_bit") == reading.size();
 }
