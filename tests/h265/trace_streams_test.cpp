@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "inspect/reading_elements.h"
+#include "support/rbsp_of_unit.h"
 #include "support/stream_reading.h"
 #include "support/tracing_host.h"
 
@@ -16,23 +17,6 @@ namespace kovran {
 namespace {
 
 using test::expected_element;
-
-// The bytes behind the NAL unit header, without emulation prevention bytes.
-std::vector<unsigned char> rbsp_of(const test::stream_reading& stream,
-                                   const test::unit_reading& unit) {
-    std::vector<unsigned char> rbsp;
-    std::size_t zeros = 0;
-    for (std::size_t i = unit.offset + 2; i < unit.offset + unit.size; ++i) {
-        const unsigned char byte = stream.bytes[i];
-        if (zeros >= 2 && byte == 3) {
-            zeros = 0;
-            continue;
-        }
-        zeros = byte == 0 ? zeros + 1 : 0;
-        rbsp.push_back(byte);
-    }
-    return rbsp;
-}
 
 std::vector<expected_element> expected_of(const test::unit_reading& unit) {
     return test::elements_of({{"elements", unit.elements}});
@@ -129,8 +113,9 @@ std::vector<std::string> out_of_range(const h265_trace& trace) {
     return elements;
 }
 
-// A message that the other reader left halfway has no trailing bits: buffering periods whose SPS has
-// no HRD parameters (hrd_novuihrd), which nobody can read, and picture timing of fields (hm_field).
+// A message that the other reader left halfway has no trailing bits: buffering periods whose SPS
+// has no HRD parameters (hrd_novuihrd), which nobody can read, and picture timing of fields
+// (hm_field).
 bool gave_up(h265_nal_unit_type type, const std::vector<expected_element>& reading) {
     return type == PREFIX_SEI_NUT && test::index_of(reading, "rbsp_stop_one_bit") == reading.size();
 }
@@ -149,7 +134,7 @@ TEST_P(TraceOfStreams, HasTheElementsOfTheReading) {
         SCOPED_TRACE("unit " + std::to_string(i) + " of type " +
                      std::to_string(unit.nal_unit_type));
         const auto type = static_cast<h265_nal_unit_type>(unit.nal_unit_type);
-        const auto readings = host.read(type, rbsp_of(stream, unit));
+        const auto readings = host.read(type, test::rbsp_of_unit(stream, unit));
         const std::vector<expected_element> expected = expected_of(unit);
         std::vector<std::vector<traced_element>> structures;
         if (type == PREFIX_SEI_NUT) {
