@@ -81,7 +81,7 @@ std::string region_of(unsigned int profile_idc, std::uint32_t compatibility_flag
     for (unsigned int one = 0; one < 44; ++one) {
         test::bit_writer bits = profile_head(profile_idc, compatibility_flags);
         bits.u<44>(std::uint64_t{1} << (43 - one));
-        test::rbsp input{bits.bytes()};
+        test::rbsp input{test::bit_writer(bits).u<8>(93).bytes()};
         const std::string set = flags_set(read(input.reader));
         EXPECT_EQ(input.reader.bit_position(), bits.size());
         EXPECT_LE(set.size(), 1U);

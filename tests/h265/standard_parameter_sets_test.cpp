@@ -266,6 +266,14 @@ TEST(StandardVps, HasUpTo1024LayerSetsAndHrdStructures) {
     EXPECT_TRUE(vps.hrd_parameters.empty());
 }
 
+// The next bit is vps_temporal_id_nesting_flag.
+TEST(StandardVps, IsRefusedRightAfter8SubLayers) {
+    test::rbsp input{0b0000'1'1'00, 0b0000'111'1, 0xFF, 0xFF};
+    h265_nal_vps vps;
+    EXPECT_FALSE(vps.parse_standard(input.reader));
+    EXPECT_EQ(input.reader.bit_position(), 15U);
+}
+
 TEST(StandardVps, ShowsNothingStale) {
     h265_nal_vps vps;
     static_cast<void>(parse_standard(vps, test::full_vps().syntax));
@@ -470,14 +478,24 @@ TEST(StandardSps, ShowsNothingStale) {
     EXPECT_TRUE(test::same_fields(sps, parsed<h265_nal_sps>(test::sps_syntax{})));
 }
 
-TEST(StandardSps, FailsWithoutItsVps) {
+// Clause 7.4.2.4.2: parameter sets are bound when they are activated.
+TEST(StandardSps, NeedsNoVps) {
     auto vps_store = test::vps_store_with(3);
     test::rbsp input{test::sps_syntax{}.rbsp().bytes()};
     h265_nal_sps sps;
-    sps.valid = true;
-    EXPECT_FALSE(sps.parse_standard(input.reader, vps_store));
-    EXPECT_FALSE(sps.valid);
+    EXPECT_TRUE(sps.parse_standard(input.reader, vps_store));
+    EXPECT_TRUE(sps.valid);
     EXPECT_EQ(vps_store.size(), 1U);
+}
+
+// The profile would begin at bit 8.
+TEST(StandardSps, IsRefusedRightAfter8SubLayers) {
+    h2645_common_base_store<h265_nal_vps> vps_store;
+    test::rbsp input{0b0000'111'1, 0xFF, 0xFF};
+    h265_nal_sps sps;
+    EXPECT_FALSE(sps.parse_standard(input.reader, vps_store));
+    EXPECT_EQ(input.reader.bit_position(), 7U);
+    EXPECT_FALSE(sps.profile_tier_level.general.level_present_flag);
 }
 
 // ---- Scaling lists
@@ -609,9 +627,9 @@ TEST(StandardPps, ComparesWithTheLimitsOfTheStandard) {
         syntax.reference_indices = test::bit_writer().ue(l0 - 1).ue(l1 - 1);
         return syntax;
     };
-    EXPECT_EQ(taken<h265_nal_pps>(with_indices(16, 16)), both);
-    EXPECT_EQ(taken<h265_nal_pps>(with_indices(17, 1)), own_only);
-    EXPECT_EQ(taken<h265_nal_pps>(with_indices(1, 17)), own_only);
+    EXPECT_EQ(taken<h265_nal_pps>(with_indices(15, 15)), both);
+    EXPECT_EQ(taken<h265_nal_pps>(with_indices(16, 1)), own_only);
+    EXPECT_EQ(taken<h265_nal_pps>(with_indices(1, 16)), own_only);
 
     test::pps_syntax of_sps_16;
     of_sps_16.identifiers = test::bit_writer().ue(0).ue(16);
@@ -619,13 +637,20 @@ TEST(StandardPps, ComparesWithTheLimitsOfTheStandard) {
     EXPECT_FALSE(parse_standard(pps, of_sps_16, test::sps_store_with(16)));
 }
 
-// A picture of 5 x 2 coding tree blocks of 64x64.
-TEST(StandardPps, HasNoMoreTilesThanThePictureHasCodingTreeBlocks) {
+TEST(StandardPps, NeedsNoSps) {
+    h265_nal_pps pps;
+    EXPECT_TRUE(parse_standard(pps, {}, {}));
+    EXPECT_TRUE(pps.valid);
+    EXPECT_TRUE(parse_standard(pps, {}, test::sps_store_with(15)));
+}
+
+// No more than the longest picture has coding tree blocks side by side: Sqrt( 8 * 35651584 )
+// samples in blocks of 16. The picture of the SPS, of one block, has no say.
+TEST(StandardPps, HasNoMoreTilesThanAnyPictureHasCodingTreeBlocks) {
     auto sps_store = test::sps_store_with(0);
     h265_nal_sps& sps = sps_store.at(0);
-    sps.pic_width_in_luma_samples = 264;
-    sps.pic_height_in_luma_samples = 128;
-    sps.log2_min_luma_coding_block_size_minus3 = 0;
+    sps.pic_width_in_luma_samples = 64;
+    sps.pic_height_in_luma_samples = 64;
     sps.log2_diff_max_min_luma_coding_block_size = 3;
     const auto takes = [&sps_store](unsigned int columns, unsigned int rows) {
         test::pps_syntax syntax;
@@ -638,15 +663,10 @@ TEST(StandardPps, HasNoMoreTilesThanThePictureHasCodingTreeBlocks) {
         return parse_standard(pps, syntax, sps_store);
     };
     EXPECT_TRUE(takes(5, 2));
-    EXPECT_FALSE(takes(6, 1));
-    EXPECT_FALSE(takes(1, 3));
-    // Sqrt( 8 * 35651584 ) samples, in blocks of 16.
-    sps.pic_width_in_luma_samples = 0xFFFFFFF0;
     EXPECT_TRUE(takes(1056, 1));
+    EXPECT_TRUE(takes(1, 1056));
     EXPECT_FALSE(takes(1057, 1));
-    sps.log2_diff_max_min_luma_coding_block_size = 40;  // no size at all
-    EXPECT_TRUE(takes(1, 1));
-    EXPECT_FALSE(takes(2, 1));
+    EXPECT_FALSE(takes(1, 1057));
 }
 
 TEST(StandardPps, ShowsNothingStale) {

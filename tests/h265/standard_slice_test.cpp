@@ -280,7 +280,9 @@ TEST(StandardSlice, FailsWithMoreLongTermPicturesThanThereCanBe) {
     host stream;
     have_candidates(stream);
     const auto takes = [&stream](unsigned int num_long_term_sps, unsigned int num_long_term_pics) {
-        return stream.takes(with_set_of_sps(slice_p).ue(num_long_term_sps).ue(num_long_term_pics));
+        test::bit_writer bits = with_set_of_sps(slice_p);
+        bits.ue(num_long_term_sps).ue(num_long_term_pics);
+        return stream.takes(bits.u<32>(0).u<32>(0).u<32>(0));  // six bits for each at the most
     };
     EXPECT_TRUE(takes(4, 12));
     EXPECT_TRUE(takes(0, 16));
@@ -393,13 +395,13 @@ TEST(StandardSlice, CountsThePicturesOfAPredictedSet) {
     EXPECT_EQ(slice.CurrRpsIdx, 1U);
 }
 
-TEST(StandardSlice, HasUpTo16ReferenceIndices) {
+TEST(StandardSlice, HasUpTo15ReferenceIndices) {
     host stream;
     stream.have_sets(1);
-    EXPECT_TRUE(stream.takes(with_set_of_sps(slice_b).u<1>(1).ue(15).ue(15)));
-    EXPECT_FALSE(stream.takes(with_set_of_sps(slice_b).u<1>(1).ue(16).ue(0)));
-    EXPECT_FALSE(stream.takes(with_set_of_sps(slice_b).u<1>(1).ue(0).ue(16)));
-    EXPECT_NE(stream.bits_by_own_rules(with_set_of_sps(slice_b).u<1>(1).ue(16).ue(0)), 0U);
+    EXPECT_TRUE(stream.takes(with_set_of_sps(slice_b).u<1>(1).ue(14).ue(14)));
+    EXPECT_FALSE(stream.takes(with_set_of_sps(slice_b).u<1>(1).ue(15).ue(0)));
+    EXPECT_FALSE(stream.takes(with_set_of_sps(slice_b).u<1>(1).ue(0).ue(15)));
+    EXPECT_NE(stream.bits_by_own_rules(with_set_of_sps(slice_b).u<1>(1).ue(15).ue(0)), 0U);
 }
 
 TEST(StandardSlice, FailsWithAReservedSliceType) {

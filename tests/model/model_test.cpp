@@ -187,8 +187,9 @@ findings run_steps_with_store(const json& test_case, const char* name) {
 }
 
 findings run_aud(const json& test_case) {
-    return run_steps<h265_nal_aud>(
-        test_case, [](auto& record, auto& reader, const json&) { return record.parse(reader); });
+    return run_steps<h265_nal_aud>(test_case, [](auto& record, auto& reader, const json& step) {
+        return parse_by_rules(step, record, reader);
+    });
 }
 
 findings run_profile_tier_level(const json& test_case) {
@@ -416,6 +417,7 @@ const std::map<std::string, findings (*)(const json&)> entries = {
     {"vps", run_vps},
     {"vui", run_vui},
     {"standard_active_parameter_sets", run_active_parameter_sets},
+    {"standard_aud", run_aud},
     {"standard_buffering_period", run_buffering_period},
     {"standard_hrd", run_hrd},
     {"standard_pic_timing", run_pic_timing},

@@ -67,6 +67,10 @@ class Reader:
     def exhausted(self):
         return self.pos >= self.size
 
+    def in_data(self):
+        """Whether all that was read is in the data."""
+        return self.pos <= self.size
+
     def more_rbsp_data(self):
         if self.pos >= self.size:
             return False

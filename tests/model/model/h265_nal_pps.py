@@ -85,6 +85,7 @@ class h265_nal_pps(
             if not self.scaling_list_data.parse(r):
                 return False
         self.end(r)
+        self.valid = r.skip_rbsp_trailing_bits()
         return self.valid
 
     def first_tools(self, r):
@@ -136,4 +137,3 @@ class h265_nal_pps(
         if self.pps_extension_present_flag:
             while r.more_rbsp_data():
                 r.skip(1)
-        self.valid = r.skip_rbsp_trailing_bits()

@@ -111,6 +111,7 @@ class h265_nal_sps(
             if not self.vui_parameters.parse(r, self):
                 return False
         self.end(r)
+        self.valid = r.skip_rbsp_trailing_bits()
         return self.valid
 
     def picture_format(self, r):
@@ -170,4 +171,3 @@ class h265_nal_sps(
         if self.sps_extension_flag:
             while r.more_rbsp_data():
                 r.skip(1)
-        self.valid = r.skip_rbsp_trailing_bits()

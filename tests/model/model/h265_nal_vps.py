@@ -69,6 +69,7 @@ class h265_nal_vps(
                     if not self.hrd_parameters[i].valid:
                         return False
         self.end(r)
+        self.valid = r.skip_rbsp_trailing_bits()
         return self.valid
 
     def first_elements(self, r):
@@ -110,4 +111,3 @@ class h265_nal_vps(
         if self.vps_extension_flag:
             while r.more_rbsp_data():
                 r.skip(1)
-        self.valid = r.skip_rbsp_trailing_bits()

@@ -182,6 +182,9 @@ class Inventor:
     def align(self):
         self.skip(-self.pos % 8)
 
+    def in_data(self):
+        return True
+
     def more_rbsp_data(self):
         if self.extension_bits is None:
             self.extension_bits = self.rng.choice((0, 1, 2, 7, 8, 9, self.rng.randrange(200)))

@@ -46,6 +46,12 @@ def sub_layers(rng):
     return rng.choice((0, 0, 1, 2, 3, 5, 6, 6, 7)) if rng.random() < 0.97 else own.sub_layers(rng)
 
 
+class StandardAud(StandardEntry, own.Aud):
+    def parse_standard(self, record, reader, arguments):
+        record.reset()
+        return record.parse(reader)
+
+
 class StandardProfileTierLevel(StandardEntry, own.ProfileTierLevel):
     def arguments(self, rng, record):
         return {**super().arguments(rng, record), "maxNumSubLayersMinus1": sub_layers(rng)}
@@ -155,7 +161,7 @@ class StandardSps(StandardEntry, own.Sps):
             self.habits.update(NEAR)
 
     def parse_standard(self, record, reader, arguments):
-        return sps_reading.parse(record, reader, self.vps_store)
+        return sps_reading.parse(record, reader)
 
 
 class StandardPps(StandardEntry, own.Pps):
@@ -167,11 +173,10 @@ class StandardPps(StandardEntry, own.Pps):
             sps.valid = rng.random() < 0.9
             self.sps_store.map[number] = sps
         self.given = {"sps_store": own.store_json(self.sps_store)}
-        ids = [number for number, sps in self.sps_store.map.items() if sps.valid]
-        self.habits = {**HABITS, "pps_seq_parameter_set_id": often(ids, 0.98)}
+        self.habits = {**HABITS, "pps_seq_parameter_set_id": often((*range(16), 15, 16), 0.98)}
 
     def parse_standard(self, record, reader, arguments):
-        return h265_nal_pps.parse(record, reader, self.sps_store)
+        return h265_nal_pps.parse(record, reader)
 
 
 class StandardSliceSegmentHeader(StandardEntry, own.SliceSegmentHeader):
@@ -212,8 +217,8 @@ class StandardRefPicListsModification(StandardEntry, own.RefPicListsModification
         arguments = super().arguments(rng, record)
         header = arguments["header"]
         if rng.random() < 0.9:
-            header.num_ref_idx_l0_active_minus1 = rng.choice((0, 1, 2, 7, 14, 15))
-            header.num_ref_idx_l1_active_minus1 = rng.choice((0, 1, 2, 7, 14, 15, 16))
+            header.num_ref_idx_l0_active_minus1 = rng.choice((0, 1, 2, 7, 13, 14))
+            header.num_ref_idx_l1_active_minus1 = rng.choice((0, 1, 2, 7, 13, 14, 15))
         return arguments
 
     def parse_standard(self, record, reader, arguments):
@@ -268,6 +273,7 @@ class StandardActiveParameterSets(StandardEntry, own.ActiveParameterSets):
 
 
 ENTRIES = {
+    "standard_aud": StandardAud,
     "standard_profile_tier_level": StandardProfileTierLevel,
     "standard_hrd": StandardHrd,
     "standard_sub_layer_hrd": StandardSubLayerHrd,

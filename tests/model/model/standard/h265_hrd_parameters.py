@@ -24,8 +24,8 @@ def parse_sub_layer(sub_layer, sub_layer_id, cpb_count, hrd, r):
     sub_layer.subLayerId = sub_layer_id
     sub_layer.cpb_count = cpb_count
     sub_layer.specifications(cpb_count, hrd, r)
-    sub_layer.valid = True
-    return True
+    sub_layer.valid = r.in_data()
+    return sub_layer.valid
 
 
 def parse(hrd, common_inf_present_flag, max_num_sub_layers_minus1, r, before=None):
@@ -54,5 +54,5 @@ def parse(hrd, common_inf_present_flag, max_num_sub_layers_minus1, r, before=Non
         if hrd.vcl_hrd_parameters_present_flag:
             if not parse_sub_layer(hrd.vcl_sub_layer_hrd[i], i, count, hrd, r):
                 return False
-    hrd.valid = True
-    return True
+    hrd.valid = r.in_data()
+    return hrd.valid

@@ -1,21 +1,17 @@
 """pic_parameter_set_rbsp(), H.265 clauses 7.3.2.3 and 7.4.3.3."""
 
 from . import h265_scaling_list_data as scaling_list_reading
-from .arithmetic import size_in_ctbs
 
-MAX_REF_IDX_ACTIVE = 16  # one more than the standard has
+MAX_REF_IDX_ACTIVE = 15
 # Of a picture of level 6.2, in blocks of 16 samples: Sqrt( 8 * 35651584 ) / 16.
 LONGEST_SIDE = 1056
 
 
-def parse(pps, r, sps_store):
+def parse(pps, r):
     pps.reset()
     pps.pps_pic_parameter_set_id = r.ue("pps_pic_parameter_set_id")
     pps.pps_seq_parameter_set_id = r.ue("pps_seq_parameter_set_id")
     if pps.pps_pic_parameter_set_id > 63 or pps.pps_seq_parameter_set_id > 15:
-        return False
-    sps = sps_store.map.get(pps.pps_seq_parameter_set_id)
-    if sps is None or not sps.valid:
         return False
     pps.first_tools(r)
     pps.num_ref_idx_l0_default_active_minus1 = r.ue("num_ref_idx_active_minus1")
@@ -29,7 +25,7 @@ def parse(pps, r, sps_store):
     pps.quantisation(r)
     pps.tiles_enabled_flag = r.flag("tiles_enabled_flag")
     pps.entropy_coding_sync_enabled_flag = r.flag()
-    if not tiles(pps, r, sps):
+    if not tiles(pps, r):
         return False
     pps.loop_filters(r)
     pps.pps_scaling_list_data_present_flag = r.flag("scaling_list_data_present_flag")
@@ -37,10 +33,12 @@ def parse(pps, r, sps_store):
         if not scaling_list_reading.parse(pps.scaling_list_data, r):
             return False
     pps.end(r)
+    pps.valid = r.in_data()
+    r.skip_rbsp_trailing_bits()
     return pps.valid
 
 
-def tiles(pps, r, sps):
+def tiles(pps, r):
     if not pps.tiles_enabled_flag:
         pps.uniform_spacing_flag = True
         pps.loop_filter_across_tiles_enabled_flag = True
@@ -49,8 +47,7 @@ def tiles(pps, r, sps):
     pps.num_tile_rows_minus1 = r.ue("num_tiles_minus1")
     pps.uniform_spacing_flag = r.flag("uniform_spacing_flag")
     if not pps.uniform_spacing_flag:
-        across, down = (min(blocks, LONGEST_SIDE) for blocks in size_in_ctbs(sps))
-        if pps.num_tile_columns_minus1 >= across or pps.num_tile_rows_minus1 >= down:
+        if max(pps.num_tile_columns_minus1, pps.num_tile_rows_minus1) >= LONGEST_SIDE:
             return False
         pps.tile_sizes(r)
     pps.loop_filter_across_tiles_enabled_flag = r.flag()

@@ -20,5 +20,5 @@ def parse(active, r, vps_store):
     for i in range(max_layers_minus1 + 1):
         present = i >= vps.vps_base_layer_internal_flag
         active.layer_sps_idx.append(r.ue() if present else 0)
-    active.valid = True
-    return True
+    active.valid = r.in_data()
+    return active.valid

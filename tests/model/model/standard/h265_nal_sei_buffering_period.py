@@ -33,8 +33,8 @@ def parse(period, r, sps_store):
     period.use_alt_cpb_params_flag_present = r.more_rbsp_data()
     if period.use_alt_cpb_params_flag_present:
         period.use_alt_cpb_params_flag = r.flag()
-    period.valid = True
-    return True
+    period.valid = r.in_data()
+    return period.valid
 
 
 def initial_removal(period, prefix, r, hrd):

@@ -39,8 +39,8 @@ def parse(timing, r, sps):
             if hrd.sub_pic_cpb_params_in_pic_timing_sei_flag:
                 if not decoding_units(timing, r, sps, hrd):
                     return False
-    timing.valid = True
-    return True
+    timing.valid = r.in_data()
+    return timing.valid
 
 
 def decoding_units(timing, r, sps, hrd):

@@ -8,12 +8,9 @@ from . import h265_vui_parameters as vui_reading
 from . import ordering_info
 
 
-def parse(sps, r, vps_store):
+def parse(sps, r):
     sps.reset()
     sps.sps_video_parameter_set_id = r.u(4, "sps_video_parameter_set_id")
-    vps = vps_store.map.get(sps.sps_video_parameter_set_id)
-    if vps is None or not vps.valid:
-        return False
     sps.sps_max_sub_layers_minus1 = r.u(3, "max_sub_layers_minus1")
     sps.sps_temporal_id_nesting_flag = r.flag()
     if not ptl_reading.parse(sps.profile_tier_level, True, sps.sps_max_sub_layers_minus1, r):
@@ -50,6 +47,8 @@ def parse(sps, r, vps_store):
     elif not vui_reading.parse(sps.vui_parameters, r, sps):
         return False
     sps.end(r)
+    sps.valid = r.in_data()
+    r.skip_rbsp_trailing_bits()
     return sps.valid
 
 

@@ -30,6 +30,8 @@ def parse(vps, r):
         if vps.vps_num_hrd_parameters > 1024 or not hrd_structures(vps, r):
             return False
     vps.end(r)
+    vps.valid = r.in_data()
+    r.skip_rbsp_trailing_bits()
     return vps.valid
 
 

@@ -41,5 +41,5 @@ def parse(ptl, profile_present_flag, max_num_sub_layers_minus1, r):
         if not layer.level_present_flag:
             layer.level_idc = above.level_idc
         above = layer
-    ptl.valid = True
-    return True
+    ptl.valid = r.in_data()
+    return ptl.valid

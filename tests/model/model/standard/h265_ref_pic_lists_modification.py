@@ -2,7 +2,7 @@
 
 from .arithmetic import ceil_log2
 
-MAX_ENTRIES = 16  # one more than the standard has
+MAX_ENTRIES = 15
 
 
 def parse(lists, r, header):
@@ -19,5 +19,5 @@ def parse(lists, r, header):
         lists.ref_pic_list_modification_flag_l1 = r.flag("ref_pic_list_modification_flag")
         if lists.ref_pic_list_modification_flag_l1:
             lists.list_entry_l1 = [r.u(width) for _ in range(entries_l1)]
-    lists.valid = True
-    return True
+    lists.valid = r.in_data()
+    return lists.valid

@@ -37,8 +37,8 @@ def parse(lists, r):
             if reference < 0:
                 return False
             predict(lists, size_id, matrix_id, reference)
-    lists.valid = True
-    return True
+    lists.valid = r.in_data()
+    return lists.valid
 
 
 def predict(lists, size_id, matrix_id, reference):

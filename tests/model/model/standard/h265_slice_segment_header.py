@@ -10,7 +10,7 @@ IDR_W_RADL, IDR_N_LP = 19, 20
 # As many coding tree blocks as slice_segment_address can count, which no picture has.
 MAX_BLOCKS = 1 << 32
 MAX_LONG_TERM_PICS = 16
-MAX_REF_IDX_ACTIVE = 16  # one more than the standard has
+MAX_REF_IDX_ACTIVE = 15
 
 
 def parse(header, r, pps_store, sps_store, vps_store, nal_unit_type):
@@ -36,9 +36,11 @@ def parse(header, r, pps_store, sps_store, vps_store, nal_unit_type):
         if ctb_log2_size(sps) > 31 or not 0 < across * down < MAX_BLOCKS:
             return False
         header.slice_segment_address = r.u(ceil_log2(across * down))
-    header.valid = header.dependent_slice_segment_flag or independent(
+    if not header.dependent_slice_segment_flag and not independent(
         header, r, pps, sps, nal_unit_type in (IDR_W_RADL, IDR_N_LP)
-    )
+    ):
+        return False
+    header.valid = r.in_data()
     return header.valid
 
 
@@ -126,9 +128,9 @@ def reference_lists(header, r, pps, sps, pictures):
         header.num_ref_idx_l0_active_minus1 = r.ue("num_ref_idx_active_minus1")
         if header.slice_type == B:
             header.num_ref_idx_l1_active_minus1 = r.ue("num_ref_idx_active_minus1")
-        for minus1 in (header.num_ref_idx_l0_active_minus1, header.num_ref_idx_l1_active_minus1):
-            if minus1 + 1 > MAX_REF_IDX_ACTIVE:
-                return False
+    for minus1 in (header.num_ref_idx_l0_active_minus1, header.num_ref_idx_l1_active_minus1):
+        if minus1 + 1 > MAX_REF_IDX_ACTIVE:
+            return False
     # Equation 7-55.
     header.NumPicTotalCurr = sum(header.used_by_curr_pic_lt_flag)
     if pictures is not None:

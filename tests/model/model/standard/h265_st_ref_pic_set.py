@@ -13,9 +13,10 @@ def parse(pictures, r, sps, idx, sets):
     if idx != 0:
         pictures.inter_ref_pic_set_prediction_flag = r.flag("inter_ref_pic_set_prediction_flag")
     if pictures.inter_ref_pic_set_prediction_flag:
-        pictures.valid = predicted(pictures, r, idx == sps.num_short_term_ref_pic_sets, sets)
+        fits = predicted(pictures, r, idx == sps.num_short_term_ref_pic_sets, sets)
     else:
-        pictures.valid = explicit(pictures, r)
+        fits = explicit(pictures, r)
+    pictures.valid = fits and r.in_data()
     return pictures.valid
 
 

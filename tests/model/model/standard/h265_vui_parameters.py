@@ -11,7 +11,8 @@ def parse(vui, r, sps):
     ):
         return False
     infer(vui)
-    return True
+    vui.valid = r.in_data()
+    return vui.valid
 
 
 def infer_absent(vui, general):

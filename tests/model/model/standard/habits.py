@@ -38,7 +38,7 @@ HABITS = {
     "abs_delta_rps_minus1": mostly_small,
     "delta_idx_minus1": often((0, 0, 0, 1, 2)),
     "scaling_list_pred_matrix_id_delta": often((0, 0, 0, 0, 1), 0.99),
-    "num_tiles_minus1": count(4, 30),
+    "num_tiles_minus1": count(4, 1055),
     "num_decoding_units_minus1": count(5, 80),
     "num_sps_ids_minus1": count(4, 15),
     "active_seq_parameter_set_id": often(range(16), 0.99),
@@ -48,7 +48,7 @@ HABITS = {
     "num_long_term_pics": lambda rng: rng.choice((0, 0, 1, 1, 2, 3, 3, 4, 15, 16, 17)),
     "lt_idx_sps": index,
     "max_layer_id": lambda rng: rng.choice((0, 0, 1, 5, rng.getrandbits(6))),
-    "num_ref_idx_active_minus1": often((0, 0, 1, 1, 2, 3, 14, 15, 15, 16), 0.99),
+    "num_ref_idx_active_minus1": often((0, 0, 1, 1, 2, 3, 13, 14, 14, 15), 0.99),
 }
 
 # Sets that are all within the limits, so that many of them are.

@@ -35,14 +35,6 @@ def read(rng, make, parse, habits):
             return record
 
 
-def all_valid(make, numbers):
-    store = Store()
-    for number in numbers:
-        store.map[number] = make()
-        store.map[number].valid = True
-    return store
-
-
 def small_sps():
     sps = h265_nal_sps()
     sps.pic_width_in_luma_samples = 1920
@@ -77,10 +69,7 @@ def vps_store(rng):
 
 
 def sps(rng):
-    vps_store = all_valid(h265_nal_vps, range(16))
-    record = read(
-        rng, h265_nal_sps, lambda record, r: sps_reading.parse(record, r, vps_store), SPS_HABITS
-    )
+    record = read(rng, h265_nal_sps, sps_reading.parse, SPS_HABITS)
     if rng.random() < 0.05:
         impossible_size(rng, record)
     return record
@@ -88,9 +77,7 @@ def sps(rng):
 
 def pps(rng, sps_store):
     habits = {**PPS_HABITS, "pps_seq_parameter_set_id": often(sps_store.map, 1.0)}
-    record = read(
-        rng, h265_nal_pps, lambda record, r: pps_reading.parse(record, r, sps_store), habits
-    )
+    record = read(rng, h265_nal_pps, pps_reading.parse, habits)
     record.lists_modification_present_flag = rng.random() < 0.7
     return record
 

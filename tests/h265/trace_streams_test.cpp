@@ -1,0 +1,170 @@
+// What a traced parse tells of real streams, beside what an independent reader tells of them.
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <cstddef>
+#include <cstdint>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "inspect/reading_elements.h"
+#include "support/rbsp_of_unit.h"
+#include "support/stream_reading.h"
+#include "support/tracing_host.h"
+
+namespace kovran {
+namespace {
+
+using test::expected_element;
+
+std::vector<expected_element> expected_of(const test::unit_reading& unit) {
+    return test::elements_of({{"elements", unit.elements}});
+}
+
+// The flag has one name in the syntax table and another in the record.
+std::string name_in_the_table(const std::string& name) {
+    return name == "sps_extension_flag" ? "sps_extension_present_flag" : name;
+}
+
+struct traced_element {
+    std::string name;
+    std::int64_t value;
+    std::size_t bit;
+    std::size_t width;
+
+    bool operator==(const traced_element& other) const {
+        return name == other.name && value == other.value && bit == other.bit &&
+               width == other.width;
+    }
+};
+
+void PrintTo(const traced_element& each, std::ostream* out) {
+    *out << each.name << " = " << each.value << " at " << each.bit << ", " << each.width << " bits";
+}
+
+traced_element of_trace(const h265_traced_element& each, std::size_t first_bit) {
+    std::string name = to_string(each.name);
+    const bool numbered_by_one_reader_only = name.rfind("reserved_zero_2bits", 0) == 0;
+    if (numbered_by_one_reader_only) {
+        name = name.substr(0, name.find('['));
+    }
+    return {name, each.value, each.first_bit + first_bit, each.width};
+}
+
+traced_element of_reading(const expected_element& each) {
+    return {name_in_the_table(each.name), std::stoll(each.value), each.bit, each.width};
+}
+
+// The elements of the reading that a traced parse lists: extension data are one element there, and
+// a slice segment header ends behind the list modification.
+std::vector<traced_element> listed(const std::vector<expected_element>& reading) {
+    std::vector<traced_element> all;
+    for (std::size_t i = 0; i < reading.size(); ++i) {
+        if (test::is_behind_list_modification(reading[i].name)) {
+            break;
+        }
+        all.push_back(of_reading(reading[i]));
+        if (test::is_extension_flag(reading[i].name) && reading[i].value != "0") {
+            const std::size_t stop = test::index_of(reading, "rbsp_stop_one_bit", i);
+            const std::size_t begin = reading[i].bit + 1;
+            all.push_back({reading[i].name.substr(0, 3) + "_extension_data_flag", 0, begin,
+                           reading[stop].bit - begin});
+            i = stop - 1;
+        }
+    }
+    return all;
+}
+
+// The same of the messages of an SEI unit that have a record, one after the other.
+std::vector<std::vector<traced_element>> listed_messages(
+    const std::vector<expected_element>& reading) {
+    std::vector<std::vector<traced_element>> messages;
+    bool is_listed = false;
+    for (const expected_element& each : reading) {
+        if (each.name == "last_payload_type_byte") {
+            is_listed = test::is_taken_apart(each.value);
+            if (is_listed) {
+                messages.emplace_back();
+            }
+        } else if (is_listed && !test::is_sei_framing(each.name) &&
+                   !test::is_payload_padding(each.name)) {
+            messages.back().push_back(of_reading(each));
+        }
+    }
+    return messages;
+}
+
+std::vector<traced_element> elements_of(const test::traced_reading& reading) {
+    std::vector<traced_element> all;
+    for (const h265_traced_element& each : reading.trace.elements) {
+        all.push_back(of_trace(each, reading.first_bit));
+    }
+    return all;
+}
+
+std::vector<std::string> out_of_range(const h265_trace& trace) {
+    std::vector<std::string> elements;
+    for (const h265_traced_element& each : trace.elements) {
+        if (each.out_of_range) {
+            elements.push_back(path_of(trace, each) + " = " + std::to_string(each.value));
+        }
+    }
+    return elements;
+}
+
+// A message that the other reader left halfway has no trailing bits: buffering periods whose SPS
+// has no HRD parameters (hrd_novuihrd), which nobody can read, and picture timing of fields
+// (hm_field).
+bool gave_up(h265_nal_unit_type type, const std::vector<expected_element>& reading) {
+    return type == PREFIX_SEI_NUT && test::index_of(reading, "rbsp_stop_one_bit") == reading.size();
+}
+
+// NOLINTNEXTLINE(readability-identifier-naming): the name of a suite
+class TraceOfStreams : public testing::TestWithParam<std::string> {};
+
+TEST_P(TraceOfStreams, HasTheElementsOfTheReading) {
+    const test::stream_reading stream = test::load_stream_reading(GetParam());
+    test::tracing_host host;
+    for (std::size_t i = 0; i < stream.units.size() && !HasFailure(); ++i) {
+        const test::unit_reading& unit = stream.units[i];
+        if (unit.nuh_layer_id != 0 || unit.elements.empty()) {
+            continue;
+        }
+        SCOPED_TRACE("unit " + std::to_string(i) + " of type " +
+                     std::to_string(unit.nal_unit_type));
+        const auto type = static_cast<h265_nal_unit_type>(unit.nal_unit_type);
+        const auto readings = host.read(type, test::rbsp_of_unit(stream, unit));
+        const std::vector<expected_element> expected = expected_of(unit);
+        std::vector<std::vector<traced_element>> structures;
+        if (type == PREFIX_SEI_NUT) {
+            structures = listed_messages(expected);
+        } else if (type != SUFFIX_SEI_NUT && !readings.empty()) {
+            structures = {listed(expected)};
+        }
+        ASSERT_EQ(readings.size(), structures.size());
+        if (gave_up(type, expected)) {
+            EXPECT_EQ(readings.size(), 1U);
+            std::vector<traced_element> elements = elements_of(readings.at(0));
+            ASSERT_GE(elements.size(), structures[0].size());
+            elements.resize(structures[0].size());
+            EXPECT_EQ(elements, structures[0]);
+            EXPECT_EQ(readings[0].read, GetParam() == "hm_field") << to_string(readings[0].fault);
+            continue;
+        }
+        for (std::size_t k = 0; k < readings.size(); ++k) {
+            EXPECT_TRUE(readings[k].read) << to_string(readings[k].fault);
+            EXPECT_EQ(readings[k].fault.kind, h265_fault_kind::none);
+            EXPECT_EQ(elements_of(readings[k]), structures[k]);
+            EXPECT_EQ(out_of_range(readings[k].trace), std::vector<std::string>());
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(AllStreams, TraceOfStreams, testing::ValuesIn(test::stream_names()),
+                         [](const testing::TestParamInfo<std::string>& stream) {
+                             return stream.param;
+                         });
+
+}  // namespace
+}  // namespace kovran
