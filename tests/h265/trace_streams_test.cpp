@@ -84,7 +84,7 @@ std::vector<std::vector<traced_element>> listed_messages(
     bool is_listed = false;
     for (const expected_element& each : reading) {
         if (each.name == "last_payload_type_byte") {
-            is_listed = test::is_taken_apart(each.value);
+            is_listed = test::is_parsed_message(each.value);
             if (is_listed) {
                 messages.emplace_back();
             }
