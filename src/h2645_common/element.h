@@ -20,22 +20,40 @@ struct element_indices {
     }
 };
 
+// An entry of an array of elements or structures.
+template <class Field>
+struct indexed_element {
+    const char* name = nullptr;
+    Field field;
+    element_indices indices;
+
+    [[nodiscard]] constexpr auto operator[](std::size_t index) const {
+        return indexed_element<decltype(field[index])>{name, field[index],
+                                                       indices.followed_by(index)};
+    }
+};
+
 // A syntax element, or a nested structure, as a walker gets it: what the standard calls it, and the
 // field that holds it. `Field` is a reference or, for a flag in a bit vector, what stands for one.
 template <class Field>
 struct element {
     const char* name = nullptr;
     Field field;
-    element_indices indices;
+    static constexpr element_indices indices{};
 
     [[nodiscard]] constexpr auto operator[](std::size_t index) const {
-        return element<decltype(field[index])>{name, field[index], indices.followed_by(index)};
+        return indexed_element<decltype(field[index])>{name, field[index],
+                                                       indices.followed_by(index)};
     }
 };
 
 template <class Field>
-[[nodiscard]] constexpr element<Field&> named(const char* name, Field& field,
-                                              element_indices indices = {}) {
+[[nodiscard]] constexpr element<Field&> named(const char* name, Field& field) {
+    return {name, field};
+}
+template <class Field>
+[[nodiscard]] constexpr indexed_element<Field&> named(const char* name, Field& field,
+                                                      element_indices indices) {
     return {name, field, indices};
 }
 

@@ -8,23 +8,19 @@ namespace {
 
 bool same(const h2645_common_element_name& a, const h2645_common_element_name& b) {
     return std::string_view(a.name) == b.name && std::string_view(a.prefix) == b.prefix &&
-           a.index_count == b.index_count && a.indices == b.indices;
+           a.index_count == b.index_count &&
+           std::equal(a.indices.begin(), a.indices.begin() + a.index_count, b.indices.begin());
 }
 
 }  // namespace
 
 void fault_finder::start() {
-    if (fault_ != nullptr) {
-        *fault_ = {};
-    }
+    fault_ = {};
     reads_ = 0;
     path_of_last_kept_ = false;
 }
 
 void fault_finder::open(const h2645_common_element_name& structure) {
-    if (fault_ == nullptr) {
-        return;
-    }
     if (reads_ != 0 && last().depth > depth_ && !path_of_last_kept_) {
         path_of_last_ = structures_;
         path_of_last_kept_ = true;
@@ -63,8 +59,8 @@ void fault_finder::refuse(const h2645_common_element_name& name, std::size_t bit
 
 void fault_finder::missing(const char* parameter_set, unsigned int id) {
     if (tell(h2645_common_fault_kind::parameter_set_missing, last())) {
-        fault_->parameter_set = parameter_set;
-        fault_->parameter_set_id = id;
+        fault_.parameter_set = parameter_set;
+        fault_.parameter_set_id = id;
     }
 }
 
@@ -75,16 +71,16 @@ void fault_finder::no_memory() {
 void fault_finder::trailing_bit(const h2645_common_element_name& name, std::size_t bit,
                                 std::int64_t value, std::int64_t expected) {
     if (tell(h2645_common_fault_kind::trailing_bits, {name, bit, value, {}, depth_})) {
-        fault_->lowest = expected;
-        fault_->highest = expected;
+        fault_.lowest = expected;
+        fault_.highest = expected;
     }
 }
 
 void fault_finder::end(bool walked) {
     if (!walked) {
         tell_refusal_of_last();
-    } else if (fault_ != nullptr && fault_->kind == h2645_common_fault_kind::data_ended) {
-        *fault_ = {};  // the rules of this walk do not mind
+    } else if (fault_.kind == h2645_common_fault_kind::data_ended) {
+        fault_ = {};  // the rules of this walk do not mind
     }
 }
 
@@ -93,12 +89,12 @@ bool fault_finder::tell(h2645_common_fault_kind kind, const read_element& culpri
         return false;
     }
     const bool moved = path_of_last_kept_ && &culprit == &last();
-    fault_->kind = kind;
-    fault_->structures = moved ? path_of_last_ : structures_;
-    fault_->structure_count = std::min(culprit.depth, h2645_common_fault::most_structures);
-    fault_->element = culprit.name;
-    fault_->first_bit = culprit.bit;
-    fault_->value = culprit.value;
+    fault_.kind = kind;
+    fault_.structures = moved ? path_of_last_ : structures_;
+    fault_.structure_count = std::min(culprit.depth, h2645_common_fault::most_structures);
+    fault_.element = culprit.name;
+    fault_.first_bit = culprit.bit;
+    fault_.value = culprit.value;
     return true;
 }
 
@@ -106,8 +102,8 @@ void fault_finder::tell_value(const read_element& culprit, std::int64_t highest)
     const value_range allowed =
         culprit.allowed.has(culprit.value) ? up_to(highest) : culprit.allowed;
     if (tell(h2645_common_fault_kind::value, culprit)) {
-        fault_->lowest = allowed.lowest;
-        fault_->highest = allowed.highest;
+        fault_.lowest = allowed.lowest;
+        fault_.highest = allowed.highest;
     }
 }
 

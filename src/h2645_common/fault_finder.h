@@ -17,24 +17,30 @@ namespace kovran {
 // they test.
 class fault_finder {
 public:
-    // `fault` may be null: then nothing is told.
-    explicit fault_finder(h2645_common_fault* fault) : fault_(fault) {}
+    explicit fault_finder(h2645_common_fault& fault) : fault_(fault) {}
 
     void start();
 
     void open(const h2645_common_element_name& structure);
     void close(bool walked);
 
-    // `whole`: the element ends in the data.
-    void read(const h2645_common_element_name& name, std::size_t bit, std::int64_t value,
-              const value_range& allowed, bool whole) {
-        if (fault_ == nullptr) {
-            return;
-        }
+    // An element; the caller writes its name where this returns, and then calls
+    // tell_end_of_data(). `whole`: the element ends in the data.
+    [[nodiscard]] h2645_common_element_name& read(std::size_t bit, std::int64_t value,
+                                                  const value_range& allowed, bool whole) {
         ++reads_;
-        last() = {name, bit, value, allowed, depth_};
+        read_element& latest = last();
+        latest.name.index_count = 0;
+        latest.bit = bit;
+        latest.value = value;
+        latest.allowed = allowed;
+        latest.depth = depth_;
         path_of_last_kept_ = false;
-        if (!whole) {
+        last_is_whole_ = whole;
+        return latest.name;
+    }
+    void tell_end_of_data() {
+        if (!last_is_whole_) {
             tell(h2645_common_fault_kind::data_ended, last());
         }
     }
@@ -60,19 +66,18 @@ private:
     using path = std::array<h2645_common_element_name, h2645_common_fault::most_structures>;
 
     [[nodiscard]] read_element& last() { return latest_[reads_ % latest_.size()]; }
-    [[nodiscard]] bool untold() const {
-        return fault_ != nullptr && fault_->kind == h2645_common_fault_kind::none;
-    }
+    [[nodiscard]] bool untold() const { return fault_.kind == h2645_common_fault_kind::none; }
     // False when the fault is one of before.
     bool tell(h2645_common_fault_kind kind, const read_element& culprit);
     void tell_value(const read_element& culprit, std::int64_t highest);
     void tell_refusal_of_last();
 
-    h2645_common_fault* fault_;
+    h2645_common_fault& fault_;
 
     // The elements read last: a test may stand below the one after that which it tests.
     std::array<read_element, 4> latest_{};
     std::size_t reads_ = 0;
+    bool last_is_whole_ = true;
 
     path structures_{};
     unsigned int depth_ = 0;

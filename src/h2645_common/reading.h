@@ -38,25 +38,25 @@ public:
 
     // Descriptors of clause 7.2. u_v is u(v), a width that comes from the stream. They are inlined
     // at every element, however many a description has, so that known widths stay constants.
-    template <class Field>
-    [[gnu::always_inline]] void u(unsigned char width, element<Field> target,
+    template <class Element>
+    [[gnu::always_inline]] void u(unsigned char width, Element target,
                                   value_range /*allowed*/ = {}) {
         store(target, reader.get<unsigned int>(width));
     }
 
-    template <class Field>
-    [[gnu::always_inline]] void u_v(unsigned char width, element<Field> target,
+    template <class Element>
+    [[gnu::always_inline]] void u_v(unsigned char width, Element target,
                                     value_range /*allowed*/ = {}) {
         store(target, reader.get<unsigned int>(width));
     }
 
-    template <class Field>
-    [[gnu::always_inline]] void ue(element<Field> target, value_range /*allowed*/ = {}) {
+    template <class Element>
+    [[gnu::always_inline]] void ue(Element target, value_range /*allowed*/ = {}) {
         store(target, reader.ue());
     }
 
-    template <class Field>
-    [[gnu::always_inline]] void se(element<Field> target, value_range /*allowed*/ = {}) {
+    template <class Element>
+    [[gnu::always_inline]] void se(Element target, value_range /*allowed*/ = {}) {
         target.field = reader.se();
     }
 
@@ -78,31 +78,30 @@ public:
     [[nodiscard]] bool rbsp_trailing_bits() { return h2645_common_skip_rbsp_trailing_bits(reader); }
 
     // A structure inside this one: `walk_fields` walks the record that it is given.
-    template <class Record, class WalkFields>
-    [[nodiscard, gnu::always_inline]] bool structure(element<Record> nested,
-                                                     WalkFields&& walk_fields) {
+    template <class Structure, class WalkFields>
+    [[nodiscard, gnu::always_inline]] bool structure(Structure nested, WalkFields&& walk_fields) {
         return std::forward<WalkFields>(walk_fields)(nested.field);
     }
 
     // A part of this structure whose elements the standard names with a prefix, and with the
     // indices of the part.
-    template <class Record, class WalkFields>
-    [[nodiscard, gnu::always_inline]] bool prefixed(const char* /*prefix*/, element<Record> part,
+    template <class Part, class WalkFields>
+    [[nodiscard, gnu::always_inline]] bool prefixed(const char* /*prefix*/, Part part,
                                                     WalkFields&& walk_fields) {
         return std::forward<WalkFields>(walk_fields)(part.field);
     }
 
     // Conditions without which reading cannot go on; descriptions return false where they do not
     // hold. A value has a limit:
-    template <class Field, class Limit>
-    [[nodiscard, gnu::always_inline]] bool at_most(const element<Field>& target, Limit limit) {
+    template <class Element, class Limit>
+    [[nodiscard, gnu::always_inline]] bool at_most(const Element& target, Limit limit) {
         return !(target.field > limit);
     }
 
     // The rest of the data can hold what an element announces: entries of so many bits at the
     // least.
-    template <class Field>
-    [[nodiscard, gnu::always_inline]] bool data_holds(const element<Field>& /*announced_by*/,
+    template <class Element>
+    [[nodiscard, gnu::always_inline]] bool data_holds(const Element& /*announced_by*/,
                                                       std::uint64_t entries,
                                                       unsigned int fewest_bits) {
         return Rules::data_may_end || holds(entries, fewest_bits);
@@ -181,9 +180,9 @@ private:
     using value_type =
         std::conditional_t<std::is_lvalue_reference_v<Field>, std::remove_reference_t<Field>, bool>;
 
-    template <class Field>
-    static void store(element<Field>& target, unsigned int value) {
-        target.field = static_cast<value_type<Field>>(value);
+    template <class Element>
+    static void store(Element& target, unsigned int value) {
+        target.field = static_cast<value_type<decltype(target.field)>>(value);
     }
 
     h2645_common_bitreader& source_;

@@ -11,8 +11,10 @@
 #include "h2645_common/rule_notes.h"
 #include "h2645_common/value_range.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -29,9 +31,24 @@ public:
     tracing(h2645_common_bitreader& source, h2645_common_trace* trace, h2645_common_fault* fault)
         : reading<Rules>(source),
           bits_of_data_(8 * (source.address(source.end) - source.address(source.start))),
-          trace_(trace),
-          fault_(fault) {
+          trace_(trace) {
+        if (fault != nullptr) {
+            fault_.emplace(*fault);
+        }
         start();
+    }
+
+    ~tracing() {
+        if (trace_ != nullptr) {
+            trace_->elements.resize(listed());
+        }
+    }
+    tracing(const tracing&) = delete;
+    tracing& operator=(const tracing&) = delete;
+
+    void align() {
+        reading<Rules>::align();
+        position_ = this->reader.bit_position();
     }
 
     void go_back() {
@@ -39,32 +56,28 @@ public:
         start();
     }
 
-    template <class Field>
-    void u(unsigned char width, element<Field> target, value_range allowed = {}) {
-        const std::size_t bit = this->reader.bit_position();
+    template <class Element>
+    void u(unsigned char width, Element target, const value_range& allowed = any_value) {
         reading<Rules>::u(width, target);
-        tell(target, "u(n)", bit, allowed);
+        tell(target, "u(n)", width, allowed);
     }
 
-    template <class Field>
-    void u_v(unsigned char width, element<Field> target, value_range allowed = {}) {
-        const std::size_t bit = this->reader.bit_position();
+    template <class Element>
+    void u_v(unsigned char width, Element target, const value_range& allowed = any_value) {
         reading<Rules>::u_v(width, target);
-        tell(target, "u(v)", bit, allowed);
+        tell(target, "u(v)", width, allowed);
     }
 
-    template <class Field>
-    void ue(element<Field> target, value_range allowed = {}) {
-        const std::size_t bit = this->reader.bit_position();
+    template <class Element>
+    void ue(Element target, const value_range& allowed = any_value) {
         reading<Rules>::ue(target);
-        tell(target, "ue(v)", bit, allowed);
+        tell(target, "ue(v)", width_of_latest(), allowed);
     }
 
-    template <class Field>
-    void se(element<Field> target, value_range allowed = {}) {
-        const std::size_t bit = this->reader.bit_position();
+    template <class Element>
+    void se(Element target, const value_range& allowed = any_value) {
         reading<Rules>::se(target);
-        tell(target, "se(v)", bit, allowed);
+        tell(target, "se(v)", width_of_latest(), allowed);
     }
 
     void skip(unsigned int width, const char* name) { skip_bits(width, name, {}); }
@@ -73,10 +86,9 @@ public:
     }
 
     void extension_data(const char* name) {
-        const std::size_t bit = this->reader.bit_position();
         reading<Rules>::extension_data(name);
-        if (this->reader.bit_position() != bit) {
-            tell(full_name(name, {}), "u(1)", bit, 0, {});
+        if (this->reader.bit_position() != position_) {
+            tell(name, {}, "u(1)", width_of_latest(), 0, any_value);
         }
     }
 
@@ -88,42 +100,45 @@ public:
         return well_formed;
     }
 
-    template <class Record, class WalkFields>
-    [[nodiscard]] bool structure(element<Record> nested, WalkFields&& walk_fields) {
+    template <class Structure, class WalkFields>
+    [[nodiscard]] bool structure(Structure nested, WalkFields&& walk_fields) {
         const h2645_common_element_name name = full_name(nested.name, nested.indices);
         const unsigned int outer = structure_;
-        fault_.open(name);
-        if (trace_ != nullptr && this->reader.bit_position() < bits_of_data_) {
-            structure_ = static_cast<unsigned int>(trace_->structures.size());
-            trace_->structures.push_back({name, outer, trace_->elements.size()});
+        if (fault_) {
+            fault_->open(name);
         }
+        list_structure(name);
         const bool walked = std::forward<WalkFields>(walk_fields)(nested.field);
         structure_ = outer;
-        fault_.close(walked);
+        if (fault_) {
+            fault_->close(walked);
+        }
         return walked;
     }
 
-    template <class Record, class WalkFields>
-    [[nodiscard]] bool prefixed(const char* prefix, element<Record> part,
-                                WalkFields&& walk_fields) {
+    template <class Part, class WalkFields>
+    [[nodiscard]] bool prefixed(const char* prefix, Part part, WalkFields&& walk_fields) {
+        const unsigned int outer = structure_;
         prefix_ = prefix;
         prefix_indices_ = part.indices;
+        list_structure(full_name("", {}));
         const bool walked = std::forward<WalkFields>(walk_fields)(part.field);
         prefix_ = "";
         prefix_indices_ = {};
+        structure_ = outer;
         return walked;
     }
 
-    template <class Field, class Limit>
-    [[nodiscard]] bool at_most(const element<Field>& target, Limit limit) {
+    template <class Element, class Limit>
+    [[nodiscard]] bool at_most(const Element& target, Limit limit) {
         const bool allowed = reading<Rules>::at_most(target, limit);
         if (!allowed) {
             refuse(target, static_cast<std::int64_t>(limit));
         }
         return allowed;
     }
-    template <class Field, class Value>
-    [[nodiscard]] bool at_most(const element<Field>& target, const noted_bound<Value>& limit) {
+    template <class Element, class Value>
+    [[nodiscard]] bool at_most(const Element& target, const noted_bound<Value>& limit) {
         const bool allowed = at_most(target, limit.own);
         if (allowed != reading<Rules>::at_most(target, limit.other)) {
             this->rules.note(limit.rule);
@@ -131,8 +146,8 @@ public:
         return allowed;
     }
 
-    template <class Field>
-    [[nodiscard]] bool data_holds(const element<Field>& announced_by, std::uint64_t entries,
+    template <class Element>
+    [[nodiscard]] bool data_holds(const Element& announced_by, std::uint64_t entries,
                                   unsigned int fewest_bits) {
         const bool holds = this->holds(entries, fewest_bits);
         note_unless(holds, "data_may_end");
@@ -152,7 +167,9 @@ public:
     }
 
     [[nodiscard]] bool missing(const char* parameter_set, unsigned int id) {
-        fault_.missing(parameter_set, id);
+        if (fault_) {
+            fault_->missing(parameter_set, id);
+        }
         return false;
     }
 
@@ -175,27 +192,39 @@ public:
     [[nodiscard]] bool grow(std::size_t count, Arrays&... arrays) {
         const bool grown = reading<Rules>::grow(count, arrays...);
         if (!grown) {
-            fault_.no_memory();
+            if (fault_) {
+                fault_->no_memory();
+            }
         }
         return grown;
     }
 
     // The end of the walk of the outermost description, which returned `walked`.
     [[nodiscard]] bool end(bool walked) {
-        if (trace_ != nullptr && !trace_->elements.empty()) {
-            const char*& rule = trace_->elements.back().rule;
+        if (trace_ != nullptr && listed() != 0) {
+            const char*& rule = next_[-1].rule;
             rule = rule == nullptr ? take_note() : rule;
         }
-        fault_.end(walked);
+        if (fault_) {
+            fault_->end(walked);
+        }
         return walked;
     }
 
 private:
+    static constexpr value_range any_value{};
+
     void start() {
         if (trace_ != nullptr) {
-            trace_->clear();
+            trace_->structures.clear();
+            trace_->indices.clear();
+            next_ = trace_->elements.data();
+            end_of_room_ = next_ + trace_->elements.size();
         }
-        fault_.start();
+        if (fault_) {
+            fault_->start();
+        }
+        position_ = this->reader.bit_position();
     }
 
     static constexpr bool takes_notes = std::is_base_of_v<rule_notes, Rules>;
@@ -219,42 +248,116 @@ private:
         }
     }
 
-    [[nodiscard]] h2645_common_element_name full_name(const char* name,
-                                                      const element_indices& indices) const {
-        h2645_common_element_name full = {prefix_, name, prefix_indices_.value,
-                                          prefix_indices_.count};
+    void write_name(h2645_common_element_name& full, const char* name,
+                    const element_indices& indices) const {
+        full.prefix = prefix_;
+        full.name = name;
+        if (prefix_indices_.count + indices.count == 0) {
+            return;
+        }
+        for (unsigned int i = 0; i < prefix_indices_.count; ++i) {
+            full.indices[full.index_count++] = prefix_indices_.value[i];
+        }
         for (unsigned int i = 0; i < indices.count; ++i) {
             full.indices[full.index_count++] = indices.value[i];
         }
+    }
+
+    [[nodiscard]] h2645_common_element_name full_name(const char* name,
+                                                      const element_indices& indices) const {
+        h2645_common_element_name full;
+        write_name(full, name, indices);
         return full;
     }
 
-    template <class Field>
-    void tell(const element<Field>& target, const char* descriptor, std::size_t bit,
+    void list_structure(const h2645_common_element_name& name) {
+        if (trace_ != nullptr && position_ < bits_of_data_) {
+            const unsigned int outer = structure_;
+            structure_ = static_cast<unsigned int>(trace_->structures.size());
+            trace_->structures.push_back({name, outer, listed()});
+        }
+    }
+
+    // Elements are written over those of an earlier trace; the list gets its size at the end.
+    [[nodiscard]] std::size_t listed() const {
+        return static_cast<std::size_t>(next_ - trace_->elements.data());
+    }
+    [[gnu::noinline]] void make_room() {
+        constexpr std::size_t fewest = 64;
+        const std::size_t used = listed();
+        trace_->elements.resize(std::max(fewest, 2 * used));
+        next_ = trace_->elements.data() + used;
+        end_of_room_ = trace_->elements.data() + trace_->elements.size();
+    }
+
+    [[gnu::always_inline]] void list(const char* name, const element_indices& indices,
+                                     const char* descriptor, std::size_t bit, std::size_t width,
+                                     std::int64_t value, bool out_of_range) {
+        if (next_ == end_of_room_) {
+            make_room();
+        }
+        h2645_common_traced_element& element = *next_++;
+        element.name = name;
+        element.descriptor = descriptor;
+        element.first_bit = bit;
+        element.width = width;
+        element.value = value;
+        element.rule = take_note();
+        element.structure = structure_;
+        element.first_index = 0;
+        element.index_count = 0;
+        element.out_of_range = out_of_range;
+        if (indices.count != 0) {
+            element.first_index = static_cast<unsigned int>(trace_->indices.size());
+            element.index_count = static_cast<unsigned char>(indices.count);
+            for (unsigned int i = 0; i < indices.count; ++i) {
+                trace_->indices.push_back(indices.value[i]);
+            }
+        }
+    }
+
+    template <class Element>
+    void tell(const Element& target, const char* descriptor, std::size_t width,
               const value_range& allowed) {
-        tell(full_name(target.name, target.indices), descriptor, bit,
+        tell(target.name, target.indices, descriptor, width,
              static_cast<std::int64_t>(target.field), allowed);
     }
 
-    void tell(const h2645_common_element_name& name, const char* descriptor, std::size_t bit,
-              std::int64_t value, const value_range& allowed) {
-        const std::size_t end = this->reader.bit_position();
+    // Fields are written one by one where they are to stay: copies of what has just been written
+    // piece by piece would have to wait for it.
+    void tell(const char* name, const element_indices& indices, const char* descriptor,
+              std::size_t width, std::int64_t value, const value_range& allowed) {
+        const std::size_t bit = position_;
+        position_ += width;
         if (trace_ != nullptr && bit < bits_of_data_) {
-            trace_->elements.push_back({name, descriptor, bit, end - bit, value, take_note(),
-                                        structure_, !allowed.has(value)});
+            list(name, indices, descriptor, bit, width, value, !allowed.has(value));
         }
-        fault_.read(name, bit, value, allowed, /*whole=*/end <= bits_of_data_);
+        if (fault_) {
+            follow(name, indices, bit, value, allowed);
+        }
+    }
+
+    [[gnu::noinline]] void follow(const char* name, const element_indices& indices, std::size_t bit,
+                                  std::int64_t value, const value_range& allowed) {
+        h2645_common_element_name& last =
+            fault_->read(bit, value, allowed, /*whole=*/position_ <= bits_of_data_);
+        write_name(last, name, indices);
+        fault_->tell_end_of_data();
+    }
+
+    // Of an Exp-Golomb code that has just been read.
+    [[nodiscard]] std::size_t width_of_latest() const {
+        return this->reader.bit_position() - position_;
     }
 
     void skip_bits(unsigned int width, const char* name, const element_indices& indices) {
-        const std::size_t bit = this->reader.bit_position();
         std::int64_t value = 0;
         for (unsigned int left = width; left != 0;) {
             const auto part = static_cast<unsigned char>(left < 32 ? left : 32);
             value = value << part | this->reader.get_wide(part);
             left -= part;
         }
-        tell(full_name(name, indices), "u(n)", bit, value, {});
+        tell(name, indices, "u(n)", width, value, any_value);
     }
 
     [[nodiscard]] bool trailing_bit(const char* name, unsigned int expected) {
@@ -262,24 +365,29 @@ private:
         const unsigned int value = this->reader.template get<unsigned int>(1);
         const h2645_common_element_name full = full_name(name, {});
         if (trace_ != nullptr && bit < bits_of_data_) {
-            trace_->elements.push_back(
-                {full, "f(1)", bit, 1, value, take_note(), structure_, value != expected});
+            list(name, {}, "f(1)", bit, 1, value, value != expected);
         }
-        if (value != expected) {
-            fault_.trailing_bit(full, bit, value, expected);
+        if (fault_ && value != expected) {
+            fault_->trailing_bit(full, bit, value, expected);
         }
         return value == expected;
     }
 
-    template <class Field>
-    void refuse(const element<Field>& target, std::int64_t highest) {
-        fault_.refuse(full_name(target.name, target.indices), this->reader.bit_position(),
-                      static_cast<std::int64_t>(target.field), highest);
+    template <class Element>
+    void refuse(const Element& target, std::int64_t highest) {
+        if (!fault_) {
+            return;
+        }
+        fault_->refuse(full_name(target.name, target.indices), this->reader.bit_position(),
+                       static_cast<std::int64_t>(target.field), highest);
     }
 
     std::size_t bits_of_data_;
+    std::size_t position_ = 0;  // behind the element told last
     h2645_common_trace* trace_;
-    fault_finder fault_;
+    h2645_common_traced_element* next_ = nullptr;
+    h2645_common_traced_element* end_of_room_ = nullptr;
+    std::optional<fault_finder> fault_;
     unsigned int structure_ = h2645_common_trace::no_structure;
 
     // Of the part that is being walked, see prefixed().

@@ -73,12 +73,14 @@ template <class Walker, class Hrd>
             return sub_layer_hrd_parameters(walk, sub_layer, i,
                                             wrapping_sum(hrd.cpb_cnt_minus1[i], 1), hrd);
         };
-        if (hrd.nal_hrd_parameters_present_flag &&
-            !walk.structure(ELEMENT(hrd, nal_sub_layer_hrd)[i], walk_sub_layer)) {
+        if (!hrd.nal_hrd_parameters_present_flag) {
+            walk.rules.end_absent_structure(hrd.nal_sub_layer_hrd[i]);
+        } else if (!walk.structure(ELEMENT(hrd, nal_sub_layer_hrd)[i], walk_sub_layer)) {
             return false;
         }
-        if (hrd.vcl_hrd_parameters_present_flag &&
-            !walk.structure(ELEMENT(hrd, vcl_sub_layer_hrd)[i], walk_sub_layer)) {
+        if (!hrd.vcl_hrd_parameters_present_flag) {
+            walk.rules.end_absent_structure(hrd.vcl_sub_layer_hrd[i]);
+        } else if (!walk.structure(ELEMENT(hrd, vcl_sub_layer_hrd)[i], walk_sub_layer)) {
             return false;
         }
     }

@@ -55,6 +55,8 @@ template <class Walker, class Layer>
         } else {
             walk.skip(1, "reserved_zero_bit");
         }
+    } else {
+        walk.rules.end_absent_structure(layer);
     }
     if (layer.level_present_flag) {
         walk.u(8, ELEMENT(layer, level_idc));

@@ -373,6 +373,16 @@ inline void start_matrices_afresh(h265_scaling_list_data& lists) {
 
 // What is left of the entries that start_afresh() keeps when the stream has no such structure:
 // none.
+inline void drop_entries(h265_profile_tier_level::layer_t& layer) {
+    layer.profile_compatibility_flag.clear();
+}
+inline void drop_entries(h265_nal_sub_layer_hrd_parameters& sub_layer) {
+    sub_layer.bit_rate_value_minus1.clear();
+    sub_layer.cpb_size_value_minus1.clear();
+    sub_layer.cpb_size_du_value_minus1.clear();
+    sub_layer.bit_rate_du_value_minus1.clear();
+    sub_layer.cbr_flag.clear();
+}
 inline void drop_entries(h265_hrd_parameters& hrd) {
     hrd.fixed_pic_rate_general_flag.clear();
     hrd.fixed_pic_rate_within_cvs_flag.clear();

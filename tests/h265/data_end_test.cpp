@@ -60,8 +60,7 @@ struct announcement {
 };
 
 std::string base_name(const h265_traced_element& element) {
-    const std::string name = to_string(element.name);
-    return name.substr(0, name.find('['));
+    return element.name;
 }
 
 std::size_t end_of(const h265_traced_element& element) {

@@ -43,8 +43,9 @@ void PrintTo(const traced_element& each, std::ostream* out) {
     *out << each.name << " = " << each.value << " at " << each.bit << ", " << each.width << " bits";
 }
 
-traced_element of_trace(const h265_traced_element& each, std::size_t first_bit) {
-    std::string name = to_string(each.name);
+traced_element of_trace(const h265_trace& trace, const h265_traced_element& each,
+                        std::size_t first_bit) {
+    std::string name = to_string(name_of(trace, each));
     const bool numbered_by_one_reader_only = name.rfind("reserved_zero_2bits", 0) == 0;
     if (numbered_by_one_reader_only) {
         name = name.substr(0, name.find('['));
@@ -98,7 +99,7 @@ std::vector<std::vector<traced_element>> listed_messages(
 std::vector<traced_element> elements_of(const test::traced_reading& reading) {
     std::vector<traced_element> all;
     for (const h265_traced_element& each : reading.trace.elements) {
-        all.push_back(of_trace(each, reading.first_bit));
+        all.push_back(of_trace(reading.trace, each, reading.first_bit));
     }
     return all;
 }

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cstddef>
+#include <map>
 #include <set>
 #include <sstream>
 #include <string>
@@ -48,19 +50,18 @@ std::string narrowed(const std::string& line) {
 }
 
 struct differences {
-    std::vector<difference> units;
     std::string total;
+    std::vector<difference> units;
 };
 
 differences differences_in(const std::string& text) {
     const std::vector<std::string> lines = lines_of(text);
     differences found;
-    for (std::size_t i = 0; i + 4 < lines.size(); i += 4) {
-        found.units.push_back(
-            {lines[i], narrowed(lines[i + 1]), narrowed(lines[i + 2]), narrowed(lines[i + 3])});
-    }
-    if (lines.size() % 4 == 1) {
-        found.total = lines.back();
+    found.total = lines.empty() ? "" : lines.front();
+    auto line = std::find_if(lines.begin(), lines.end(),
+                             [](const std::string& each) { return each.rfind("unit ", 0) == 0; });
+    for (; lines.end() - line >= 4; line += 4) {
+        found.units.push_back({line[0], narrowed(line[1]), narrowed(line[2]), narrowed(line[3])});
     }
     return found;
 }
@@ -74,7 +75,8 @@ TEST(InspectDifferences, ShowsNoneWhereBothReadAlike) {
 
 // Bits 218 and 223 are where the reading has these elements, behind the header's 16.
 TEST(InspectDifferences, ShowsTheFirstElementAndTheRule) {
-    const differences found = differences_in(run({"differences", stream_path("hmx_vps_hrd1")}).out);
+    const differences found =
+        differences_in(run({"differences", "--all", stream_path("hmx_vps_hrd1")}).out);
     ASSERT_GE(found.units.size(), 4U);
     EXPECT_EQ(found.units[0].place, "unit 0 at 4: VPS_NUT");
     EXPECT_EQ(found.units[0].standard,
@@ -96,7 +98,8 @@ TEST(InspectDifferences, ShowsTheFirstElementAndTheRule) {
 
 // The rule that each unit type of a stream differs by, from the options that it was made with.
 TEST(InspectDifferences, NamesTheRuleOfEachUnit) {
-    const differences found = differences_in(run({"differences", stream_path("main_default")}).out);
+    const differences found =
+        differences_in(run({"differences", "--all", stream_path("main_default")}).out);
     std::set<std::string> rules;
     for (const difference& each : found.units) {
         rules.insert(each.rule);
@@ -105,10 +108,23 @@ TEST(InspectDifferences, NamesTheRuleOfEachUnit) {
     EXPECT_EQ(rules, std::set<std::string>{"rule has_temporal_mvp_flag"});
 }
 
+// The flag stands in the reading of every slice but that of the IDR picture.
+TEST(InspectDifferences, SaysWhatTheRulesDo) {
+    EXPECT_EQ(
+        run({"differences", stream_path("main_default")}).out,
+        "7 of 12 NAL units are read differently\n"
+        "\n"
+        "has_temporal_mvp_flag (7.3.6.1)\n"
+        "  slice_temporal_mvp_enabled_flag is read only where long-term pictures are allowed; "
+        "by the standard, wherever the SPS enables it.\n"
+        "  units: TRAIL_N 4, TRAIL_R 3\n");
+}
+
 // In the list modification of hmx_ltrsps5 no rule of the slice itself differs once the SPS is read;
 // its SPS is not, which every line says.
 TEST(InspectDifferences, NamesTheParameterSetThatAUnitSuffersFrom) {
-    const differences found = differences_in(run({"differences", stream_path("hmx_ltrsps5")}).out);
+    const differences found =
+        differences_in(run({"differences", "--all", stream_path("hmx_ltrsps5")}).out);
     ASSERT_FALSE(found.units.empty());
     EXPECT_EQ(found.units[0].rule, "rule end_predicted_set");
     for (std::size_t i = 1; i < found.units.size(); ++i) {
@@ -123,13 +139,13 @@ class InspectDifferencesOfStreams : public testing::TestWithParam<std::string> {
 // reader say it may: at an element that it has at that place.
 TEST_P(InspectDifferencesOfStreams, HaveACauseAndStandWhereTheReadingSays) {
     const nlohmann::json reading = units_of_reading(GetParam());
-    const outcome result = run({"differences", stream_path(GetParam())});
+    const outcome result = run({"differences", "--all", stream_path(GetParam())});
     const differences found = differences_in(result.out);
     EXPECT_EQ(found.total, std::to_string(found.units.size()) + " of " +
                                std::to_string(reading.size()) + " NAL units are read differently");
+    EXPECT_EQ(result.out.find("not known"), std::string::npos);
     for (const difference& each : found.units) {
         SCOPED_TRACE(each.place);
-        EXPECT_EQ(each.rule.find("not known"), std::string::npos);
         const std::size_t index = std::stoul(each.place.substr(5));
         ASSERT_LT(index, reading.size());
         std::istringstream standard(each.standard);
@@ -153,6 +169,110 @@ TEST_P(InspectDifferencesOfStreams, HaveACauseAndStandWhereTheReadingSays) {
     }
 }
 
+// Without the unit that the rule was applied in.
+std::string rule_alone(const difference& unit) {
+    const std::size_t begin = std::string("rule ").size();
+    return unit.rule.substr(begin, unit.rule.find(',') - begin);
+}
+
+TEST_P(InspectDifferencesOfStreams, AreCountedByRuleAndType) {
+    const outcome result = run({"differences", "--all", stream_path(GetParam())});
+    std::map<std::string, std::map<std::string, int>> counts;
+    for (const difference& each : differences_in(result.out).units) {
+        ++counts[rule_alone(each)][each.place.substr(each.place.rfind(' ') + 1)];
+    }
+    std::string rule;
+    for (const std::string& line : lines_of(run({"differences", stream_path(GetParam())}).out)) {
+        if (line.rfind("  units: ", 0) != 0) {
+            rule = line.rfind("  ", 0) == 0 ? rule : line.substr(0, line.find(' '));
+            continue;
+        }
+        std::istringstream types(line.substr(line.find(':') + 1));
+        std::string type;
+        for (int count = 0; types >> type >> count; types.ignore()) {
+            EXPECT_EQ(counts[rule][type], count) << rule << ' ' << type;
+            counts[rule].erase(type);
+        }
+        EXPECT_TRUE(counts[rule].empty()) << rule;
+        counts.erase(rule);
+    }
+    EXPECT_TRUE(counts.empty());
+}
+
+std::string value_of(const std::vector<expected_element>& all, const std::string& name) {
+    const std::size_t index = index_of(all, name);
+    return index < all.size() ? all[index].value : "";
+}
+
+// An SPS in which a set is predicted from a predicted one is lost to the library's own rules, and
+// its slices with it. In these streams their reading comes to an end by chance; whether it has
+// found long-term pictures to be allowed there.
+const std::map<std::string, bool>& streams_with_misread_sps() {
+    static const std::map<std::string, bool> streams = {
+        {"hmx_hrd_lowdelay", false}, {"scm_act", true}, {"scm_ld420", true}};
+    return streams;
+}
+
+// The rule that a slice of such an SPS differs by; empty when it reads alike.
+std::string rule_of_chained_slice(const std::string& stream, const std::string& rule_of_sps,
+                                  const std::string& rule_of_flag) {
+    const auto misread = streams_with_misread_sps().find(stream);
+    if (misread == streams_with_misread_sps().end()) {
+        return rule_of_sps;
+    }
+    // Slices without the flag are those of IDR pictures, which have nothing of long-term ones, too.
+    return misread->second && !rule_of_flag.empty() ? rule_of_sps : rule_of_flag;
+}
+
+// The fourth line of each slice by its unit, worked out from the reading. Slices of an SPS that is
+// read alike, in none of which long-term pictures are allowed, differ where they have a flag for
+// temporal motion vector prediction.
+std::map<std::size_t, std::string> rules_of_slices(const std::string& stream) {
+    const nlohmann::json reading = units_of_reading(stream);
+    std::map<std::string, std::string> rule_of_sps;
+    std::map<std::string, std::string> sps_of_pps;
+    std::map<std::size_t, std::string> rules;
+    for (std::size_t i = 0; i < reading.size(); ++i) {
+        const auto type = reading[i].at("nal_unit_type").get<unsigned int>();
+        const std::vector<expected_element> elements = elements_of(reading[i]);
+        if (reading[i].at("nuh_layer_id") != 0 || elements.empty()) {
+            continue;
+        }
+        if (type == 33) {
+            const bool chained = first_of_a_chained_prediction(elements) != elements.size();
+            EXPECT_TRUE(chained || value_of(elements, "long_term_ref_pics_present_flag") == "0");
+            rule_of_sps[value_of(elements, "sps_seq_parameter_set_id")] =
+                chained ? "rule end_predicted_set, in unit " + std::to_string(i) : "";
+        } else if (type == 34) {
+            sps_of_pps[value_of(elements, "pps_pic_parameter_set_id")] =
+                value_of(elements, "pps_seq_parameter_set_id");
+        } else if (type < 32) {
+            const bool has_flag = !value_of(elements, "slice_temporal_mvp_enabled_flag").empty();
+            const std::string rule_of_flag = has_flag ? "rule has_temporal_mvp_flag" : "";
+            const std::string& rule =
+                rule_of_sps[sps_of_pps[value_of(elements, "slice_pic_parameter_set_id")]];
+            rules[i] =
+                rule.empty() ? rule_of_flag : rule_of_chained_slice(stream, rule, rule_of_flag);
+        }
+    }
+    return rules;
+}
+
+TEST_P(InspectDifferencesOfStreams, NameTheRuleThatDecidedOnASlice) {
+    std::map<std::size_t, std::string> expected = rules_of_slices(GetParam());
+    for (const difference& each :
+         differences_in(run({"differences", "--all", stream_path(GetParam())}).out).units) {
+        const auto slice = expected.find(std::stoul(each.place.substr(5)));
+        if (slice != expected.end()) {
+            EXPECT_EQ(each.rule, slice->second) << each.place;
+            expected.erase(slice);
+        }
+    }
+    for (const auto& [unit, rule] : expected) {
+        EXPECT_EQ(rule, "") << "unit " << unit << " is not among the differences";
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(AllStreams, InspectDifferencesOfStreams, testing::ValuesIn(stream_names()),
                          [](const testing::TestParamInfo<std::string>& stream) {
                              return stream.param;
@@ -173,11 +293,13 @@ TEST(InspectDifferences, ShowsASliceWhoseListModificationHangsOnExtensionData) {
     const std::string stream = annex_b_unit(VPS_NUT, vps_syntax().rbsp()) +
                                annex_b_unit(SPS_NUT, sps.rbsp()) +
                                annex_b_unit(PPS_NUT, pps.rbsp()) + annex_b_unit(TRAIL_R, slice);
-    const outcome result = program({"differences", "-"}).input(stream).run();
+    const outcome result = program({"differences", "--all", "-"}).input(stream).run();
     const differences found = differences_in(result.out);
     ASSERT_EQ(found.units.size(), 1U) << result.out << result.err;
     EXPECT_EQ(found.units[0].standard,
-              "standard ends here: the slice segment header cannot be read");
+              "standard ends here: the slice segment header cannot be read: "
+              "num_ref_idx_active_override_flag at bit 20 is 0; this contradicts what was read "
+              "before");
     EXPECT_EQ(found.units[0].own, "own ends here");
     EXPECT_EQ(found.units[0].rule, "rule can_count_pictures");
 }
@@ -191,7 +313,8 @@ TEST(InspectDifferences, TellsFaultsOfTheStandardReadingOnly) {
     EXPECT_EQ(broken.status, 1);
     EXPECT_EQ(broken.out, "0 of 1 NAL units are read differently\n");
     EXPECT_EQ(broken.err,
-              "kovran: standard input: unit 0 at 3: the access unit delimiter cannot be read\n");
+              "kovran: standard input: unit 0 at 3: the access unit delimiter cannot be read: "
+              "malformed trailing bits: rbsp_stop_one_bit at bit 3 is 0\n");
 }
 
 TEST(InspectDifferences, FailsWithoutInput) {

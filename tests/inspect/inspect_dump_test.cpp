@@ -110,7 +110,7 @@ unit 1 at 32: SPS_NUT, 30 bytes, layer 0, temporal id 0
   sps_temporal_mvp_enabled_flag                       1
   strong_intra_smoothing_enabled_flag                 1
   vui_parameters_present_flag                         0
-  sps_extension_flag                                  0
+  sps_extension_present_flag                          0
 
 unit 2 at 66: PPS_NUT, 7 bytes, layer 0, temporal id 0
   pps_pic_parameter_set_id                            0
@@ -249,7 +249,7 @@ TEST(InspectDump, NamesSlicesAndPictures) {
 TEST(InspectDump, KnowsReservedValues) {
     const std::string stream = bytes("000001 460170");  // pic_type 3
     const std::set<std::string> lines = lines_of(program({"dump", "-"}).input(stream).run().out);
-    EXPECT_EQ(lines.count("pic_type 3 (reserved)"), 1U);
+    EXPECT_EQ(lines.count("pic_type 3 (reserved, not allowed here)"), 1U);
 }
 
 TEST(InspectDump, NamesSeiMessagesByTypeAndUnit) {
@@ -357,7 +357,7 @@ TEST(InspectDump, GoesOnAfterASliceThatAsksForTooMuchMemory) {
               "the slice segment header needs more memory than is available\n");
     const std::set<std::string> lines = lines_of(result.out);
     EXPECT_EQ(lines.count("slice_pic_order_cnt_lsb 5"), 1U);
-    EXPECT_EQ(lines.count("num_long_term_pics 2147483646"), 1U);
+    EXPECT_EQ(lines.count("num_long_term_pics 2147483646 (not allowed here)"), 1U);
     EXPECT_EQ(lines.count("pic_type 2 (B, P and I slices)"), 1U);
 }
 
@@ -377,24 +377,59 @@ TEST(InspectDump, ReadsTheSliceOfThoseParameterSets) {
 }
 
 TEST(InspectDump, KeepsAParameterSetWhenItsRepetitionIsBroken) {
-    // The second PPS 0 has no stop bit.
-    const std::string stream = parameter_sets() + bytes("000001 4401 c0718010") + good_slice();
+    // The second PPS 0 has num_extra_slice_header_bits 7, by which the slice would be read
+    // otherwise, and ends with pps_cb_qp_offset.
+    const std::string stream = parameter_sets() + bytes("000001 4401 ce71") + good_slice();
     const outcome result = program({"dump", "-"}).input(stream).run();
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.err, "kovran: standard input: unit 3 at 68: the PPS cannot be read\n");
-    EXPECT_EQ(lines_of(result.out).count("num_long_term_pics 0"), 1U);
+    EXPECT_EQ(result.err,
+              "kovran: standard input: unit 3 at 68: the PPS cannot be read: "
+              "the data ends before the end of pps_cr_qp_offset at bit 16\n");
+    const std::set<std::string> lines = lines_of(result.out);
+    EXPECT_EQ(lines.count("num_extra_slice_header_bits 7"), 1U);
+    EXPECT_EQ(lines.count("fault: the data ends before the end of pps_cr_qp_offset at bit 16"), 1U);
+    EXPECT_EQ(lines.count("slice_pic_order_cnt_lsb 5"), 1U);
+    EXPECT_EQ(lines.count("num_long_term_pics 0"), 1U);
+}
+
+// The same PPS, whole but for the stop bit, and the slice with its seven more bits. The library's
+// own rules let such a PPS go, and the one before stays: seven bits of the slice are others then.
+TEST(InspectDump, GoesByAParameterSetWithMalformedTrailingBits) {
+    const std::string fault = "malformed trailing bits: rbsp_stop_one_bit at bit 30 is 0";
+    const std::string stream = parameter_sets() + bytes("000001 4401 ce718010 000001 0201 c0257a");
+    const outcome result = program({"dump", "-"}).input(stream).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err,
+              "kovran: standard input: unit 3 at 68: the PPS was read, but " + fault + '\n');
+    const std::set<std::string> lines = lines_of(result.out);
+    EXPECT_EQ(lines.count("fault: " + fault), 1U);
+    EXPECT_EQ(lines.count("slice_reserved_flag[0..6] 0 0 0 0 0 0 0"), 1U);
+    EXPECT_EQ(lines.count("slice_pic_order_cnt_lsb 5"), 1U);
+    const outcome own = program({"dump", "-", "--rules", "own"}).input(stream).run();
+    EXPECT_EQ(own.err.substr(0, own.err.find('\n') + 1),
+              "kovran: standard input: unit 3 at 68: the PPS cannot be read: " + fault + '\n');
+    EXPECT_EQ(own.out.find("slice_reserved_flag"), std::string::npos);
 }
 
 TEST(InspectDump, TellsWhichParameterSetIsMissing) {
     const std::string all = parameter_sets();
-    const std::string sps = all.substr(all.find(bytes("000001 4201")));
-    const outcome without_vps = program({"dump", "-"}).input(sps).run();
-    EXPECT_EQ(without_vps.status, 1);
-    EXPECT_NE(without_vps.err.find("unit 0 at 3: VPS 0, which this SPS uses, is missing\n"),
-              std::string::npos);
-    EXPECT_NE(without_vps.err.find("SPS 0, which this PPS uses, is missing: "
-                                   "the SPS of unit 0 could not be read\n"),
-              std::string::npos);
+    const std::string without_vps = all.substr(all.find(bytes("000001 4201"))) + good_slice();
+    const std::string from = "kovran: standard input: ";
+    const outcome standard = program({"dump", "-"}).input(without_vps).run();
+    EXPECT_EQ(standard.status, 1);
+    EXPECT_EQ(standard.err, from + "unit 2 at 42: VPS 0, which this slice uses, is missing\n");
+    EXPECT_EQ(lines_of(standard.out)
+                  .count("fault: VPS 0 is missing, needed by slice_pic_parameter_set_id at bit 1"),
+              1U);
+    const outcome own = program({"dump", "-", "--rules", "own"}).input(without_vps).run();
+    EXPECT_EQ(own.status, 1);
+    EXPECT_EQ(own.err, from + "unit 0 at 3: VPS 0, which this SPS uses, is missing\n" +  //
+                           from +
+                           "unit 1 at 33: SPS 0, which this PPS uses, is missing: "
+                           "the SPS of unit 0 could not be read\n" +
+                           from +
+                           "unit 2 at 42: PPS 0, which this slice uses, is missing: "
+                           "the PPS of unit 1 could not be read\n");
     const outcome slice = program({"dump", "-"}).input(bytes("000001 0201 d2f4")).run();
     EXPECT_EQ(slice.status, 1);
     EXPECT_EQ(slice.err,
@@ -419,10 +454,15 @@ TEST(InspectDump, TellsIdentifiersAboveTheirLimits) {
     const outcome standard = program({"dump", "-"}).input(stream).run();
     EXPECT_EQ(standard.status, 1);
     EXPECT_EQ(standard.err,
-              "kovran: standard input: unit 1 at 31: the SPS cannot be read\n"
-              "kovran: standard input: unit 3 at 94: the PPS cannot be read\n");
-    EXPECT_EQ(lines_of(standard.out).count("sps_seq_parameter_set_id 16"), 1U);
-    EXPECT_EQ(lines_of(standard.out).count("pps_pic_parameter_set_id 64"), 1U);
+              "kovran: standard input: unit 1 at 31: the SPS cannot be read: "
+              "sps_seq_parameter_set_id at bit 104 is 16; allowed: 0 to 15\n"
+              "kovran: standard input: unit 3 at 94: the PPS cannot be read: "
+              "pps_pic_parameter_set_id at bit 0 is 64; allowed: 0 to 63\n");
+    EXPECT_NE(standard.out.find(
+                  "  sps_seq_parameter_set_id                            16  (not allowed here)\n"
+                  "  fault: sps_seq_parameter_set_id at bit 104 is 16; allowed: 0 to 15\n\n"),
+              std::string::npos);
+    EXPECT_EQ(lines_of(standard.out).count("pps_pic_parameter_set_id 64 (not allowed here)"), 1U);
     EXPECT_EQ(lines_of(standard.out).count("pic_width_in_luma_samples 64"), 1U);
 }
 
@@ -494,7 +534,7 @@ std::vector<nlohmann::ordered_json> json_lines(const std::string& text) {
     return lines;
 }
 
-// What a reading has of a unit, as far as it is taken apart.
+// What a reading has of a unit, as far as it is parsed.
 values expected_of(const std::vector<expected_element>& reading) {
     values expected;
     std::size_t sub_layer = 0;
@@ -539,7 +579,7 @@ void expect_messages(const nlohmann::ordered_json& syntax,
         }
         const nlohmann::ordered_json& message = messages.at(count - 1);
         const std::string type = message.at("payload_type").dump();
-        if (!prefix || !is_taken_apart(type)) {
+        if (!prefix || !is_parsed_message(type)) {
             EXPECT_EQ(message.at("payload").get<std::string>().size(),
                       2 * message.at("payload_size").get<std::size_t>());
         } else {
@@ -637,7 +677,7 @@ TEST(InspectDumpJson, HasStructuresAsObjectsAndIndicesAsArrays) {
 TEST(InspectDumpJson, LeavesExtensionDataOut) {
     const outcome result = run({"dump", "--json", "--type", "33", stream_path("x265_42_scc2")});
     const nlohmann::ordered_json sps = json_lines(result.out).at(0).at("syntax");
-    EXPECT_EQ(sps.at("sps_extension_flag"), 1);
+    EXPECT_EQ(sps.at("sps_extension_present_flag"), 1);
     EXPECT_FALSE(sps.contains("sps_extension_data_flag"));
 }
 
@@ -647,9 +687,76 @@ TEST(InspectDumpJson, HasFaultsOnlyWhereThereAreAny) {
     EXPECT_EQ(result.status, 1);
     const std::vector<nlohmann::ordered_json> lines = json_lines(result.out);
     ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[0].at("faults").dump(), "[\"the access unit delimiter cannot be read\"]");
+    EXPECT_EQ(lines[0].at("faults").dump(),
+              "[\"the access unit delimiter cannot be read: "
+              "malformed trailing bits: rbsp_stop_one_bit at bit 3 is 0\"]");
+    EXPECT_EQ(lines[0].at("fault").dump(),
+              "{\"kind\":\"trailing_bits\",\"element\":\"rbsp_stop_one_bit\",\"bit\":3,"
+              "\"value\":0,\"lowest\":1,\"highest\":1}");
     EXPECT_EQ(lines[0].at("syntax").at("pic_type"), 2);
-    EXPECT_FALSE(lines[1].contains("faults"));
+    for (const char* const key : {"faults", "fault", "out_of_range"}) {
+        EXPECT_FALSE(lines[1].contains(key)) << key;
+    }
+}
+
+nlohmann::ordered_json json_of_last_unit(const std::string& stream) {
+    return json_lines(program({"dump", "--json", "-"}).input(stream).run().out).back();
+}
+
+TEST(InspectDumpJson, TellsTheValueThatStopsTheReading) {
+    sps_syntax sps;
+    sps.sps_seq_parameter_set_id = bit_writer().ue(16);
+    const nlohmann::ordered_json line = json_of_last_unit(annex_b_unit(SPS_NUT, sps.rbsp()));
+    EXPECT_EQ(line.at("out_of_range").dump(), "[\"sps_seq_parameter_set_id\"]");
+    EXPECT_EQ(line.at("fault").dump(),
+              "{\"kind\":\"value\",\"element\":\"sps_seq_parameter_set_id\",\"bit\":104,"
+              "\"value\":16,\"lowest\":0,\"highest\":15}");
+}
+
+// 8 bits up to profile_tier_level, and 8 of it.
+TEST(InspectDumpJson, TellsTheElementInWhichTheDataEnds) {
+    const nlohmann::ordered_json line = json_of_last_unit(bytes("000001 4201 0101"));
+    EXPECT_EQ(line.at("fault").dump(),
+              "{\"kind\":\"data_ended\","
+              "\"element\":\"profile_tier_level.general_profile_compatibility_flag[0]\","
+              "\"bit\":16}");
+    EXPECT_FALSE(line.contains("out_of_range"));
+}
+
+TEST(InspectDumpJson, TellsTheParameterSetThatIsMissing) {
+    // first_slice_segment_in_pic_flag 1, then 010 for PPS 1.
+    const nlohmann::ordered_json slice = json_of_last_unit(bytes("000001 0201 a0"));
+    EXPECT_EQ(slice.at("fault").dump(),
+              "{\"kind\":\"parameter_set_missing\","
+              "\"element\":\"slice_pic_parameter_set_id\",\"bit\":1,\"value\":1,"
+              "\"parameter_set\":\"PPS\",\"parameter_set_id\":1}");
+}
+
+// The second message is a buffering period of SPS 5; its payload begins 5 bytes after the header.
+TEST(InspectDumpJson, NamesTheMessageInThePathOfItsElement) {
+    const nlohmann::ordered_json line =
+        json_of_last_unit(bytes("000001 4e01 0501aa 000134 0500 80"));
+    EXPECT_EQ(line.at("syntax").at("sei_message").size(), 3U);
+    EXPECT_EQ(line.at("fault").dump(),
+              "{\"kind\":\"parameter_set_missing\","
+              "\"element\":\"sei_message[1].bp_seq_parameter_set_id\",\"bit\":40,\"value\":5,"
+              "\"parameter_set\":\"SPS\",\"parameter_set_id\":5}");
+    EXPECT_EQ(line.at("faults").size(), 1U);
+}
+
+// 0 to 8 and 0 to 5 are allowed; neither decides how the rest is read.
+TEST(InspectDumpJson, ListsTheElementsOutOfTheirRange) {
+    sps_syntax sps;
+    sps.bit_depths = bit_writer().ue(9).ue(0);
+    sps.vui = bit_writer().u<1>(1).u<3>(0);
+    sps.vui.u<1>(1).ue(6).ue(0);  // chroma_loc_info_present_flag and both locations
+    sps.vui.u<6>(0);
+    const nlohmann::ordered_json line = json_of_last_unit(annex_b_unit(SPS_NUT, sps.rbsp()));
+    EXPECT_EQ(line.at("out_of_range").dump(),
+              "[\"bit_depth_luma_minus8\",\"vui_parameters.chroma_sample_loc_type_top_field\"]");
+    EXPECT_EQ(line.at("syntax").at("bit_depth_luma_minus8"), 9);
+    EXPECT_FALSE(line.contains("fault"));
+    EXPECT_FALSE(line.contains("faults"));
 }
 
 TEST(InspectDumpJson, HasNullForEntriesThatAreNotInTheStream) {

@@ -186,12 +186,26 @@ TEST(InspectFaults, SequencesInsideALengthPrefixedUnit) {
                   {unit(0, 1, 5, {"00 00 00 inside, at 3"})});
 }
 
-// An SPS without a VPS, a PPS without an SPS, slices without a PPS.
+// An SPS that is cut off, a PPS that is, twice, and slices without a PPS. By the library's own
+// rules the SPS needs its VPS and the PPS the SPS first.
 TEST(InspectFaults, AParameterSetThatIsMissingIsToldWithItsFirstLoss) {
     const std::string stream =
         bytes("000001 420101 000001 4401c0 000001 4401c0 000001 0201e0 000001 0201a0");
     const std::string from = "kovran: standard input: ";
     EXPECT_EQ(program({"info", "-"}).input(stream).run().err,
+              from +
+                  "unit 0 at 3: the SPS cannot be read: the data ends before the end of "
+                  "profile_tier_level.general_profile_space at bit 8\n" +
+                  from +
+                  "unit 1 at 9: the PPS cannot be read: the data ends before the end of "
+                  "cabac_init_present_flag at bit 8\n" +
+                  from +
+                  "unit 3 at 21: PPS 0, which this slice uses, is missing: "
+                  "the PPS of unit 1 could not be read\n" +
+                  from + "unit 4 at 27: PPS 1, which this slice uses, is missing\n" + from +
+                  "unit 2 at 15: the PPS cannot be read: the data ends before the end of "
+                  "cabac_init_present_flag at bit 8; last of 2 such faults\n");
+    EXPECT_EQ(program({"info", "-", "--rules", "own"}).input(stream).run().err,
               from + "unit 0 at 3: VPS 0, which this SPS uses, is missing\n" +  //
                   from +
                   "unit 1 at 9: SPS 0, which this PPS uses, is missing: "

@@ -253,7 +253,7 @@ TEST(InspectHostility, ElementsBehindTheEndOfTheUnitAreNotShown) {
     const outcome dumped =
         program({"dump", "-", "--rules", "own", "--nal", "3"}).input(stream).run();
     const std::string end =
-        "  num_long_term_pics                                  1048576\n"
+        "  num_long_term_pics                                  1048576  (not allowed here)\n"
         "  poc_lsb_lt[0]                                       8\n"
         "\n";
     EXPECT_EQ(dumped.out.substr(dumped.out.size() - end.size()), end);

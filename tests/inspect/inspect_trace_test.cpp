@@ -167,7 +167,7 @@ void expect_heading(const std::string& heading, std::size_t index, const nlohman
     EXPECT_EQ(heading.substr(heading.size() - end.size()), end);
 }
 
-// The elements of the messages that are taken apart, and type and size of all; those that need an
+// The elements of the messages that are parsed, and type and size of all; those that need an
 // SPS only where that can be read.
 void expect_messages(const std::vector<element>& elements,
                      const std::vector<expected_element>& reading, bool prefix, bool sps_read) {
@@ -180,7 +180,7 @@ void expect_messages(const std::vector<element>& elements,
         if (expected.name == "last_payload_type_byte") {
             payload_type = expected.value;
         }
-        const bool read = prefix && is_taken_apart(payload_type) &&
+        const bool read = prefix && is_parsed_message(payload_type) &&
                           (sps_read || payload_type == "129") && !is_payload_padding(expected.name);
         if (read || is_sei_framing(expected.name)) {
             ASSERT_EQ(by_bit.count(expected.bit), 1U) << expected.name;
@@ -254,10 +254,15 @@ TEST_P(InspectTraceOfStreams, HasFaultsOnlyWhereTheEncoderMadeThem) {
     const outcome result = run({"trace", stream_path(GetParam())});
     const std::string prefix = "kovran: " + stream_path(GetParam()) + ": ";
     if (GetParam() == "hrd_novuihrd") {
-        EXPECT_EQ(result.err,
-                  prefix + "unit 4 at 97: SEI message buffering_period cannot be read\n");
+        EXPECT_EQ(result.err, prefix +
+                                  "unit 4 at 97: SEI message buffering_period cannot be read: "
+                                  "au_cpb_removal_delay_delta_minus1 at bit 19 is 0; "
+                                  "this contradicts what was read before\n");
     } else if (GetParam() == "mprps_b3") {
-        const std::string first = prefix + "unit 1 at 32: the SPS cannot be read\n";
+        const std::string first = prefix +
+                                  "unit 1 at 32: the SPS cannot be read: "
+                                  "st_ref_pic_set[1].num_negative_pics at bit 378 is "
+                                  "26623; allowed: 0 to 4\n";
         EXPECT_EQ(result.err.substr(0, first.size()), first);
     } else {
         EXPECT_EQ(result.err, "");
@@ -404,18 +409,23 @@ TEST(InspectTrace, ReadsUnitsThatItDoesNotShow) {
 }
 
 TEST(InspectTrace, TellsFaultsAndGoesOn) {
-    // An access unit delimiter without a stop bit, a PPS without its SPS, and a good delimiter.
+    // An access unit delimiter without a stop bit, a PPS of 16 bits whose last 7 are the beginning
+    // of an Exp-Golomb code, and a good delimiter.
     const std::string stream = bytes("000001 460140 000001 4401 c180 000001 460150");
     const outcome result = program({"trace", "-"}).input(stream).run();
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err,
-              "kovran: standard input: unit 0 at 3: the access unit delimiter cannot be read\n"
-              "kovran: standard input: unit 1 at 9: SPS 0, which this PPS uses, is missing\n");
+              "kovran: standard input: unit 0 at 3: the access unit delimiter cannot be read: "
+              "malformed trailing bits: rbsp_stop_one_bit at bit 3 is 0\n"
+              "kovran: standard input: unit 1 at 9: the PPS cannot be read: "
+              "the data ends before the end of num_ref_idx_l0_default_active_minus1 at bit 9\n");
     const std::vector<traced_unit> units = units_of(result.out);
     ASSERT_EQ(units.size(), 3U);
-    ASSERT_EQ(units[1].elements.size(), 2U);
+    ASSERT_EQ(units[1].elements.size(), 8U);
     EXPECT_EQ(to_string(units[1].elements[0]), "11.0 0 1 pps_pic_parameter_set_id ue(v) 0");
     EXPECT_EQ(to_string(units[1].elements[1]), "11.1 1 1 pps_seq_parameter_set_id ue(v) 0");
+    EXPECT_EQ(units[1].elements[7].path, "num_ref_idx_l0_default_active_minus1");
+    EXPECT_EQ(units[1].elements[7].bit, 9U);
     EXPECT_EQ(units[2].elements.size(), 6U);
 }
 

@@ -12,7 +12,6 @@ namespace {
 std::string standard_name(const std::string& name) {
     static const std::map<std::string, std::string> other_names = {
         {"matrix_coefficients", "matrix_coeffs"},
-        {"sps_extension_present_flag", "sps_extension_flag"},
         {"scaling_list_delta_coeff", "scaling_list_delta_coef"},
     };
     const std::string base = name.substr(0, name.find('['));
@@ -49,7 +48,7 @@ std::vector<expected_element> elements_of(const nlohmann::json& unit) {
 }
 
 bool is_extension_flag(const std::string& name) {
-    return name == "vps_extension_flag" || name == "sps_extension_flag" ||
+    return name == "vps_extension_flag" || name == "sps_extension_present_flag" ||
            name == "pps_extension_present_flag";
 }
 
@@ -99,7 +98,7 @@ bool is_behind_list_modification(const std::string& name) {
     return names.count(name) == 1;
 }
 
-bool is_taken_apart(const std::string& payload_type) {
+bool is_parsed_message(const std::string& payload_type) {
     return payload_type == "0" || payload_type == "1" || payload_type == "129";
 }
 

@@ -37,8 +37,8 @@ struct expected_element {
 // Whether an element of a slice segment header stands behind the part that is read.
 [[nodiscard]] bool is_behind_list_modification(const std::string& name);
 
-// Whether the messages of this type are taken apart.
-[[nodiscard]] bool is_taken_apart(const std::string& payload_type);
+// Whether the messages of this type are parsed.
+[[nodiscard]] bool is_parsed_message(const std::string& payload_type);
 
 // What an SEI unit has beside payloads.
 [[nodiscard]] bool is_sei_framing(const std::string& name);

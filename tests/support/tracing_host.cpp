@@ -28,7 +28,7 @@ bool has_slice_segment_header(h265_nal_unit_type type) {
 std::size_t traced_reading::find(const std::string& name, std::size_t from) const {
     std::size_t i = from;
     for (; i < trace.elements.size(); ++i) {
-        const std::string full = to_string(trace.elements[i].name);
+        const std::string full = to_string(name_of(trace, trace.elements[i]));
         if (full == name || full.substr(0, full.find('[')) == name) {
             break;
         }

@@ -11,9 +11,9 @@
 
 namespace kovran {
 
-// A syntax element as it was read.
+// A syntax element as it was read. Its name and indices come from name_of().
 struct h2645_common_traced_element {
-    h2645_common_element_name name;
+    const char* name = "";        // without prefix and indices
     const char* descriptor = "";  // clause 7.2: "u(n)", "u(v)", "ue(v)", "se(v)", "f(1)"
     std::size_t first_bit = 0;    // counted from the first bit of the reader's bytes
     std::size_t width = 0;        // in bits
@@ -26,32 +26,48 @@ struct h2645_common_traced_element {
     // The structure that it stands in, in h2645_common_trace::structures, or no_structure.
     unsigned int structure = 0xFFFFFFFF;
 
+    // Its own indices, without those of a prefix: so many from here on in
+    // h2645_common_trace::indices.
+    unsigned int first_index = 0;
+    unsigned char index_count = 0;
+
     bool out_of_range = false;  // the standard does not allow the value here
 };
 
 // A structure that was read within the one that was parsed.
 struct h2645_common_traced_structure {
+    // Of a prefix the name is "", and its indices are those that its elements begin with.
     h2645_common_element_name name;
     unsigned int parent = 0xFFFFFFFF;  // in h2645_common_trace::structures, or no_structure
     std::size_t first_element = 0;     // how many elements had been read before it
+
+    [[nodiscard]] bool is_prefix() const { return *name.prefix != '\0'; }
 };
 
 // The elements of one structure in the order of their bits. The host owns it; a traced parse starts
 // it afresh and keeps its memory.
 //
-// Elements that begin behind the end of the data are not listed, so that no data gives more
-// elements than it has bits.
+// Elements that begin behind the end of the data are not listed, so that no data gives more elements
+// than it has bits.
 struct h2645_common_trace {
     static constexpr unsigned int no_structure = 0xFFFFFFFF;
 
     std::vector<h2645_common_traced_element> elements;
-    std::vector<h2645_common_traced_structure> structures;  // in the order in which they begin
+    // In the order in which they begin. The parts of profile_tier_level() that give their elements a
+    // prefix are among them.
+    std::vector<h2645_common_traced_structure> structures;
+    std::vector<unsigned int> indices;  // of all elements
 
     void clear() {
         elements.clear();
         structures.clear();
+        indices.clear();
     }
 };
+
+// The name of an element of `trace`, with prefix and indices.
+[[nodiscard]] KOVRAN_API h2645_common_element_name
+name_of(const h2645_common_trace& trace, const h2645_common_traced_element& element);
 
 // The name of an element or of a structure of `trace` behind the names of those that it stands in:
 // vui_parameters.hrd_parameters.cpb_cnt_minus1[0].

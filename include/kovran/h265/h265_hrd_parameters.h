@@ -59,7 +59,8 @@ struct h265_hrd_parameters {
     // false where it is absent, and an absent dpb_output_delay_length_minus1 is 23. Without common
     // information there is none: that of an earlier structure is h265_nal_vps's to take over.
     // False, with `valid` false: maxNumSubLayersMinus1 is above 6, a cpb_cnt_minus1 that sizes a
-    // sub-layer structure above 31, or there is no memory.
+    // sub-layer structure above 31 or more than the data can hold, the data ends, or there is no
+    // memory.
     KOVRAN_API bool parse_standard(bool commonInfPresentFlag, unsigned int maxNumSubLayersMinus1,
                                    h2645_common_bitreader& reader, h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(bool commonInfPresentFlag, unsigned int maxNumSubLayersMinus1,

@@ -87,11 +87,14 @@ struct h265_nal_pps {
     // uniform_spacing_flag and loop_filter_across_tiles_enabled_flag are true, and predicted
     // scaling matrices are those of their references.
     //
+    // Its SPS may come later. One that is in the store tells what values are allowed, for a trace.
+    //
     // False, with `valid` false: pps_pic_parameter_set_id is above 63 or pps_seq_parameter_set_id
-    // above 15; the SPS is not in the store, or not valid; a number of reference indices is above
-    // 16; spacing is not uniform and there are more tile columns or rows than the SPS's picture has
-    // coding tree blocks, 1056 at the most; the scaling lists cannot be read; there is no memory;
-    // or the trailing bits are malformed.
+    // above 15; a list has more than 15 reference indices; spacing is not uniform and there are
+    // more than 1056 tile columns or rows, the coding tree blocks along the longest side of any
+    // picture, or more than the data can hold; the scaling lists cannot be read; the data ends
+    // before the trailing bits; or there is no memory. Malformed trailing bits are a fault, and the
+    // PPS is valid.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    h2645_common_base_store<h265_nal_sps>& sps_store,
                                    h265_fault* fault = nullptr);

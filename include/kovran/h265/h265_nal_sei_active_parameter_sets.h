@@ -37,7 +37,7 @@ struct h265_nal_sei_active_parameter_sets {
 
     // The same by the standard's own rules, in a record that starts afresh: layers count up to 62.
     // False, with `valid` false: the VPS is not in the store, num_sps_ids_minus1 or an SPS
-    // identifier is above 15, or there is no memory.
+    // identifier is above 15, the data ends, or there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    h2645_common_base_store<h265_nal_vps>& vps_store,
                                    h265_fault* fault = nullptr);

@@ -60,7 +60,7 @@ struct h265_nal_sei_buffering_period {
     // The same by the standard's own rules, in a record that starts afresh: CpbCnt is that of the
     // highest sub-layer, and irap_cpb_params_present_flag is false where it is absent. False, with
     // `valid` false: bp_seq_parameter_set_id is above 15 or its SPS not in the store; the SPS has
-    // no HRD parameters; CpbCnt is above 32; or there is no memory.
+    // no HRD parameters; CpbCnt is above 32; the data ends; or there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    const h2645_common_base_store<h265_nal_sps>& sps_store,
                                    h265_fault* fault = nullptr);

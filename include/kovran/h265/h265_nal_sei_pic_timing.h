@@ -55,8 +55,8 @@ struct h265_nal_sei_pic_timing {
     // The same two by the standard's own rules, in a record that starts afresh: decoding unit
     // information is there when both sub-picture flags are set, and an absent source_scan_type
     // follows from the general profile's source flags. False, with `valid` false, when there are
-    // more decoding units than the picture has coding tree blocks (139,264 at the most), no active
-    // SPS, or no memory.
+    // more decoding units than the picture has coding tree blocks (139,264 at the most) or than the
+    // data can hold, no active SPS, or no memory, or the data ends.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, const h265_nal_sps& sps,
                                    h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, const h265_nal_sps& sps,

@@ -82,7 +82,7 @@ struct h265_nal_sps {
     bool vui_parameters_present_flag = false;  // u(1)
     h265_vui_parameters vui_parameters;        // when vui_parameters_present_flag
 
-    bool sps_extension_flag = false;  // u(1)
+    bool sps_extension_flag = false;  // u(1), sps_extension_present_flag
 
     bool valid = false;  // the latest parse succeeded
 
@@ -105,13 +105,13 @@ struct h265_nal_sps {
     // with a VUI or without one, have the values of clause E.3.1.
     //
     // The SPS is one of the base layer. One whose first 3-bit field is 7, which announces the
-    // syntax of clause F.7.3.2.2, is refused.
+    // syntax of clause F.7.3.2.2, is refused. Its VPS may come later: `vps_store` is not looked at.
     //
-    // False, with `valid` false: the VPS is not in the store, or not valid;
-    // sps_max_sub_layers_minus1 is 7, sps_seq_parameter_set_id above 15,
-    // log2_max_pic_order_cnt_lsb_minus4 above 12, num_short_term_ref_pic_sets above 64 or
-    // num_long_term_ref_pics_sps above 32; one of the structures in the SPS cannot be read; there
-    // is no memory; or the trailing bits are malformed.
+    // False, with `valid` false: sps_max_sub_layers_minus1 is 7, sps_seq_parameter_set_id above 15,
+    // log2_max_pic_order_cnt_lsb_minus4 above 12, num_short_term_ref_pic_sets above 64,
+    // num_long_term_ref_pics_sps above 32, or either more than the data can hold; one of the
+    // structures in the SPS cannot be read; the data ends before the trailing bits; or there is no
+    // memory. Malformed trailing bits are a fault, and the SPS is valid.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    h2645_common_base_store<h265_nal_vps>& vps_store,
                                    h265_fault* fault = nullptr);

@@ -34,8 +34,9 @@ struct h265_nal_sub_layer_hrd_parameters {
                           const h265_hrd_parameters& hrd, h2645_common_bitreader& reader,
                           h265_trace& trace, h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh: at most 32 CPB
-    // specifications.
+    // The same by the standard's own rules, in a record that starts afresh. False, with `valid`
+    // false: there are more than 32 CPB specifications or more than the data can hold, the data
+    // ends, or there is no memory.
     KOVRAN_API bool parse_standard(unsigned int subLayerId, unsigned int cpb_count,
                                    const h265_hrd_parameters& hrd, h2645_common_bitreader& reader,
                                    h265_fault* fault = nullptr);

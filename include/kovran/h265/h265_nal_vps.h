@@ -69,8 +69,9 @@ struct h265_nal_vps {
     // profiles and levels of sub-layers are those of the layer above.
     //
     // False, with `valid` false: vps_max_sub_layers_minus1 is 7, vps_num_layer_sets_minus1 above
-    // 1023, vps_num_hrd_parameters above 1024; one of the structures in the VPS cannot be read;
-    // there is no memory; or the trailing bits are malformed.
+    // 1023, vps_num_hrd_parameters above 1024, or either more than the data can hold; one of the
+    // structures in the VPS cannot be read; the data ends before the trailing bits; or there is no
+    // memory. Malformed trailing bits are a fault, and the VPS is valid.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
                                    h265_fault* fault = nullptr);

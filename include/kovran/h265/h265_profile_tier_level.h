@@ -75,7 +75,8 @@ struct h265_profile_tier_level {
 
     // The same by the standard's own rules, in a record that starts afresh: the profile or level
     // that a sub-layer does not have in the stream is that of the layer above it, `general` for the
-    // highest. False, with `valid` false: maxNumSubLayersMinus1 is above 6, or there is no memory.
+    // highest. False, with `valid` false: maxNumSubLayersMinus1 is above 6, the data ends, or there
+    // is no memory.
     KOVRAN_API bool parse_standard(bool profilePresentFlag, unsigned int maxNumSubLayersMinus1,
                                    h2645_common_bitreader& reader, h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(bool profilePresentFlag, unsigned int maxNumSubLayersMinus1,

@@ -31,9 +31,9 @@ struct h265_ref_pic_lists_modification {
                           h265_trace& trace, h265_fault* fault = nullptr);
 
     // The same by the standard's own rules, in a record that starts afresh: entries have
-    // Ceil(Log2(NumPicTotalCurr)) bits. False, with `valid` false and nothing read, also when
-    // either list of `header` has more than 16 entries. Throws std::bad_alloc when there is no
-    // memory.
+    // Ceil(Log2(NumPicTotalCurr)) bits. False, with `valid` false: NumPicTotalCurr is 0 or either
+    // list of `header` has more than 15 entries, of which nothing is read, or the data ends. Throws
+    // std::bad_alloc when there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    const h265_slice_segment_header& header,
                                    h265_fault* fault = nullptr);

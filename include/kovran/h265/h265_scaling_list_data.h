@@ -33,8 +33,8 @@ struct h265_scaling_list_data {
 
     // The same by the standard's own rules, in a record that starts afresh: a predicted matrix, and
     // its DC coefficient, are those of its reference or of the default lists, tables 7-5 and 7-6.
-    // False, with `valid` false: scaling_list_pred_matrix_id_delta names no matrix before it, or
-    // there is no memory.
+    // False, with `valid` false: scaling_list_pred_matrix_id_delta names no matrix before it, the
+    // data ends, or there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
                                    h265_fault* fault = nullptr);

@@ -80,8 +80,9 @@ struct h265_slice_segment_header {
     //
     // Throws std::bad_alloc or std::length_error when an array cannot grow: the long-term arrays,
     // and the lists of the modification, have no bound in the syntax. More than 1,048,576 entries
-    // are refused that way before anything is allocated. `valid` is then false. A host that catches
-    // keeps its record; one that does not want this parses into a copy.
+    // are refused that way before anything is allocated, unless the answer is false anyway. `valid`
+    // is then false. A host that catches keeps its record; one that does not want this parses into
+    // a copy.
     KOVRAN_API bool parse(h2645_common_bitreader& reader,
                           h2645_common_base_store<h265_nal_pps>& pps_store,
                           h2645_common_base_store<h265_nal_sps>& sps_store,
@@ -107,10 +108,11 @@ struct h265_slice_segment_header {
     //
     // False, with `valid` false: as above, except for the last reason; or the PPS identifier is
     // above 63, slice_type above 2, short_term_ref_pic_set_idx or lt_idx_sps beyond what the SPS
-    // has, num_long_term_sps above what it has, or there are more than 16 long-term pictures or
-    // reference indices in a list; or whether there is a list modification hangs on
-    // pps_curr_pic_ref_enabled_flag, which is in the extension data of a PPS for screen content.
-    // Throws std::bad_alloc when there is no memory.
+    // has, num_long_term_sps above what it has, or there are more than 16 long-term pictures or 15
+    // reference indices in a list; the data ends before the part that is read; or whether there is
+    // a list modification hangs on pps_curr_pic_ref_enabled_flag, which is in the extension data of
+    // a PPS for screen content. Throws std::bad_alloc when there is no memory; the record is then a
+    // fresh one.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    h2645_common_base_store<h265_nal_pps>& pps_store,
                                    h2645_common_base_store<h265_nal_sps>& sps_store,

@@ -58,7 +58,7 @@ struct h265_st_ref_pic_set {
     //
     // False, with `valid` false: the reference is outside `sets`, or its arrays do not fit its
     // counts; this set or the reference has more than 16 pictures; a predicted picture is outside
-    // -2^15 to 2^15 - 1; or there is no memory.
+    // -2^15 to 2^15 - 1; the data ends; or there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, const h265_nal_sps& sps,
                                    unsigned int idx, const std::vector<h265_st_ref_pic_set>& sets,
                                    h265_fault* fault = nullptr);

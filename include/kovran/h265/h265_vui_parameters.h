@@ -76,7 +76,8 @@ struct h265_vui_parameters {
     // the values of clause E.3.1 (video_format 5, colour descriptions 2,
     // motion_vectors_over_pic_boundaries_flag true, max_bytes_per_pic_denom 2,
     // max_bits_per_min_cu_denom 1, log2_max_mv_length_horizontal and _vertical 15), and
-    // extended_sar_flag tells of this VUI only.
+    // extended_sar_flag tells of this VUI only. False, with `valid` false, when the HRD parameters
+    // cannot be read or the data ends.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_nal_sps& sps,
                                    h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_nal_sps& sps,

@@ -5,5 +5,9 @@ int main() {
     trace.structures.resize(1);
     trace.elements.resize(1);
     trace.elements[0].structure = 0;
-    return path_of(trace, trace.elements[0]) == path_of(trace, trace.structures[0]) + "." ? 0 : 1;
+    trace.elements[0].name = "pic_type";
+    return path_of(trace, trace.elements[0]) == path_of(trace, trace.structures[0]) + "." +
+                                                    to_string(name_of(trace, trace.elements[0]))
+               ? 0
+               : 1;
 }

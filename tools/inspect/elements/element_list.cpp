@@ -12,7 +12,7 @@ void element_list::end_structure() {
     path_.close();
 }
 
-void element_list::read(const h265_traced_element& read_element) {
+void element_list::read(const shown_element& read_element) {
     entries_.push_back({path_.to(to_string(read_element.name)), read_element.descriptor,
                         read_element.first_bit, read_element.width, read_element.value,
                         read_element.rule});

@@ -69,13 +69,13 @@ constexpr std::array<std::string_view, 5> framing = {
 
 }  // namespace
 
-bool is_extension_data(const h265_traced_element& element) {
+bool is_extension_data(const shown_element& element) {
     constexpr std::string_view ending = "_extension_data_flag";
     const std::string_view name = element.name.name;
     return name.size() > ending.size() && name.substr(name.size() - ending.size()) == ending;
 }
 
-std::string meaning_of(const h265_traced_element& element) {
+std::string meaning_of(const shown_element& element) {
     const std::string name = std::string(element.name.prefix) + element.name.name;
     const auto table =
         std::find_if(tables.begin(), tables.end(),
@@ -83,7 +83,7 @@ std::string meaning_of(const h265_traced_element& element) {
     return table != tables.end() ? table->meaning(element.value) : std::string();
 }
 
-bool is_framing(const h265_traced_element& element) {
+bool is_framing(const shown_element& element) {
     const std::string_view name = element.name.name;
     return std::find(framing.begin(), framing.end(), name) != framing.end();
 }

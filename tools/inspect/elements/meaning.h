@@ -8,14 +8,14 @@
 namespace kovran::inspect {
 
 // What an element's value stands for, by the tables of the standard; empty where there is no table.
-[[nodiscard]] std::string meaning_of(const h265_traced_element& element);
+[[nodiscard]] std::string meaning_of(const shown_element& element);
 
 // Bits that say nothing about the stream's content: trailing bits, and the lengths and types of SEI
 // messages, which are known by other names.
-[[nodiscard]] bool is_framing(const h265_traced_element& element);
+[[nodiscard]] bool is_framing(const shown_element& element);
 
 // The bits of an extension, which are told of as one element without a value.
-[[nodiscard]] bool is_extension_data(const h265_traced_element& element);
+[[nodiscard]] bool is_extension_data(const shown_element& element);
 
 }  // namespace kovran::inspect
 

@@ -15,7 +15,9 @@ public:
         while (next_ < trace_.structures.size() &&
                trace_.structures[next_].first_element <= element) {
             end_down_to(trace_.structures[next_].parent);
-            sink_.begin_structure(trace_.structures[next_].name);
+            if (!trace_.structures[next_].is_prefix()) {
+                sink_.begin_structure(trace_.structures[next_].name);
+            }
             open_ = static_cast<unsigned int>(next_++);
         }
     }
@@ -23,7 +25,9 @@ public:
     // Leaves `structure` as the innermost one.
     void end_down_to(unsigned int structure) {
         while (open_ != structure && open_ != h265_trace::no_structure) {
-            sink_.end_structure();
+            if (!trace_.structures[open_].is_prefix()) {
+                sink_.end_structure();
+            }
             open_ = trace_.structures[open_].parent;
         }
     }
@@ -42,7 +46,9 @@ void replay(const h265_trace& trace, trace_sink& sink) {
     for (std::size_t i = 0; i < trace.elements.size(); ++i) {
         structures.begin_up_to(i);
         structures.end_down_to(trace.elements[i].structure);
-        sink.read(trace.elements[i]);
+        const h265_traced_element& element = trace.elements[i];
+        sink.read({name_of(trace, element), element.descriptor, element.first_bit, element.width,
+                   element.value, element.rule, element.out_of_range});
     }
     structures.begin_up_to(trace.elements.size());
     structures.end_down_to(h265_trace::no_structure);

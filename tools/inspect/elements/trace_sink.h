@@ -5,7 +5,21 @@
 #include <kovran/h265/h265_nal_sei_reader.h>
 #include <kovran/h265/h265_trace.h>
 
+#include <cstddef>
+#include <cstdint>
+
 namespace kovran::inspect {
+
+// A syntax element with its whole name.
+struct shown_element {
+    h2645_common_element_name name;
+    const char* descriptor = "";
+    std::size_t first_bit = 0;
+    std::size_t width = 0;
+    std::int64_t value = 0;
+    const char* rule = nullptr;  // as in h265_traced_element
+    bool out_of_range = false;
+};
 
 // Takes what is read of a unit, in the order of the bits, which are counted from the first one
 // after the NAL unit header, without emulation prevention bytes.
@@ -21,7 +35,7 @@ public:
 
     virtual void begin_structure(const h2645_common_element_name& name) = 0;
     virtual void end_structure() = 0;
-    virtual void read(const h265_traced_element& element) = 0;
+    virtual void read(const shown_element& element) = 0;
     // Where reading stopped, or what is wrong with what was read.
     virtual void fault(const h265_fault& /*found*/) {}
 

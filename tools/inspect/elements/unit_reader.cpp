@@ -23,13 +23,12 @@ unsigned int bits_before(const unsigned char* begin, const unsigned char* place)
 
 void tell_framing(const char* name, const char* descriptor, unsigned char width, unsigned int value,
                   std::size_t bit, trace_sink& sink) {
-    h265_traced_element element;
+    shown_element element;
     element.name.name = name;
     element.descriptor = descriptor;
     element.first_bit = bit;
     element.width = width;
     element.value = value;
-    element.structure = h265_trace::no_structure;
     sink.read(element);
 }
 
@@ -132,7 +131,7 @@ bool unit_reader::parse(Record& record, h2645_common_bitreader reader, trace_sin
 void unit_reader::read_vps(nal_unit& unit, trace_sink& sink) {
     auto& vps = record_.emplace<h265_nal_vps>();
     if (!parse(vps, rbsp_.reader(), sink)) {
-        unit.faults.push_back("the VPS cannot be read: " + why("VPS"));
+        add_reading_fault(unit, "the VPS", "VPS");
         lost_.add("VPS", vps.vps_video_parameter_set_id, unit.index);
         return;
     }
@@ -145,7 +144,7 @@ void unit_reader::read_vps(nal_unit& unit, trace_sink& sink) {
 void unit_reader::read_sps(nal_unit& unit, trace_sink& sink) {
     auto& sps = record_.emplace<h265_nal_sps>();
     if (!parse(sps, rbsp_.reader(), sink, sets_->vps)) {
-        unit.faults.push_back("the SPS cannot be read: " + why("SPS"));
+        add_reading_fault(unit, "the SPS", "SPS");
         lost_.add("SPS", sps.sps_seq_parameter_set_id, unit.index);
         return;
     }
@@ -164,7 +163,7 @@ void unit_reader::read_sps(nal_unit& unit, trace_sink& sink) {
 void unit_reader::read_pps(nal_unit& unit, trace_sink& sink) {
     auto& pps = record_.emplace<h265_nal_pps>();
     if (!parse(pps, rbsp_.reader(), sink, sets_->sps)) {
-        unit.faults.push_back("the PPS cannot be read: " + why("PPS"));
+        add_reading_fault(unit, "the PPS", "PPS");
         lost_.add("PPS", pps.pps_pic_parameter_set_id, unit.index);
         return;
     }
@@ -179,7 +178,7 @@ void unit_reader::read_pps(nal_unit& unit, trace_sink& sink) {
 
 void unit_reader::read_aud(nal_unit& unit, trace_sink& sink) {
     if (!parse(record_.emplace<h265_nal_aud>(), rbsp_.reader(), sink)) {
-        unit.faults.push_back("the access unit delimiter cannot be read: " + why("delimiter"));
+        add_reading_fault(unit, "the access unit delimiter", "delimiter");
     }
 }
 
@@ -194,9 +193,7 @@ void unit_reader::read_slice(nal_unit& unit, trace_sink& sink) {
         return;
     }
     if (!read) {
-        const bool lacks_set = fault_.kind == h265_fault_kind::parameter_set_missing;
-        unit.faults.push_back((lacks_set ? "" : "the slice segment header cannot be read: ") +
-                              why("slice"));
+        add_reading_fault(unit, "the slice segment header", "slice");
     } else if (keeps_sets_) {
         const h265_nal_pps& pps = sets_->pps.at(slice.slice_pic_parameter_set_id);
         sets_->sps.active_id = pps.pps_seq_parameter_set_id;
@@ -288,6 +285,14 @@ std::string unit_reader::why(std::string_view user) const {
         return fmt::format("no {} is active", fault_.parameter_set);
     }
     return lost_.missing(fault_.parameter_set, fault_.parameter_set_id, user);
+}
+
+// Which parameter set is missing says by itself that `user` could not be read.
+void unit_reader::add_reading_fault(nal_unit& unit, std::string_view what,
+                                    std::string_view user) const {
+    const bool set_missing = fault_.kind == h265_fault_kind::parameter_set_missing;
+    unit.faults.push_back(set_missing ? why(user)
+                                      : fmt::format("{} cannot be read: {}", what, why(user)));
 }
 
 void unit_reader::add_trailing_bits_fault(nal_unit& unit, std::string_view what) const {

@@ -71,6 +71,7 @@ private:
     [[nodiscard]] bool parse(Record& record, h2645_common_bitreader reader, trace_sink& sink,
                              Context&... context);
     [[nodiscard]] std::string why(std::string_view user) const;
+    void add_reading_fault(nal_unit& unit, std::string_view what, std::string_view user) const;
     void add_trailing_bits_fault(nal_unit& unit, std::string_view what) const;
 
     rule_set rules_;

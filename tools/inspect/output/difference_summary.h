@@ -16,6 +16,8 @@ public:
     // `rule` is null when it is not known.
     void add(const char* rule, h265_nal_unit_type type);
 
+    [[nodiscard]] bool has_differences() const { return different_ != 0; }
+
     // The number of units, then of each rule its name, clause and meaning and its units.
     [[nodiscard]] std::string text() const;
 

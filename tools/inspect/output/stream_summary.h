@@ -31,7 +31,7 @@ public:
     [[nodiscard]] bool wants_elements() const override { return false; }
     void begin_structure(const h2645_common_element_name&) override {}
     void end_structure() override {}
-    void read(const h265_traced_element&) override {}
+    void read(const shown_element&) override {}
     void begin_message(const h265_nal_sei_reader& message) override;
     void opaque_payload(const h265_nal_sei_reader&) override {}
     void end_message() override {}

@@ -2,7 +2,10 @@
 
 #include "elements/meaning.h"
 #include "elements/sei_name.h"
+#include "output/fault_json.h"
 #include "output/hexadecimal.h"
+
+#include <fmt/format.h>
 
 namespace kovran::inspect {
 
@@ -12,15 +15,27 @@ void syntax_json::begin_structure(const h2645_common_element_name& name) {
         structure = nlohmann::ordered_json::object();
     }
     open_.push_back(&structure);
+    path_.open(to_string(name));
 }
 
 void syntax_json::end_structure() {
     open_.pop_back();
+    path_.close();
 }
 
-void syntax_json::read(const h265_traced_element& read_element) {
-    if (!is_framing(read_element) && !is_extension_data(read_element)) {
-        at(read_element.name) = read_element.value;
+void syntax_json::read(const shown_element& read_element) {
+    if (is_framing(read_element) || is_extension_data(read_element)) {
+        return;
+    }
+    at(read_element.name) = read_element.value;
+    if (read_element.out_of_range) {
+        out_of_range_.push_back(path_.to(to_string(read_element.name)));
+    }
+}
+
+void syntax_json::fault(const h265_fault& found) {
+    if (fault_.is_null()) {
+        fault_ = fault_json(found, path_);
     }
 }
 
@@ -31,6 +46,7 @@ void syntax_json::begin_message(const h265_nal_sei_reader& message) {
                         {"payload_size", message.payload_size},
                         {"name", sei_name(message)}});
     open_.push_back(&messages.back());
+    path_.open(fmt::format("sei_message[{}]", messages.size() - 1));
 }
 
 void syntax_json::opaque_payload(const h265_nal_sei_reader& message) {
@@ -38,7 +54,7 @@ void syntax_json::opaque_payload(const h265_nal_sei_reader& message) {
 }
 
 void syntax_json::end_message() {
-    open_.pop_back();
+    end_structure();
 }
 
 nlohmann::ordered_json& syntax_json::at(const h2645_common_element_name& name) {

@@ -45,7 +45,7 @@ void syntax_tree::end_structure() {
     --depth_;
 }
 
-void syntax_tree::read(const h265_traced_element& read_element) {
+void syntax_tree::read(const shown_element& read_element) {
     if (is_framing(read_element)) {
         return;
     }
@@ -66,7 +66,10 @@ void syntax_tree::read(const h265_traced_element& read_element) {
     run_end_ = run_begin_.index_count == 0 ? 0 : innermost_index(run_begin_) + 1;
     run_is_out_of_range_ = read_element.out_of_range;
     run_values_ = fmt::format("{}", read_element.value);
-    run_meaning_ = read_element.out_of_range ? "not allowed here" : meaning_of(read_element);
+    run_meaning_ = meaning_of(read_element);
+    if (read_element.out_of_range) {
+        run_meaning_ += run_meaning_.empty() ? "not allowed here" : ", not allowed here";
+    }
 }
 
 void syntax_tree::fault(const h265_fault& found) {

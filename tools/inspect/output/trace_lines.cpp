@@ -23,7 +23,7 @@ void trace_lines::end_structure() {
     path_.close();
 }
 
-void trace_lines::read(const h265_traced_element& read_element) {
+void trace_lines::read(const shown_element& read_element) {
     const std::string value =
         is_extension_data(read_element) ? "not read" : fmt::format("{}", read_element.value);
     fmt::format_to(std::back_inserter(text_), line, place(read_element.first_bit),

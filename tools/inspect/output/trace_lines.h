@@ -20,7 +20,7 @@ public:
 
     void begin_structure(const h2645_common_element_name& name) override;
     void end_structure() override;
-    void read(const h265_traced_element& read_element) override;
+    void read(const shown_element& read_element) override;
     void begin_message(const h265_nal_sei_reader& message) override;
     void opaque_payload(const h265_nal_sei_reader& message) override;
     void end_message() override;

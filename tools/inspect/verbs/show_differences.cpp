@@ -46,6 +46,12 @@ std::size_t first_difference(const reading_of_unit& a, const reading_of_unit& b)
     return static_cast<std::size_t>(mismatch.first - a.entries().begin());
 }
 
+// Whether one of them has at this place what the other has, be it the end.
+bool alike_at(const reading_of_unit& a, const reading_of_unit& b, std::size_t element) {
+    const std::size_t difference = first_difference(a, b);
+    return difference > element || same(a, b, difference);
+}
+
 // The rule that decided on an element, or on the end of the list: the latest one up to there, as
 // some change what stands further on.
 const char* rule_at(const reading_of_unit& reading, std::size_t element) {
@@ -81,8 +87,8 @@ std::string shown(const difference_cause& cause, const nal_unit& unit) {
 }
 
 // Reads each unit three times: by the standard's rules, by the library's own, and by the library's
-// own with the parameter sets that the standard's rules have given. Where only the second differs
-// from the first, a parameter set is the cause.
+// own with the parameter sets that the standard's rules have given. Where the second has something
+// else than the third in the place of the first difference, a parameter set is the cause.
 class comparison {
 public:
     comparison() : standard_(rule_set::standard), own_(rule_set::own) {}
@@ -105,11 +111,11 @@ public:
 
         result found;
         const std::size_t first = first_difference(by_standard, by_own);
-        const std::size_t here = first_difference(by_standard, by_rules_alone);
         found.differs = !same(by_standard, by_own, first);
-        const bool is_cause = !same(by_standard, by_rules_alone, here) && here <= first;
+        const bool is_cause = found.differs && alike_at(by_own, by_rules_alone, first);
         const difference_cause own_rule = {
-            rule_at(by_rules_alone, is_cause ? here : by_rules_alone.entries().size()), unit.index};
+            rule_at(by_rules_alone, is_cause ? first : by_rules_alone.entries().size()),
+            unit.index};
         if (found.differs) {
             found.cause = is_cause ? own_rule : causes_.of_sets_used_by(standard_, by_own.fault);
             found.text =
@@ -158,7 +164,8 @@ exit_status show_differences(const differences_options& options) {
     }
     shown_progress.clear();
     lines.write(summary.text());
-    if (options.all) {
+    if (options.all && summary.has_differences()) {
+        lines.write("\n");
         shown_units.write_to(lines);
     }
     lines.finish();

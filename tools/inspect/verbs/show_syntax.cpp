@@ -23,7 +23,7 @@ public:
     [[nodiscard]] bool wants_elements() const override { return false; }
     void begin_structure(const h2645_common_element_name&) override {}
     void end_structure() override {}
-    void read(const h265_traced_element&) override {}
+    void read(const shown_element&) override {}
     void begin_message(const h265_nal_sei_reader&) override {}
     void opaque_payload(const h265_nal_sei_reader&) override {}
     void end_message() override {}
@@ -35,7 +35,7 @@ std::string heading(const nal_unit& unit) {
                        unit.header.nuh_temporal_id_plus1 - 1);
 }
 
-std::string as_json(const nal_unit& unit, rule_set rules, const nlohmann::ordered_json& syntax) {
+std::string as_json(const nal_unit& unit, rule_set rules, const syntax_json& syntax) {
     nlohmann::ordered_json line;
     line["schema"] = "kovran-dump-1";
     line["rules"] = name_of(rules);
@@ -46,7 +46,13 @@ std::string as_json(const nal_unit& unit, rule_set rules, const nlohmann::ordere
     line["name"] = type_name(unit.header.nal_unit_type);
     line["nuh_layer_id"] = unit.header.nuh_layer_id;
     line["nuh_temporal_id_plus1"] = unit.header.nuh_temporal_id_plus1;
-    line["syntax"] = syntax;
+    line["syntax"] = syntax.root();
+    if (!syntax.out_of_range().empty()) {
+        line["out_of_range"] = syntax.out_of_range();
+    }
+    if (!syntax.first_fault().is_null()) {
+        line["fault"] = syntax.first_fault();
+    }
     if (!unit.faults.empty()) {
         line["faults"] = unit.faults;
     }
@@ -63,7 +69,7 @@ std::string shown(unit_reader& reader, nal_unit& unit, syntax_style style) {
         case syntax_style::json: {
             syntax_json json;
             reader.read(unit, json);
-            return as_json(unit, reader.rules(), json.root());
+            return as_json(unit, reader.rules(), json);
         }
         case syntax_style::trace:
             break;
