@@ -1,6 +1,6 @@
 // Any stream can be parsed into records: `valid` shows what the headers promise, no store grows by
-// a parse, memory and reads past the end have their bounds, and parameter sets that were read
-// half-way are no danger to what refers to them.
+// a parse, memory and reads past the end have their bounds, parameter sets that were read half-way
+// are no danger to what refers to them, every failure is told, and to tell changes nothing.
 //
 // Input: a byte for the allocation that fails, an Annex B stream. Each parameter set goes into its
 // store whether its parse succeeded or not.
@@ -13,6 +13,7 @@
 
 #include "claim.h"
 #include "support/allocation_failure.h"
+#include "support/slice_record_fields.h"
 
 namespace {
 
@@ -26,17 +27,20 @@ constexpr std::size_t largest_unbounded_array = 1048576;
 // of them would only be slow.
 constexpr std::size_t enough_bits = std::size_t{1} << 24;
 
-// What a parse into a fresh record may ask for beyond a multiple of the data, and how far it may
-// read behind its end, where the bits are zeros.
+// What a parse into a fresh record may ask for, and how far it may read behind the end of the data,
+// where the bits are zeros: so much for any data, and so much for each of their bytes.
 struct bounds {
     std::size_t bytes_for_any_data;
-    std::size_t bits_behind_the_end;
+    std::size_t bytes_for_a_byte;
+    std::size_t bits_for_any_data;
+    std::size_t bits_for_a_byte;
 };
-constexpr std::size_t bytes_for_a_byte = 128;
 // 128 HRD structures of a VPS, of eight sub-layers each, take the most of both.
-constexpr bounds own_bounds = {std::size_t{512} << 10, std::size_t{1} << 16};
-// 1024 HRD structures take the most memory, the decoding units of picture timing the most bits.
-constexpr bounds standard_bounds = {std::size_t{4} << 20, std::size_t{1} << 24};
+constexpr bounds own_bounds = {std::size_t{512} << 10, 128, std::size_t{1} << 16, 0};
+// HRD structures, of four bits at the least, take the most memory: twice, where a failed parse
+// reads its record once more. Decoding units of picture timing, of one bit at the least, take the
+// most bits: two elements of 32 each. Scaling lists take as many for any data.
+constexpr bounds standard_bounds = {std::size_t{64} << 10, 4096, std::size_t{1} << 16, 8 * 64};
 
 struct host {
     kovran::h2645_common_base_store<kovran::h265_nal_vps> vps;
@@ -70,7 +74,7 @@ struct data {
 
 template <class Record, class... Arguments>
 bool parse_by_rules(const host& state, Record& record, kovran::h2645_common_bitreader& reader,
-                    Arguments&... arguments) {
+                    Arguments&&... arguments) {
     return state.by_standard ? record.parse_standard(reader, arguments...)
                              : record.parse(reader, arguments...);
 }
@@ -87,12 +91,30 @@ void parse_fresh(const host& state, const data& from, Parse parse) {
         auto reader = from.reader();
         const bool read = parse(record, reader);
         claim(read == record.valid, "of a fresh record `valid` is the return value");
-        claim(before.bytes() <= bound.bytes_for_any_data + bytes_for_a_byte * from.size(),
+        claim(before.bytes() <= bound.bytes_for_any_data + bound.bytes_for_a_byte * from.size(),
               "a record takes memory by the size of its data");
-        claim(reader.bit_position() <= 8 * from.size() + bound.bits_behind_the_end,
+        claim(reader.bit_position() <=
+                  bound.bits_for_any_data + (8 + bound.bits_for_a_byte) * from.size(),
               "little is read behind the end");
     }
     claim(before.all_freed(), "a record frees what it took");
+}
+
+template <class Record, class Parse>
+void parse_told(const data& from, Parse parse) {
+    Record untold;
+    Record told;
+    kovran::h265_trace trace;
+    kovran::h265_fault fault;
+    auto untold_reader = from.reader();
+    auto told_reader = from.reader();
+    const bool read = parse(untold, untold_reader);
+    claim(parse(told, told_reader, trace, &fault) == read &&
+              told_reader.bit_position() == untold_reader.bit_position() &&
+              kovran::test::difference(told, untold).empty(),
+          "to tell of a parse changes nothing");
+    claim(read || fault.kind != kovran::h265_fault_kind::none, "every failure is told");
+    claim(trace.elements.size() <= 8 * from.size(), "no element is listed behind the end");
 }
 
 template <class Record, class Parse>
@@ -115,12 +137,22 @@ void parse_with_failing_allocation(const host& state, const data& from, Parse pa
     claim(before.all_freed(), "a record without memory frees what it took");
 }
 
+// By the standard's rules.
+template <class Record, class Parse>
+void claim_nothing_stale(const Record& used, const data& from, Parse parse) {
+    Record fresh;
+    auto reader = from.reader();
+    static_cast<void>(parse(fresh, reader));
+    claim(kovran::test::difference(used, fresh).empty(), "a used record is read as a fresh one");
+}
+
 // Into the record that is used again; true when it was read.
 template <class Record, class Parse>
 bool parse_all_ways(host& state, Record& record, const data& from, failed_record after_failure,
                     Parse parse) {
     const std::size_t entries = state.entries();
     parse_fresh<Record>(state, from, parse);
+    parse_told<Record>(from, parse);
     if (state.failing_allocation != 0) {
         parse_with_failing_allocation<Record>(state, from, parse);
     }
@@ -129,29 +161,36 @@ bool parse_all_ways(host& state, Record& record, const data& from, failed_record
     auto reader = from.reader();
     const bool read = parse(record, reader);
     claim(read ? record.valid : !record.valid || may_be_valid, "`valid` is as promised");
+    if (state.by_standard) {
+        claim_nothing_stale(record, from, parse);
+    }
     claim(entries == state.entries(), "no parse inserts into a store");
     return read;
 }
 
-// An RBSP that was read ends in trailing bits, which stand in the data.
+// An RBSP that was read ends in trailing bits, which stand in the data; by the standard's rules a
+// parameter set may lack them.
 template <class Record, class Parse>
 bool parse_to_trailing_bits(host& state, Record& record, const data& from,
                             failed_record after_failure, Parse parse) {
-    return parse_all_ways(state, record, from, after_failure,
-                          [&](Record& target, kovran::h2645_common_bitreader& reader) {
-                              const bool read = parse(target, reader);
-                              claim(!read || (reader.bit_position() % 8 == 0 &&
-                                              reader.bit_position() <= 8 * from.size()),
-                                    "an RBSP that was read ends in the data, with a byte");
-                              return read;
-                          });
+    return parse_all_ways(
+        state, record, from, after_failure,
+        [&](Record& target, kovran::h2645_common_bitreader& reader, auto&&... told) {
+            const bool read = parse(target, reader, told...);
+            const std::size_t end = 8 * (from.size() + (state.by_standard ? 1 : 0));
+            claim(!read || (reader.bit_position() % 8 == 0 && reader.bit_position() <= end),
+                  "an RBSP that was read ends in the data, with a byte");
+            return read;
+        });
 }
 
 void read_vps(host& state, const data& from) {
     kovran::h265_nal_vps& vps = state.vps_record;
-    const bool read = parse_to_trailing_bits(
-        state, vps, from, failed_record::may_stay_valid,
-        [&](auto& target, auto& reader) { return parse_by_rules(state, target, reader); });
+    const bool read =
+        parse_to_trailing_bits(state, vps, from, failed_record::may_stay_valid,
+                               [&](auto& target, auto& reader, auto&&... told) {
+                                   return parse_by_rules(state, target, reader, told...);
+                               });
     if (read) {
         const std::size_t sub_layers = vps.vps_max_sub_layers_minus1 + std::size_t{1};
         claim(vps.profile_tier_level.sub_layers.size() == vps.vps_max_sub_layers_minus1 &&
@@ -172,10 +211,11 @@ void read_vps(host& state, const data& from) {
 
 void read_sps(host& state, const data& from) {
     kovran::h265_nal_sps& sps = state.sps_record;
-    const bool read = parse_to_trailing_bits(
-        state, sps, from, failed_record::is_not_valid, [&](auto& target, auto& reader) {
-            return parse_by_rules(state, target, reader, state.vps);
-        });
+    const bool read =
+        parse_to_trailing_bits(state, sps, from, failed_record::is_not_valid,
+                               [&](auto& target, auto& reader, auto&&... told) {
+                                   return parse_by_rules(state, target, reader, state.vps, told...);
+                               });
     if (read) {
         const std::size_t sub_layers = sps.sps_max_sub_layers_minus1 + std::size_t{1};
         claim(sps.profile_tier_level.sub_layers.size() == sps.sps_max_sub_layers_minus1 &&
@@ -195,10 +235,11 @@ void read_sps(host& state, const data& from) {
 
 void read_pps(host& state, const data& from) {
     kovran::h265_nal_pps& pps = state.pps_record;
-    const bool read = parse_to_trailing_bits(
-        state, pps, from, failed_record::is_not_valid, [&](auto& target, auto& reader) {
-            return parse_by_rules(state, target, reader, state.sps);
-        });
+    const bool read =
+        parse_to_trailing_bits(state, pps, from, failed_record::is_not_valid,
+                               [&](auto& target, auto& reader, auto&&... told) {
+                                   return parse_by_rules(state, target, reader, state.sps, told...);
+                               });
     if (read && pps.tiles_enabled_flag && !pps.uniform_spacing_flag) {
         claim(pps.column_width_minus1.size() == pps.num_tile_columns_minus1 &&
                   pps.row_height_minus1.size() == pps.num_tile_rows_minus1,
@@ -269,6 +310,14 @@ void read_slice(host& state, const data& from, kovran::h265_nal_unit_type type) 
     kovran::h265_slice_segment_header fresh;
     parse_slice(state, fresh, from, type);
     parse_slice(state, state.slice, from, type);
+    if (state.by_standard) {
+        claim(kovran::test::difference(state.slice, fresh).empty(),
+              "a used slice segment header is read as a fresh one");
+        parse_told<kovran::h265_slice_segment_header>(from, [&](auto& target, auto& reader,
+                                                                auto&&... told) {
+            return target.parse_standard(reader, state.pps, state.sps, state.vps, type, told...);
+        });
+    }
     if (state.failing_allocation != 0) {
         parse_slice_with_failing_allocation(state, from, type);
     }
@@ -281,8 +330,8 @@ void read_slice(host& state, const data& from, kovran::h265_nal_unit_type type) 
 
 void read_message(host& state, const kovran::h265_nal_sei_reader& message) {
     const data payload{message.payload_begin, message.payload_end};
-    const auto parse_with_sps = [&](auto& target, auto& reader) {
-        return parse_by_rules(state, target, reader, state.sps);
+    const auto parse_with_sps = [&](auto& target, auto& reader, auto&&... told) {
+        return parse_by_rules(state, target, reader, state.sps, told...);
     };
     switch (message.payload_type) {
         case kovran::h265_nal_sei_payload_type_prefix_buffering_period:
@@ -297,8 +346,8 @@ void read_message(host& state, const kovran::h265_nal_sei_reader& message) {
             break;
         case kovran::h265_nal_sei_payload_type_prefix_active_parameter_sets:
             if (parse_all_ways(state, state.active, payload, failed_record::is_not_valid,
-                               [&](auto& target, auto& reader) {
-                                   return parse_by_rules(state, target, reader, state.vps);
+                               [&](auto& target, auto& reader, auto&&... told) {
+                                   return parse_by_rules(state, target, reader, state.vps, told...);
                                })) {
                 state.sps.active_id = state.active.active_seq_parameter_set_id.front();
             }
@@ -322,7 +371,9 @@ void read_unit(host& state, std::vector<unsigned char>& rbsp, kovran::h265_nal_u
             break;
         case kovran::AUD_NUT:
             parse_to_trailing_bits(state, state.aud, from, failed_record::is_not_valid,
-                                   [](auto& target, auto& reader) { return target.parse(reader); });
+                                   [&](auto& target, auto& reader, auto&&... told) {
+                                       return parse_by_rules(state, target, reader, told...);
+                                   });
             break;
         case kovran::PREFIX_SEI_NUT:
         case kovran::SUFFIX_SEI_NUT: {

@@ -1,5 +1,6 @@
 // Any bytes walked as the messages of an SEI unit: the walk goes as clause 7.3.5 has it, byte by
-// byte, and every message that has a record is read to the bit, by whatever HRD parameters.
+// byte, and every message that has a record is read to the bit, by whatever HRD parameters; by the
+// standard's rules every failure is told, and nothing of a used record shows.
 //
 // Input: the first byte of the NAL unit header, six bytes for the parameter sets, the RBSP.
 #include <kovran/kovran.h>
@@ -13,6 +14,7 @@
 
 #include "bit_count.h"
 #include "claim.h"
+#include "support/slice_record_fields.h"
 
 namespace {
 
@@ -30,6 +32,11 @@ struct host {
     kovran::h265_nal_sei_pic_timing timing;
     kovran::h265_nal_sei_buffering_period period;
     kovran::h265_nal_sei_active_parameter_sets active;
+
+    // By the standard's rules.
+    kovran::h265_nal_sei_pic_timing standard_timing;
+    kovran::h265_nal_sei_buffering_period standard_period;
+    kovran::h265_nal_sei_active_parameter_sets standard_active;
 };
 
 bool bit(unsigned int byte, unsigned int number) {
@@ -121,11 +128,32 @@ bit_count bits_of(const kovran::h265_nal_sei_active_parameter_sets& active,
     return bits;
 }
 
+// Into a fresh record, and into one that is used again.
 template <class Record, class Store>
-void read_by_standard(kovran::h2645_common_bitreader bits, Store& store) {
+void read_by_standard(Record& used, const kovran::h265_nal_sei_reader& message, Store& store) {
+    kovran::h2645_common_bitreader bits(message.payload_begin, message.payload_end);
+    kovran::h2645_common_bitreader told_bits = bits;
+    kovran::h2645_common_bitreader used_bits = bits;
+    const auto bits_of_data =
+        8 * static_cast<std::size_t>(message.payload_end - message.payload_begin);
     Record record;
     const bool read = record.parse_standard(bits, store);
     claim(read == record.valid, "by the standard's rules `valid` is the return value");
+    claim(!read || bits.bit_position() <= bits_of_data, "a message that was read ends in the data");
+
+    Record told;
+    kovran::h265_trace trace;
+    kovran::h265_fault fault;
+    claim(told.parse_standard(told_bits, store, trace, &fault) == read &&
+              told_bits.bit_position() == bits.bit_position() &&
+              kovran::test::difference(told, record).empty(),
+          "to tell of a parse changes nothing");
+    claim(read == (fault.kind == kovran::h265_fault_kind::none), "every failure is told");
+    claim(trace.elements.size() <= bits_of_data, "no element is listed behind the end");
+
+    claim(used.parse_standard(used_bits, store) == read &&
+              kovran::test::difference(used, record).empty(),
+          "a used record is read as a fresh one");
 }
 
 void read_period(host& state, kovran::h2645_common_bitreader bits) {
@@ -221,15 +249,15 @@ void read_payload(host& state, const kovran::h265_nal_sei_reader& message) {
     switch (message.payload_type) {
         case kovran::h265_nal_sei_payload_type_prefix_buffering_period:
             read_period(state, bits);
-            read_by_standard<kovran::h265_nal_sei_buffering_period>(bits, state.sps);
+            read_by_standard(state.standard_period, message, state.sps);
             break;
         case kovran::h265_nal_sei_payload_type_prefix_pic_timing:
             read_timing(state, bits);
-            read_by_standard<kovran::h265_nal_sei_pic_timing>(bits, state.sps);
+            read_by_standard(state.standard_timing, message, state.sps);
             break;
         case kovran::h265_nal_sei_payload_type_prefix_active_parameter_sets:
             read_active(state, bits);
-            read_by_standard<kovran::h265_nal_sei_active_parameter_sets>(bits, state.vps);
+            read_by_standard(state.standard_active, message, state.vps);
             break;
         default:
             break;

@@ -15,6 +15,7 @@
 
 #include "support/rbsp.h"
 #include "support/rbsp_of_unit.h"
+#include "support/same_fields.h"
 #include "support/slice_record_fields.h"
 #include "support/stream_reading.h"
 #include "support/tracing_host.h"

@@ -8,7 +8,7 @@
 #include "support/bit_writer.h"
 #include "support/parameter_sets.h"
 #include "support/rbsp.h"
-#include "support/record_fields.h"
+#include "support/same_fields.h"
 
 namespace kovran {
 namespace {

@@ -9,6 +9,7 @@
 
 #include "support/bit_writer.h"
 #include "support/rbsp.h"
+#include "support/same_fields.h"
 #include "support/slice_record_fields.h"
 
 namespace kovran {

@@ -17,6 +17,7 @@
 #include "support/full_values.h"
 #include "support/parameter_sets.h"
 #include "support/rbsp.h"
+#include "support/same_fields.h"
 #include "support/slice_record_fields.h"
 
 namespace kovran {

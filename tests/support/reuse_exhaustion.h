@@ -14,7 +14,7 @@
 #include "support/allocation_failure.h"
 #include "support/bit_writer.h"
 #include "support/rbsp.h"
-#include "support/record_fields.h"
+#include "support/same_fields.h"
 
 // Memory exhaustion in records that are used again: what a record held before is larger or smaller
 // than what it is to hold.

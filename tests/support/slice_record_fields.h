@@ -1,6 +1,7 @@
 #ifndef KOVRAN_TESTS_SUPPORT_SLICE_RECORD_FIELDS_H
 #define KOVRAN_TESTS_SUPPORT_SLICE_RECORD_FIELDS_H
 
+#include <kovran/h265/h265_nal_aud.h>
 #include <kovran/h265/h265_nal_sei_active_parameter_sets.h>
 #include <kovran/h265/h265_nal_sei_buffering_period.h>
 #include <kovran/h265/h265_nal_sei_pic_timing.h>
@@ -12,14 +13,22 @@
 
 #include "support/record_fields.h"
 
-// The fields of the slice and SEI records, as support/record_fields.h has those of the parameter
-// sets.
+// The fields of the slice, access unit delimiter and SEI records, as support/record_fields.h has
+// those of the parameter sets.
 namespace kovran::test {
 
 #define FIELD(type, name) field<type>(#name, &record::name)
 
 // One field a line.
 // clang-format off
+template <>
+struct fields_of<h265_nal_aud> : field_types {
+    using record = h265_nal_aud;
+    static constexpr auto list = std::make_tuple(
+        FIELD(u8, pic_type),
+        FIELD(bool, valid));
+};
+
 template <>
 struct fields_of<h265_ref_pic_lists_modification> : field_types {
     using record = h265_ref_pic_lists_modification;

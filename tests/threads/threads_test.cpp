@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-#include "support/record_fields.h"
+#include "support/same_fields.h"
 #include "support/slice_record_fields.h"
 #include "support/stream_reading.h"
 
