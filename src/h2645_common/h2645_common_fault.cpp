@@ -47,7 +47,7 @@ std::string to_string(const h2645_common_fault& fault) {
             return std::string(fault.parameter_set) + ' ' + std::to_string(fault.parameter_set_id) +
                    " is missing, needed by " + place_of(fault);
         case kind::contradiction:
-            return place_and_value_of(fault) + "; this contradicts what was read before";
+            return place_and_value_of(fault) + "; reading cannot go on from there";
         case kind::no_memory:
             return "not enough memory after " + place_and_value_of(fault);
         case kind::trailing_bits:

@@ -6,6 +6,8 @@
 #include "h2645_common/wrapping.h"
 #include "h265/h265_nal_sub_layer_hrd_parameters.syntax.h"
 
+#include <cstdint>
+
 namespace kovran {
 
 // hrd_parameters(), clause E.2.2. `earlier` is the structure before it, in a VPS.
@@ -69,6 +71,13 @@ template <class Walker, class Hrd>
             walk.ue(ELEMENT(hrd, cpb_cnt_minus1)[i], up_to(31));
         }
 
+        const unsigned int structures = (hrd.nal_hrd_parameters_present_flag ? 1U : 0U) +
+                                        (hrd.vcl_hrd_parameters_present_flag ? 1U : 0U);
+        if (structures != 0 && !walk.data_holds(ELEMENT(hrd, cpb_cnt_minus1)[i],
+                                                std::uint64_t{hrd.cpb_cnt_minus1[i]} + 1,
+                                                /*fewest_bits=*/3 * structures)) {
+            return false;
+        }
         const auto walk_sub_layer = [&walk, &hrd, i](auto& sub_layer) {
             return sub_layer_hrd_parameters(walk, sub_layer, i,
                                             wrapping_sum(hrd.cpb_cnt_minus1[i], 1), hrd);

@@ -17,8 +17,7 @@ template <class Walker, class SubLayerHrd, class Hrd>
     walk.assign(sub_layer.cpb_count, cpb_count);
     const std::int64_t cpb_cnt_minus1 = std::int64_t{cpb_count} - 1;
     const auto count = named("cpb_cnt_minus1", cpb_cnt_minus1, {{subLayerId}, 1});
-    if (!walk.at_most(named("cpb_cnt_minus1", cpb_count, {{subLayerId}, 1}),
-                      walk.rules.max_hrd_cpbs) ||
+    if (!walk.at_most(count, walk.rules.max_hrd_cpbs - 1) ||
         !walk.data_holds(count, cpb_count, /*fewest_bits=*/3) ||
         !walk.grow(cpb_count, sub_layer.bit_rate_value_minus1, sub_layer.cpb_size_value_minus1,
                    sub_layer.cpb_size_du_value_minus1, sub_layer.bit_rate_du_value_minus1,

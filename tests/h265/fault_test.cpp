@@ -685,7 +685,7 @@ TEST(Fault, HasALineOfTextOfEachKind) {
               "PPS 5 is missing, needed by slice_pic_parameter_set_id at bit 1");
     host.sps_store.at(0).pic_width_in_luma_samples = 0;
     EXPECT_EQ(to_string(host.fault(test::bit_writer().u<1>(0).ue(0))),
-              "slice_pic_parameter_set_id at bit 1 is 0; this contradicts what was read before");
+              "slice_pic_parameter_set_id at bit 1 is 0; reading cannot go on from there");
     h265_fault no_memory;
     no_memory.kind = kind::no_memory;
     no_memory.structures[0] = {"", "hrd_parameters", {3}, 1};

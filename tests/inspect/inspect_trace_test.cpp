@@ -257,7 +257,7 @@ TEST_P(InspectTraceOfStreams, HasFaultsOnlyWhereTheEncoderMadeThem) {
         EXPECT_EQ(result.err, prefix +
                                   "unit 4 at 97: SEI message buffering_period cannot be read: "
                                   "au_cpb_removal_delay_delta_minus1 at bit 19 is 0; "
-                                  "this contradicts what was read before\n");
+                                  "reading cannot go on from there\n");
     } else if (GetParam() == "mprps_b3") {
         const std::string first = prefix +
                                   "unit 1 at 32: the SPS cannot be read: "

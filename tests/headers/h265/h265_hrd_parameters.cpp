@@ -6,5 +6,5 @@ int main() {
     const bool own = hrd.parse(/*commonInfPresentFlag=*/false, /*maxNumSubLayersMinus1=*/0, bits);
     const bool standard =
         hrd.parse_standard(/*commonInfPresentFlag=*/false, /*maxNumSubLayersMinus1=*/0, bits);
-    return own == standard ? 0 : 1;
+    return own && !standard ? 0 : 1;  // there is no data
 }
