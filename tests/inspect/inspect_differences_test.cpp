@@ -317,6 +317,39 @@ TEST(InspectDifferences, TellsFaultsOfTheStandardReadingOnly) {
               "malformed trailing bits: rbsp_stop_one_bit at bit 3 is 0\n");
 }
 
+// log2_max_pic_order_cnt_lsb_minus4 is 13, which the standard's rules refuse, so that the slice has
+// no SPS.
+TEST(InspectDifferences, NamesAParameterSetThatOnlyTheOwnRulesRead) {
+    sps_syntax sps;
+    sps.log2_max_pic_order_cnt_lsb_minus4 = bit_writer().ue(13);
+    const bit_writer idr_slice = bit_writer().u<1>(1).u<1>(0).ue(0).ue(2).trailing_bits();
+    const std::string stream =
+        annex_b_unit(VPS_NUT, vps_syntax().rbsp()) + annex_b_unit(SPS_NUT, sps.rbsp()) +
+        annex_b_unit(PPS_NUT, pps_syntax().rbsp()) + annex_b_unit(IDR_W_RADL, idr_slice);
+    const outcome result = program({"differences", "--all", "-"}).input(stream).run();
+    const differences found = differences_in(result.out);
+    ASSERT_EQ(found.units.size(), 2U) << result.out;
+    EXPECT_EQ(found.units[0].rule, "rule max_log2_max_pic_order_cnt_lsb_minus4");
+    EXPECT_EQ(
+        found.units[1].standard,
+        "standard ends here: SPS 0, which this slice uses, is missing: the SPS of unit 1 could "
+        "not be read");
+    EXPECT_EQ(found.units[1].rule, "rule max_log2_max_pic_order_cnt_lsb_minus4, in unit 1");
+}
+
+// No element of the message is there to be read by a rule.
+TEST(InspectDifferences, NamesTheRuleWhereTheDataEndsBeforeTheFirstElement) {
+    sps_syntax sps;
+    sps.vui = bit_writer().u<1>(1).u<6>(0);
+    sps.vui.u<1>(1).u<3>(0);  // frame_field_info_present_flag: there is a pic_struct
+    const std::string stream = annex_b_unit(VPS_NUT, vps_syntax().rbsp()) +
+                               annex_b_unit(SPS_NUT, sps.rbsp()) + bytes("000001 4e01 0103");
+    const outcome result = program({"differences", "--all", "-"}).input(stream).run();
+    const differences found = differences_in(result.out);
+    ASSERT_EQ(found.units.size(), 1U) << result.out;
+    EXPECT_EQ(found.units[0].rule, "rule data_may_end");
+}
+
 TEST(InspectDifferences, FailsWithoutInput) {
     EXPECT_EQ(run({"differences"}).status, 2);
     EXPECT_EQ(run({"differences", stream_path("hm_still"), "--rules", "own"}).status, 2);

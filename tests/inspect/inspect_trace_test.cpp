@@ -408,6 +408,19 @@ TEST(InspectTrace, ReadsUnitsThatItDoesNotShow) {
     EXPECT_EQ(leaf_of(one[0].elements.back().path), "slice_sao_chroma_flag");
 }
 
+// An empty unit, one of nothing but trailing bits, and one of a payloadType that does not end;
+// before each a unit whose bytes are forgotten.
+TEST(InspectTrace, ShowsNothingOfASeiUnitWithoutMessages) {
+    for (const char* const unit : {"5001", "4e01 80", "4e01 ffff"}) {
+        const outcome result =
+            program({"trace", "-"}).input(bytes("000001 460150 000001") + bytes(unit)).run();
+        EXPECT_EQ(result.err,
+                  "kovran: standard input: unit 1 at 9: "
+                  "the SEI messages are not followed by valid trailing bits\n");
+        EXPECT_EQ(units_of(result.out).at(1).elements.size(), 0U) << unit;
+    }
+}
+
 TEST(InspectTrace, TellsFaultsAndGoesOn) {
     // An access unit delimiter without a stop bit, a PPS of 16 bits whose last 7 are the beginning
     // of an Exp-Golomb code, and a good delimiter.

@@ -26,19 +26,30 @@ difference_cause difference_causes::of_sets_used_by(const unit_reader& reader,
     return of_sps(reader, reader.sets().sps.active_id);
 }
 
-void difference_causes::remember(const unit_reader& reader, const difference_cause& cause) {
-    const unit_record& record = reader.record();
-    if (const auto* const vps = std::get_if<h265_nal_vps>(&record); vps != nullptr) {
-        causes_[{"VPS", vps->vps_video_parameter_set_id}] = cause;
-    } else if (const auto* const sps = std::get_if<h265_nal_sps>(&record); sps != nullptr) {
-        if (sps->valid) {
-            causes_[{"SPS", sps->sps_seq_parameter_set_id}] = cause;
-        }
-    } else if (const auto* const pps = std::get_if<h265_nal_pps>(&record); pps != nullptr) {
-        if (pps->valid) {
-            causes_[{"PPS", pps->pps_pic_parameter_set_id}] = cause;
-        }
+void difference_causes::remember(const unit_reader& standard, const unit_reader& own,
+                                 const difference_cause& cause) {
+    std::optional<set_name> name = name_of_set(standard.record());
+    if (!name) {
+        name = name_of_set(own.record());
     }
+    if (name) {
+        causes_[*name] = cause;
+    }
+}
+
+// None when it could not be read.
+std::optional<difference_causes::set_name> difference_causes::name_of_set(
+    const unit_record& record) {
+    if (const auto* const vps = std::get_if<h265_nal_vps>(&record); vps != nullptr && vps->valid) {
+        return set_name("VPS", vps->vps_video_parameter_set_id);
+    }
+    if (const auto* const sps = std::get_if<h265_nal_sps>(&record); sps != nullptr && sps->valid) {
+        return set_name("SPS", sps->sps_seq_parameter_set_id);
+    }
+    if (const auto* const pps = std::get_if<h265_nal_pps>(&record); pps != nullptr && pps->valid) {
+        return set_name("PPS", pps->pps_pic_parameter_set_id);
+    }
+    return std::nullopt;
 }
 
 difference_cause difference_causes::of(const set_name& name) const {

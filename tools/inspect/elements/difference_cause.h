@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -28,12 +29,15 @@ public:
     [[nodiscard]] difference_cause of_sets_used_by(const unit_reader& reader,
                                                    const h265_fault& own_fault) const;
 
-    // Of the parameter set that `reader` has read; nothing happens after another unit.
-    void remember(const unit_reader& reader, const difference_cause& cause);
+    // Of the parameter set that one of the readers, or both, could read; nothing happens after
+    // another unit.
+    void remember(const unit_reader& standard, const unit_reader& own,
+                  const difference_cause& cause);
 
 private:
     using set_name = std::pair<std::string_view, unsigned int>;
 
+    [[nodiscard]] static std::optional<set_name> name_of_set(const unit_record& record);
     [[nodiscard]] difference_cause of(const set_name& name) const;
     [[nodiscard]] difference_cause of_pps(const unit_reader& reader, unsigned int id) const;
     [[nodiscard]] difference_cause of_sps(const unit_reader& reader, unsigned int id) const;

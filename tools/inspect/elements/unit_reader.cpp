@@ -210,7 +210,8 @@ void unit_reader::read_sei(nal_unit& unit, trace_sink& sink) {
     }
     constexpr unsigned int cut_off = 0xFFFFFFFF;
     const bool whole = messages.payload_type != cut_off && messages.payload_size != cut_off;
-    if (!whole || messages.cursor != messages.end || messages.payload_end == messages.end) {
+    const bool any = messages.payload_end != nullptr;
+    if (!any || !whole || messages.cursor != messages.end || messages.payload_end == messages.end) {
         unit.faults.emplace_back("the SEI messages are not followed by valid trailing bits");
         return;
     }

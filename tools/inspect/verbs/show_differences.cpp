@@ -112,20 +112,24 @@ public:
         result found;
         const std::size_t first = first_difference(by_standard, by_own);
         found.differs = !same(by_standard, by_own, first);
-        const bool is_cause = found.differs && alike_at(by_own, by_rules_alone, first);
-        const difference_cause own_rule = {
-            rule_at(by_rules_alone, is_cause ? first : by_rules_alone.entries().size()),
-            unit.index};
+        if (alike_at(by_own, by_rules_alone, first)) {
+            found.cause = {rule_at(by_rules_alone, first), unit.index};
+            if (found.differs && found.cause.rule == nullptr &&
+                standard_.fault().kind == h265_fault_kind::data_ended) {
+                found.cause.rule = "data_may_end";  // elements behind the end are not listed
+            }
+        }
+        if (found.differs && found.cause.rule == nullptr) {
+            found.cause = causes_.of_sets_used_by(standard_, by_own.fault);
+        }
+        // Of a set that reads alike, too: a rule may change what it means.
+        causes_.remember(standard_, own_, found.cause);
         if (found.differs) {
-            found.cause = is_cause ? own_rule : causes_.of_sets_used_by(standard_, by_own.fault);
             found.text =
                 fmt::format("{}: {}\n", place_of(unit), type_name(unit.header.nal_unit_type)) +
                 shown(by_standard, rule_set::standard, first) +
                 shown(by_own, rule_set::own, first) + shown(found.cause, unit);
         }
-        // A rule may change what a parameter set means without changing how its bits are read.
-        causes_.remember(standard_,
-                         found.differs || own_rule.rule == nullptr ? found.cause : own_rule);
         return found;
     }
 
