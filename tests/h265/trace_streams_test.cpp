@@ -22,11 +22,6 @@ std::vector<expected_element> expected_of(const test::unit_reading& unit) {
     return test::elements_of({{"elements", unit.elements}});
 }
 
-// The flag has one name in the syntax table and another in the record.
-std::string name_in_the_table(const std::string& name) {
-    return name == "sps_extension_flag" ? "sps_extension_present_flag" : name;
-}
-
 struct traced_element {
     std::string name;
     std::int64_t value;
@@ -54,7 +49,7 @@ traced_element of_trace(const h265_trace& trace, const h265_traced_element& each
 }
 
 traced_element of_reading(const expected_element& each) {
-    return {name_in_the_table(each.name), std::stoll(each.value), each.bit, each.width};
+    return {each.name, std::stoll(each.value), each.bit, each.width};
 }
 
 // The elements of the reading that a traced parse lists: extension data are one element there, and
