@@ -6,11 +6,13 @@
 #include "h265/h265_scaling_list_data.syntax.h"
 #include "h265/pps_ranges.h"
 
+#include <cstdint>
+
 namespace kovran {
 
 // The widths and heights of tiles that are not spaced uniformly, clause 7.3.2.3.1.
-template <class Walker, class Pps>
-[[nodiscard]] bool pps_tile_sizes(Walker& walk, Pps& pps) {
+template <class Walker, class Pps, class Sps>
+[[nodiscard]] bool pps_tile_sizes(Walker& walk, Pps& pps, const Sps* sps) {
     if (!walk.at_most(ELEMENT(pps, num_tile_columns_minus1), walk.rules.max_tile_columns_minus1) ||
         !walk.data_holds(ELEMENT(pps, num_tile_columns_minus1), pps.num_tile_columns_minus1,
                          /*fewest_bits=*/1) ||
@@ -21,11 +23,16 @@ template <class Walker, class Pps>
         !walk.grow(pps.num_tile_rows_minus1, pps.row_height_minus1)) {
         return false;
     }
+    std::uint64_t columns = 0;
     for (unsigned int i = 0; i < pps.num_tile_columns_minus1; ++i) {
-        walk.ue(ELEMENT(pps, column_width_minus1)[i]);
+        walk.ue(ELEMENT(pps, column_width_minus1)[i],
+                tile_size_range(most_tile_columns(sps), columns));
+        columns += std::uint64_t{pps.column_width_minus1[i]} + 1;
     }
+    std::uint64_t rows = 0;
     for (unsigned int i = 0; i < pps.num_tile_rows_minus1; ++i) {
-        walk.ue(ELEMENT(pps, row_height_minus1)[i]);
+        walk.ue(ELEMENT(pps, row_height_minus1)[i], tile_size_range(most_tile_rows(sps), rows));
+        rows += std::uint64_t{pps.row_height_minus1[i]} + 1;
     }
     return true;
 }
@@ -81,10 +88,10 @@ template <class Walker, class Pps, class SpsStore>
     walk.u(1, ELEMENT(pps, tiles_enabled_flag));
     walk.u(1, ELEMENT(pps, entropy_coding_sync_enabled_flag));
     if (pps.tiles_enabled_flag) {
-        walk.ue(ELEMENT(pps, num_tile_columns_minus1), tile_columns_range(sps));
-        walk.ue(ELEMENT(pps, num_tile_rows_minus1), tile_rows_range(sps));
+        walk.ue(ELEMENT(pps, num_tile_columns_minus1), up_to(most_tile_columns(sps) - 1));
+        walk.ue(ELEMENT(pps, num_tile_rows_minus1), up_to(most_tile_rows(sps) - 1));
         walk.u(1, ELEMENT(pps, uniform_spacing_flag));
-        if (!pps.uniform_spacing_flag && !pps_tile_sizes(walk, pps)) {
+        if (!pps.uniform_spacing_flag && !pps_tile_sizes(walk, pps, sps)) {
             return false;
         }
         walk.u(1, ELEMENT(pps, loop_filter_across_tiles_enabled_flag));
@@ -103,7 +110,7 @@ template <class Walker, class Pps, class SpsStore>
         }
     }
 
-    walk.u(1, ELEMENT(pps, pps_scaling_list_data_present_flag));
+    walk.u(1, ELEMENT(pps, pps_scaling_list_data_present_flag), scaling_lists_range(sps));
     if (!pps.pps_scaling_list_data_present_flag) {
         walk.rules.end_absent_structure(pps.scaling_list_data);
     } else if (!walk.structure(ELEMENT(pps, scaling_list_data),

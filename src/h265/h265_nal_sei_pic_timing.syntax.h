@@ -9,6 +9,12 @@
 
 namespace kovran {
 
+// Table D.2: frames have 0 to 8, fields 1, 2 and 9 to 12.
+template <class Vui>
+[[nodiscard]] value_range pic_struct_range(const Vui& vui) {
+    return vui.field_seq_flag ? between(1, 12) : up_to(8);
+}
+
 // The decoding units of pic_timing(), clause D.2.3.
 template <class Walker, class PicTiming, class Sps>
 [[nodiscard]] bool pic_timing_decoding_units(Walker& walk, PicTiming& timing, const Sps& sps) {
@@ -45,7 +51,7 @@ template <class Walker, class PicTiming, class Sps>
         return static_cast<unsigned char>(length_minus1 + 1);
     };
     if (sps.vui_parameters.frame_field_info_present_flag) {
-        walk.u(4, ELEMENT(timing, pic_struct), up_to(12));
+        walk.u(4, ELEMENT(timing, pic_struct), pic_struct_range(sps.vui_parameters));
         walk.u(2, ELEMENT(timing, source_scan_type), up_to(2));
         walk.u(1, ELEMENT(timing, duplicate_flag));
     } else {

@@ -11,7 +11,7 @@
 #include "h265/h265_ref_pic_lists_modification.syntax.h"
 #include "h265/h265_st_ref_pic_set.syntax.h"
 #include "h265/slice_type.h"
-#include "h265/sub_layer_ordering.h"
+#include "h265/sps_ranges.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -20,6 +20,27 @@
 
 namespace kovran {
 
+// The short-term set in use, or null: an SPS whose parse failed can have fewer sets than its count
+// says.
+template <class Slice, class Sps>
+[[nodiscard]] auto* short_term_set(const Slice& slice, const Sps& sps) {
+    if (slice.CurrRpsIdx >= sps.num_short_term_ref_pic_sets) {
+        return &slice.st_ref_pic_set;
+    }
+    return slice.CurrRpsIdx < sps.st_ref_pic_set.size() ? &sps.st_ref_pic_set[slice.CurrRpsIdx]
+                                                        : nullptr;
+}
+
+// num_long_term_pics: all reference pictures together fit the decoded picture buffer of the highest
+// sub-layer beside the current one, clause 7.4.7.1.
+template <class Slice, class Sps>
+[[nodiscard]] value_range long_term_pics_range(const Slice& slice, const Sps& sps) {
+    const auto* const set = short_term_set(slice, sps);
+    const std::uint64_t taken =
+        std::uint64_t{set != nullptr ? set->NumDeltaPocs : 0} + slice.num_long_term_sps;
+    return reference_pictures_range(sps, taken);
+}
+
 // The long-term pictures of slice_segment_header(), clause 7.3.6.1.
 template <class Walker, class Slice, class Sps>
 [[nodiscard]] bool slice_long_term_pics(Walker& walk, Slice& slice, const Sps& sps,
@@ -27,8 +48,7 @@ template <class Walker, class Slice, class Sps>
     if (sps.num_long_term_ref_pics_sps > 0) {
         walk.ue(ELEMENT(slice, num_long_term_sps), up_to(sps.num_long_term_ref_pics_sps));
     }
-    walk.ue(ELEMENT(slice, num_long_term_pics),
-            up_to(std::int64_t{max_dpb_size} - slice.num_long_term_sps));
+    walk.ue(ELEMENT(slice, num_long_term_pics), long_term_pics_range(slice, sps));
     if (!walk.at_most(ELEMENT(slice, num_long_term_sps), walk.rules.max_long_term_sps(sps)) ||
         !walk.at_most(ELEMENT(slice, num_long_term_pics),
                       walk.rules.max_long_term_pics(slice.num_long_term_sps))) {
@@ -123,17 +143,12 @@ template <class Set>
            count_used_pics(set.num_positive_pics, set.used_by_curr_pic_s1_flag);
 }
 
-// NumPicTotalCurr, equation 7-55. An SPS whose parse failed can have fewer sets than its count
-// says.
+// NumPicTotalCurr, equation 7-55.
 template <class Walker, class Slice, class Sps>
 [[nodiscard]] unsigned int num_pic_total_curr(Walker& walk, const Slice& slice, const Sps& sps) {
-    unsigned int pics = walk.rules.count_long_term_pics(slice, sps);
-    if (slice.CurrRpsIdx >= sps.num_short_term_ref_pic_sets) {
-        pics += count_short_term_pics(slice.st_ref_pic_set);
-    } else if (slice.CurrRpsIdx < sps.st_ref_pic_set.size()) {
-        pics += count_short_term_pics(sps.st_ref_pic_set[slice.CurrRpsIdx]);
-    }
-    return pics;
+    const auto* const set = short_term_set(slice, sps);
+    return walk.rules.count_long_term_pics(slice, sps) +
+           (set != nullptr ? count_short_term_pics(*set) : 0);
 }
 
 // slice_segment_header(), clause 7.3.6.1, up to ref_pic_lists_modification().

@@ -27,17 +27,24 @@ template <class Sps>
 }
 
 template <class Sps>
-[[nodiscard]] value_range tile_columns_range(const Sps* sps) {
-    const std::int64_t most =
-        sps != nullptr ? picture_size_in_ctbs(*sps).width : longest_side_in_ctbs;
-    return up_to(most - 1);
+[[nodiscard]] std::int64_t most_tile_columns(const Sps* sps) {
+    return sps != nullptr ? picture_size_in_ctbs(*sps).width : longest_side_in_ctbs;
 }
 
 template <class Sps>
-[[nodiscard]] value_range tile_rows_range(const Sps* sps) {
-    const std::int64_t most =
-        sps != nullptr ? picture_size_in_ctbs(*sps).height : longest_side_in_ctbs;
-    return up_to(most - 1);
+[[nodiscard]] std::int64_t most_tile_rows(const Sps* sps) {
+    return sps != nullptr ? picture_size_in_ctbs(*sps).height : longest_side_in_ctbs;
+}
+
+// The width or height of a tile less 1, where `taken` of `all` blocks belong to the tiles before
+// and the last tile keeps one.
+[[nodiscard]] inline value_range tile_size_range(std::int64_t all, std::uint64_t taken) {
+    return up_to(all - static_cast<std::int64_t>(taken) - 2);
+}
+
+template <class Sps>
+[[nodiscard]] value_range scaling_lists_range(const Sps* sps) {
+    return up_to(sps == nullptr || sps->scaling_list_enabled_flag ? 1 : 0);
 }
 
 template <class Sps>

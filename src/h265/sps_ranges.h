@@ -81,10 +81,10 @@ template <class Sps>
 // The pictures of a short-term set: no more than the decoded picture buffer of the highest
 // sub-layer holds beside the current one, clause 7.4.8.
 template <class Sps>
-[[nodiscard]] value_range reference_pictures_range(const Sps& sps, unsigned int taken = 0) {
+[[nodiscard]] value_range reference_pictures_range(const Sps& sps, std::uint64_t taken = 0) {
     const auto& sizes = sps.sps_max_dec_pic_buffering_minus1;
     const std::int64_t most = sizes.empty() ? 15 : std::min(sizes.back(), 15U);
-    return up_to(most - taken);
+    return up_to(most - static_cast<std::int64_t>(taken));
 }
 
 }  // namespace kovran

@@ -160,9 +160,11 @@ TEST(Fault, OfMoreCpbsThanTheDataHold) {
 }
 
 // The CPBs of the NAL parameters take 12 bits; 2 are left for those of the VCL parameters.
+// Behind the count 14 bits are left, and the CPBs of both kinds have 3 bits each at the least: 2 of
+// each kind.
 TEST(Fault, OfMoreCpbsThanTheDataHoldOfTheVclParameters) {
     expect_value(fault_of<h265_nal_vps>(filled(vps_with_cpbs(true, 3), 256)),
-                 "hrd_parameters[0].cpb_cnt_minus1[0]", 237, 3, 0, -1);
+                 "hrd_parameters[0].cpb_cnt_minus1[0]", 237, 3, 0, 1);
 }
 
 // ---- SPS
@@ -447,7 +449,8 @@ TEST(Fault, OfTooManyLongTermPictures) {
     slice_host host(1);
     host.have_candidates(4);
     expect_value(host.fault(p_slice().ue(5).ue(0)), "num_long_term_sps", 10, 5, 0, 4);
-    expect_value(host.fault(p_slice().ue(4).ue(13)), "num_long_term_pics", 15, 13, 0, 12);
+    // 13 are refused; the largest buffer holds 15 pictures beside the current one, and 4 are taken.
+    expect_value(host.fault(p_slice().ue(4).ue(13)), "num_long_term_pics", 15, 13, 0, 11);
     host.have_candidates(32);
     expect_value(host.fault(p_slice().ue(17).ue(0)), "num_long_term_sps", 10, 17, 0, 16);
 }

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -50,19 +49,6 @@ bool is_named(const h265_fault& fault, const std::string& element) {
     return name == element || name.substr(0, name.find('[')) == element;
 }
 
-// What the trace does not look at so far: that tiles leave a coding tree block for the last column
-// and the last row (clause 7.4.3.3.1), that a PPS has scaling lists only when its SPS enables them
-// (the same), that all reference pictures of a slice together fit the decoded picture buffer
-// (clause 7.4.7.1), and which values pic_struct has for frames and which for fields (clause D.3.3).
-bool passes_unnoticed(const test::range_case& each) {
-    static const std::set<std::string> names = {"column_width_minus1[0]", "row_height_minus1[0]",
-                                                "pps_scaling_list_data_present_flag",
-                                                "num_long_term_pics"};
-    const bool is_of_other_pictures =
-        each.element == "pic_struct" && (each.past == 0 || each.past == 9);
-    return names.count(each.element) == 1 || is_of_other_pictures;
-}
-
 TEST(TraceRanges, AreThoseOfTheStandard) {
     for (const test::range_table& table : test::range_tables()) {
         for (const test::range_case& each : table.cases) {
@@ -75,8 +61,7 @@ TEST(TraceRanges, AreThoseOfTheStandard) {
             EXPECT_TRUE(lists(at_limit, each.element, each.limit, /*out_of_range=*/false));
 
             const test::traced_reading past = read_unit(table, each.past_limit);
-            EXPECT_TRUE(
-                lists(past, each.element, each.past, /*out_of_range=*/!passes_unnoticed(each)))
+            EXPECT_TRUE(lists(past, each.element, each.past, /*out_of_range=*/true))
                 << "value " << each.past;
             if (past.fault.kind == h265_fault_kind::value) {
                 EXPECT_TRUE(is_named(past.fault, each.element)) << to_string(past.fault);
