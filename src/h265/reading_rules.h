@@ -578,13 +578,10 @@ private:
 
     template <class Walker, class Layer>
     static bool infer_profile(Walker& walk, Layer& layer, const Layer& above) {
-        const std::size_t flags = above.profile_compatibility_flag.size();
-        if (!walk.grow(flags, layer.profile_compatibility_flag)) {
+        if (!walk.grow(above.profile_compatibility_flag.size(), layer.profile_compatibility_flag)) {
             return false;
         }
-        for (std::size_t j = 0; j < flags; ++j) {
-            walk.assign(layer.profile_compatibility_flag[j], above.profile_compatibility_flag[j]);
-        }
+        layer.profile_compatibility_flag = above.profile_compatibility_flag;  // by words
         walk.assign(layer.profile_space, above.profile_space);
         walk.assign(layer.profile_idc, above.profile_idc);
         walk.assign(layer.tier_flag, above.tier_flag);
