@@ -47,14 +47,14 @@ struct h2645_common_traced_structure {
 // The elements of one structure in the order of their bits. The host owns it; a traced parse starts
 // it afresh and keeps its memory.
 //
-// Elements that begin behind the end of the data are not listed, so that no data gives more elements
-// than it has bits.
+// Elements that begin behind the end of the data are not listed, so that no data gives more
+// elements than it has bits.
 struct h2645_common_trace {
     static constexpr unsigned int no_structure = 0xFFFFFFFF;
 
     std::vector<h2645_common_traced_element> elements;
-    // In the order in which they begin. The parts of profile_tier_level() that give their elements a
-    // prefix are among them.
+    // In the order in which they begin. The parts of profile_tier_level() that give their elements
+    // a prefix are among them.
     std::vector<h2645_common_traced_structure> structures;
     std::vector<unsigned int> indices;  // of all elements
 
