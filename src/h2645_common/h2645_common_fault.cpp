@@ -32,6 +32,16 @@ std::string range_of(const h2645_common_fault& fault) {
     return std::to_string(fault.lowest) + " to " + std::to_string(fault.highest);
 }
 
+std::string missing_set_of(const h2645_common_fault& fault) {
+    constexpr unsigned int no_id = 0xFFFFFFFF;
+    if (fault.parameter_set_id == no_id) {
+        return std::string("no ") + fault.parameter_set + " is active";
+    }
+    const std::string missing = std::string(fault.parameter_set) + ' ' +
+                                std::to_string(fault.parameter_set_id) + " is missing";
+    return *fault.element.name == '\0' ? missing : missing + ", needed by " + place_of(fault);
+}
+
 }  // namespace
 
 std::string to_string(const h2645_common_fault& fault) {
@@ -44,12 +54,11 @@ std::string to_string(const h2645_common_fault& fault) {
         case kind::value:
             return place_and_value_of(fault) + "; allowed: " + range_of(fault);
         case kind::parameter_set_missing:
-            return std::string(fault.parameter_set) + ' ' + std::to_string(fault.parameter_set_id) +
-                   " is missing, needed by " + place_of(fault);
+            return missing_set_of(fault);
         case kind::contradiction:
             return place_and_value_of(fault) + "; reading cannot go on from there";
         case kind::no_memory:
-            return "not enough memory after " + place_and_value_of(fault);
+            return "not enough memory after " + place_of(fault);
         case kind::trailing_bits:
             return "malformed trailing bits: " + place_and_value_of(fault);
     }

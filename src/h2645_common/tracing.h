@@ -199,6 +199,18 @@ public:
         return grown;
     }
 
+    template <class... Arrays>
+    void grow_or_throw(std::size_t count, Arrays&... arrays) {
+        try {
+            reading<Rules>::grow_or_throw(count, arrays...);
+        } catch (...) {
+            if (fault_) {
+                fault_->no_memory();
+            }
+            throw;
+        }
+    }
+
     // The end of the walk of the outermost description, which returned `walked`.
     [[nodiscard]] bool end(bool walked) {
         if (trace_ != nullptr && listed() != 0) {

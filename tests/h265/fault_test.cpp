@@ -689,15 +689,23 @@ TEST(Fault, HasALineOfTextOfEachKind) {
     host.sps_store.at(0).pic_width_in_luma_samples = 0;
     EXPECT_EQ(to_string(host.fault(test::bit_writer().u<1>(0).ue(0))),
               "slice_pic_parameter_set_id at bit 1 is 0; reading cannot go on from there");
+    h265_nal_sei_pic_timing timing;
+    h2645_common_base_store<h265_nal_sps> empty_sps_store;
+    h265_fault missing;
+    test::rbsp none{};
+    EXPECT_FALSE(timing.parse_standard(none.reader, empty_sps_store, &missing));
+    EXPECT_EQ(to_string(missing), "no SPS is active");
+    empty_sps_store.active_id = 3;
+    EXPECT_FALSE(timing.parse_standard(none.reader, empty_sps_store, &missing));
+    EXPECT_EQ(to_string(missing), "SPS 3 is missing");
     h265_fault no_memory;
     no_memory.kind = kind::no_memory;
     no_memory.structures[0] = {"", "hrd_parameters", {3}, 1};
     no_memory.structure_count = 1;
     no_memory.element = {"sub_layer_", "level_idc", {1}, 1};
     no_memory.first_bit = 77;
-    no_memory.value = -2;
     EXPECT_EQ(to_string(no_memory),
-              "not enough memory after hrd_parameters[3].sub_layer_level_idc[1] at bit 77 is -2");
+              "not enough memory after hrd_parameters[3].sub_layer_level_idc[1] at bit 77");
 }
 
 }  // namespace

@@ -43,7 +43,8 @@ struct h2645_common_fault {
     std::int64_t lowest = 0;
     std::int64_t highest = 0;
 
-    // What is missing after parameter_set_missing: "VPS", "SPS" or "PPS", and its identifier.
+    // What is missing after parameter_set_missing: "VPS", "SPS" or "PPS", and its identifier;
+    // 0xFFFFFFFF when none is active.
     const char* parameter_set = "";
     unsigned int parameter_set_id = 0;
 };
