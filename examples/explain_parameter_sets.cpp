@@ -6,7 +6,7 @@
 
 namespace {
 
-// The elements that H.265 does not allow, and why reading stopped, if it did.
+// Prints the elements with values that H.265 does not allow, and why reading stopped, if it did.
 template <class Record, class... Stores>
 void explain(const char* name, Record& record, kovran::h2645_common_bitreader bits,
              Stores&... stores) {

@@ -9,19 +9,19 @@
 
 namespace {
 
-// More than any slice segment header has up to its list modification. The slice data behind it is
+// Longer than any slice segment header up to its list modification. The slice data after it is
 // most of a stream and is not needed.
 constexpr std::size_t slice_header_bytes = 256;
 
-// What a host keeps of a stream: its parameter sets.
+// What this program keeps of a stream: its parameter sets.
 struct stream_state {
     kovran::h2645_common_base_store<kovran::h265_nal_vps> vps;
     kovran::h2645_common_base_store<kovran::h265_nal_sps> sps;
     kovran::h2645_common_base_store<kovran::h265_nal_pps> pps;
 };
 
-// Parsed afresh, and stored only when all of it could be read: a broken repetition of a parameter
-// set leaves the good one in force.
+// Parses into a fresh record and stores it only on success: a broken repetition of a parameter set
+// does not replace the good one.
 void read_unit(stream_state& state, const kovran::h265_nal& nal,
                kovran::h2645_common_bitreader bits) {
     switch (nal.nal_unit_type) {

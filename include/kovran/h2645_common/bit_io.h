@@ -6,13 +6,13 @@
 
 namespace kovran::bit_io {
 
-// A memory range that is handed out one value at a time and goes on for ever: every position at or
-// beyond `end` gives `Padding`, and `current` keeps counting past `end`. Positions beyond the range
-// are addresses only and are never read, so all arithmetic on them is done on integers.
+// A memory range that is read one value at a time and never runs out: every position at or beyond
+// `end` gives `Padding`, and `current` keeps counting past `end`. Positions beyond the range are
+// addresses only and are never dereferenced, so all arithmetic on them is done on integers.
 template <class Value, class Pointer>
 struct data_source_memory_alt1 {
     Pointer start = nullptr;    // first value of the range
-    Pointer current = nullptr;  // the next value to be handed out
+    Pointer current = nullptr;  // the next value to read
     Pointer end = nullptr;      // one past the last value
 
     template <Value Padding>
@@ -24,7 +24,7 @@ struct data_source_memory_alt1 {
 
     void advance(std::size_t count) {
         const std::uintptr_t place = address(current) + count * sizeof(Value);
-        // Pointer arithmetic ends one past the range, and this has to go on.
+        // Pointer arithmetic is defined up to one past the range only, and this goes further.
         current = reinterpret_cast<Pointer>(place);  // NOLINT(performance-no-int-to-ptr)
     }
 
@@ -33,8 +33,8 @@ struct data_source_memory_alt1 {
     }
 };
 
-// The next bits of the stream, left aligned in one word: the next bit to be read is the highest
-// one. `Padding` is the value that a source gives past its end.
+// The next bits of the stream, left aligned in one word: the next bit to read is the highest one.
+// `Padding` is the value that a source gives past its end.
 template <class Word, unsigned char Padding>
 struct reservoir {
     static constexpr unsigned char word_bits = 8 * sizeof(Word);
@@ -44,10 +44,10 @@ struct reservoir {
     unsigned char vacant = word_bits;  // how many of them there are, at the low end
 };
 
-// Reads bits, most significant first, from a source of bytes. Running out of bytes is no error: the
-// bits past the end are those of the padding, and bit_position() goes on counting.
+// Reads bits, most significant first, from a source of bytes. Reading past the end is not an error:
+// the bits there are those of the padding, and bit_position() keeps counting.
 //
-// The number of bits consumed is 8 * (current - start) - (32 - vacant); the reader stands on a byte
+// The number of bits consumed is 8 * (current - start) - (32 - vacant); the reader is on a byte
 // boundary exactly when `vacant` is a multiple of 8.
 template <class Reservoir, class Source>
 struct reader : Reservoir, Source {
@@ -55,12 +55,12 @@ struct reader : Reservoir, Source {
     using Reservoir::vacant;
     using Reservoir::word_bits;
 
-    // A refill leaves at most 7 positions vacant, so that this many bits can be taken at once.
+    // A refill leaves at most 7 positions vacant, so this many bits can be taken at once.
     static constexpr unsigned char widest_get = word_bits - 7;
 
     // The next n bits as an unsigned value: u(n) and f(n), clause 7.2. n = 0 reads nothing and
-    // gives 0; for n above 25 see get_wide. Inlined everywhere, where the tests of a known n
-    // vanish.
+    // gives 0; for n above 25 see get_wide. Always inlined, so that the tests vanish for a constant
+    // n.
     template <class Result>
     [[gnu::always_inline]] Result get(unsigned char n) {
         if (n > widest_get) {
@@ -69,8 +69,8 @@ struct reader : Reservoir, Source {
         return n == 0 ? Result{0} : static_cast<Result>(take(n));
     }
 
-    // Any width, in pieces of 25 bits: 0 gives 0, and of more than 32 bits all are consumed and the
-    // last 32 are the value.
+    // Any width, in pieces of 25 bits. n = 0 gives 0; for n above 32 all n bits are consumed, and
+    // the value is the last 32.
     unsigned int get_wide(unsigned char n) {
         unsigned int value = 0;
         while (n >= widest_get) {
@@ -80,7 +80,7 @@ struct reader : Reservoir, Source {
         return n == 0 ? value : value << n | take(n);
     }
 
-    // Passes over n bits, at the same cost for any n.
+    // Skips n bits, at the same cost for any n.
     void skip(unsigned int n) {
         refill();
         const unsigned int held = word_bits - vacant;
@@ -98,7 +98,7 @@ struct reader : Reservoir, Source {
         }
     }
 
-    // Passes over the bits before the next byte boundary; none when the reader stands on one.
+    // Skips the bits before the next byte boundary; none when the reader is on one.
     void align() {
         refill();
         consume(bits_to_byte_boundary());
@@ -108,14 +108,14 @@ struct reader : Reservoir, Source {
         return static_cast<unsigned char>((word_bits - vacant) & 7);
     }
 
-    // The bits consumed so far, of the data and past its end.
+    // The number of bits consumed so far, within the data and past its end.
     [[nodiscard]] std::size_t bit_position() const {
         return 8 * (Source::address(Source::current) - Source::address(Source::start)) -
                (word_bits - vacant);
     }
 
 protected:
-    // The next n bits, 1 to 25 of them.
+    // The next n bits; n is 1 to 25.
     [[gnu::always_inline]] unsigned int take(unsigned char n) {
         refill();
         const unsigned int value = reservoir >> (word_bits - n);
@@ -123,8 +123,8 @@ protected:
         return value;
     }
 
-    // Feeds whole bytes while there is room for one: afterwards 25 to 32 bits of the stream stand
-    // in the reservoir.
+    // Adds whole bytes while there is room for one; afterwards the reservoir holds 25 to 32 bits of
+    // the stream.
     [[gnu::always_inline]] void refill() {
         while (vacant >= 8) {
             vacant = static_cast<unsigned char>(vacant - 8);
@@ -132,7 +132,7 @@ protected:
         }
     }
 
-    // Drops n bits of those that refill() has brought in; n is below the width of the word.
+    // Drops n of the bits that refill() added; n is less than the width of the word.
     [[gnu::always_inline]] void consume(unsigned int n) {
         reservoir <<= n;
         vacant = static_cast<unsigned char>(vacant + n);

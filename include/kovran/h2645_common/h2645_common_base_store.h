@@ -7,9 +7,9 @@
 
 namespace kovran {
 
-// The parsed parameter sets of one kind, by their identifier. The host fills it and sets
-// `active_id`; the library's parsers only look up, and never insert. A reference to a record stays
-// valid until that record is erased.
+// The parsed parameter sets of one kind, by identifier. You fill the store and set `active_id`; the
+// library's parsers look records up and never insert any. A reference to a record stays valid until
+// that record is erased.
 template <class T>
 struct h2645_common_base_store {
     using map_type = std::map<unsigned int, T>;
@@ -21,10 +21,10 @@ struct h2645_common_base_store {
     unsigned int active_id = no_id;  // the record in use; no_id when none is
     map_type map;                    // in the order of the identifiers
 
-    // The record of an identifier; a fresh one is inserted where there is none.
+    // The record with this identifier; inserts a fresh one when there is none.
     T& operator[](unsigned int id) { return map[id]; }
 
-    // The record of an identifier; throws std::out_of_range("map::at") where there is none.
+    // The record with this identifier; throws std::out_of_range("map::at") when there is none.
     [[nodiscard]] T& at(unsigned int id) { return checked(find(id)); }
     [[nodiscard]] const T& at(unsigned int id) const { return checked(find(id)); }
 
@@ -35,7 +35,7 @@ struct h2645_common_base_store {
     [[nodiscard]] bool empty() const { return map.empty(); }
     [[nodiscard]] std::size_t size() const { return map.size(); }
 
-    // How many records went: 0 or 1. Neither this nor clear() touches `active_id`.
+    // Returns how many records were erased: 0 or 1. erase() and clear() do not change `active_id`.
     std::size_t erase(unsigned int id) { return map.erase(id); }
     void clear() { map.clear(); }
 
@@ -45,7 +45,7 @@ struct h2645_common_base_store {
     [[nodiscard]] const_iterator end() const { return map.end(); }
 
 private:
-    // The words are the same with every standard library, which std::map::at does not promise.
+    // The text is the same with every standard library; std::map::at does not promise that.
     template <class Iterator>
     [[nodiscard]] auto& checked(Iterator position) const {
         if (position == map.end()) {

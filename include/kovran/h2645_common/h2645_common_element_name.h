@@ -8,7 +8,7 @@
 
 namespace kovran {
 
-// What the standard calls a syntax element or a structure: delta_poc_s0_minus1[2],
+// The standard's name of a syntax element or a structure: delta_poc_s0_minus1[2],
 // sub_layer_level_idc[0]. The texts are constants of the library.
 struct h2645_common_element_name {
     static constexpr unsigned int most_indices = 6;

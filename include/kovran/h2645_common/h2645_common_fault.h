@@ -13,31 +13,31 @@ namespace kovran {
 
 enum class h2645_common_fault_kind : unsigned int {
     none = 0,
-    data_ended = 1,             // the element begins or ends behind the data
-    value = 2,                  // of the element: reading cannot go on with it; so it is with a
-                                // count of more entries than the rest of the data can hold
-    parameter_set_missing = 3,  // the one that the element names is not in its store
-    contradiction = 4,          // what was read, or is in a store, does not fit together
-    no_memory = 5,              // for an array
+    data_ended = 1,             // the element begins or ends past the end of the data
+    value = 2,                  // of the element: parsing cannot continue with it; also a count of
+                                // more entries than the rest of the data can hold
+    parameter_set_missing = 3,  // the set that the element names is not in its store
+    contradiction = 4,          // values that were read, or are in a store, do not fit together
+    no_memory = 5,              // not enough for an array
     trailing_bits = 6,          // they are malformed; everything before them was read
 };
 
-// Why a structure could not be read, or what is wrong with one that was: where reading stopped, and
-// what stood there. It owns no memory and may be copied.
+// Why a structure could not be read, or what is wrong with one that was read: where reading
+// stopped, and what was there. It owns no memory and may be copied.
 struct h2645_common_fault {
     static constexpr unsigned int most_structures = 6;
 
     h2645_common_fault_kind kind = h2645_common_fault_kind::none;
 
-    // The structures that the element stands in, outermost first, without the one that was parsed.
+    // The structures around the element, outermost first, without the one that was parsed.
     std::array<h2645_common_element_name, most_structures> structures{};
     unsigned int structure_count = 0;
 
-    // The element. After data_ended it is the first one that is not whole; after no_memory,
-    // contradiction and parameter_set_missing the one read last.
+    // The element. After data_ended it is the first one that is not complete; after no_memory,
+    // contradiction and parameter_set_missing it is the last one read.
     h2645_common_element_name element;
     std::size_t first_bit = 0;  // counted from the first bit of the reader's bytes
-    std::int64_t value = 0;     // as it was read; past the end of the data bits are 0
+    std::int64_t value = 0;     // as it was read; bits past the end of the data are 0
 
     // What a `value` may be.
     std::int64_t lowest = 0;

@@ -3,10 +3,10 @@
 
 namespace kovran {
 
-// How NAL units stand one after the other in a stream.
+// How NAL units are framed in a stream.
 enum h2645_common_nalfmt : unsigned int {
     nalfmt_none = 0,      // no framing: nothing is found, nothing is written
-    nalfmt_length8 = 1,   // a length before each unit, big endian, of 1 byte
+    nalfmt_length8 = 1,   // a big-endian length of 1 byte before each unit
     nalfmt_length16 = 2,  // 2 bytes
     nalfmt_length24 = 3,  // 3 bytes
     nalfmt_length32 = 4,  // 4 bytes

@@ -5,9 +5,9 @@
 
 namespace kovran {
 
-// Reads payloadType or payloadSize of an SEI message, clause 7.3.5: 255 for each byte FF, and then
-// the byte that ends the run. `p` moves behind what was read, up to `end`. Sums above 0xFFFFFFFE
-// give 0xFFFFFFFE; 0xFFFFFFFF means that the data ended within the run.
+// Reads payloadType or payloadSize of an SEI message, clause 7.3.5: 255 for each byte FF, plus the
+// byte that ends the run. `p` moves past the bytes that were read, up to `end`. Sums above
+// 0xFFFFFFFE give 0xFFFFFFFE; 0xFFFFFFFF means that the data ended within the run.
 KOVRAN_API unsigned int h2645_common_read_xostylesei_vlu32(unsigned char*& p, unsigned char* end);
 
 }  // namespace kovran

@@ -17,17 +17,18 @@ struct h2645_common_traced_element {
     const char* descriptor = "";  // clause 7.2: "u(n)", "u(v)", "ue(v)", "se(v)", "f(1)"
     std::size_t first_bit = 0;    // counted from the first bit of the reader's bytes
     std::size_t width = 0;        // in bits
-    std::int64_t value = 0;       // of extension data, which is one element, none: 0
+    std::int64_t value = 0;       // 0 for extension data, which is one element
 
-    // By the library's own rules: the one by which this element is here, or is read so, where the
-    // standard's rules would have decided otherwise. Null where both agree. See h265_rules.h.
+    // When reading by the library's own rules: the rule because of which this element is here, or
+    // is read this way, where the standard's rules would have decided otherwise. Null where both
+    // agree. See h265_rules.h.
     const char* rule = nullptr;
 
-    // The structure that it stands in, in h2645_common_trace::structures, or no_structure.
+    // The structure around it: an index into h2645_common_trace::structures, or no_structure.
     unsigned int structure = 0xFFFFFFFF;
 
-    // Its own indices, without those of a prefix: so many from here on in
-    // h2645_common_trace::indices.
+    // Its own indices, without those of a prefix: index_count entries of
+    // h2645_common_trace::indices, from first_index on.
     unsigned int first_index = 0;
     unsigned char index_count = 0;
 
@@ -36,25 +37,25 @@ struct h2645_common_traced_element {
 
 // A structure that was read within the one that was parsed.
 struct h2645_common_traced_structure {
-    // Of a prefix the name is "", and its indices are those that its elements begin with.
+    // For a prefix the name is "", and the indices are those that its elements begin with.
     h2645_common_element_name name;
-    unsigned int parent = 0xFFFFFFFF;  // in h2645_common_trace::structures, or no_structure
-    std::size_t first_element = 0;     // how many elements had been read before it
+    unsigned int parent = 0xFFFFFFFF;  // as in h2645_common_traced_element::structure
+    std::size_t first_element = 0;     // number of elements read before it
 
     [[nodiscard]] bool is_prefix() const { return *name.prefix != '\0'; }
 };
 
-// The elements of one structure in the order of their bits. The host owns it; a traced parse starts
-// it afresh and keeps its memory.
+// The elements of one structure in the order of their bits. You own the trace; a traced parse
+// clears it and keeps its memory.
 //
-// Elements that begin behind the end of the data are not listed, so that no data gives more
-// elements than it has bits.
+// Elements that begin past the end of the data are not listed, so a trace never has more elements
+// than the data has bits.
 struct h2645_common_trace {
     static constexpr unsigned int no_structure = 0xFFFFFFFF;
 
     std::vector<h2645_common_traced_element> elements;
     // In the order in which they begin. The parts of profile_tier_level() that give their elements
-    // a prefix are among them.
+    // a prefix are included.
     std::vector<h2645_common_traced_structure> structures;
     std::vector<unsigned int> indices;  // of all elements
 
@@ -69,7 +70,7 @@ struct h2645_common_trace {
 [[nodiscard]] KOVRAN_API h2645_common_element_name
 name_of(const h2645_common_trace& trace, const h2645_common_traced_element& element);
 
-// The name of an element or of a structure of `trace` behind the names of those that it stands in:
+// The name of an element or of a structure of `trace`, after the names of the structures around it:
 // vui_parameters.hrd_parameters.cpb_cnt_minus1[0].
 [[nodiscard]] KOVRAN_API std::string path_of(const h2645_common_trace& trace,
                                              const h2645_common_traced_element& element);

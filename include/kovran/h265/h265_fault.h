@@ -5,12 +5,12 @@
 
 namespace kovran {
 
-// Every parse_standard takes a fault as its last argument, and may be called without one. After
-// false it says where reading stopped and why; the record has what was read up to there, and is a
-// fresh record behind it, as it is altogether when memory ran out. After true its kind is none, or
-// trailing_bits for a parameter set that was read to its end.
+// Every parse_standard takes a fault as its optional last argument. After false the fault says
+// where reading stopped and why. The record has what was read up to there, and its other fields are
+// those of a fresh record; all fields are when memory ran out. After true the fault's kind is none,
+// or trailing_bits for a parameter set that was read to its end.
 //
-// A record used before keeps the memory of its arrays; nothing else of it is left.
+// A record that was used before keeps the memory of its arrays and nothing else.
 using h265_fault = h2645_common_fault;
 using h265_fault_kind = h2645_common_fault_kind;
 

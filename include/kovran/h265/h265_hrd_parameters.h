@@ -43,9 +43,9 @@ struct h265_hrd_parameters {
 
     bool valid = false;  // the latest parse succeeded
 
-    // Reads one structure. Elements that are absent keep what their fields held, which this parse
-    // then goes by: without common information the two present flags of an earlier parse, and
-    // low_delay_hrd_flag where it is not read.
+    // Reads one structure. Fields of absent elements keep their values, and this parse uses them:
+    // without common information the two present flags of an earlier parse, and low_delay_hrd_flag
+    // where it is not read.
     //
     // False, with `valid` false: maxNumSubLayersMinus1 or a cpb_cnt_minus1 that sizes a sub-layer
     // structure is above 127, or there is no memory. What was read before stays.
@@ -55,9 +55,9 @@ struct h265_hrd_parameters {
                           h2645_common_bitreader& reader, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh: low_delay_hrd_flag is
-    // false where it is absent, and an absent dpb_output_delay_length_minus1 is 23. Without common
-    // information there is none: that of an earlier structure is h265_nal_vps's to take over.
+    // The same by the standard's own rules, in a record that is reset first: an absent
+    // low_delay_hrd_flag is false, and an absent dpb_output_delay_length_minus1 is 23. Absent
+    // common information stays absent; only h265_nal_vps takes over that of an earlier structure.
     // False, with `valid` false: maxNumSubLayersMinus1 is above 6, a cpb_cnt_minus1 that sizes a
     // sub-layer structure above 31 or more than the data can hold, the data ends, or there is no
     // memory.

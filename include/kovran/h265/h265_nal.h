@@ -5,7 +5,7 @@
 
 namespace kovran {
 
-// nal_unit_type, table 7-1. Every value of 0 to 63 may be held; 41 and up have no name.
+// nal_unit_type, table 7-1. It may hold every value from 0 to 63; 41 and up have no name.
 enum h265_nal_unit_type : unsigned int {
     TRAIL_N = 0,
     TRAIL_R = 1,
@@ -58,9 +58,9 @@ struct h265_nal {
 
     bool valid = false;  // the latest header had a forbidden_zero_bit of 0
 
-    // Takes the header apart: `header` is the first byte of the NAL unit in bits 15 to 8, the
-    // second one in bits 7 to 0. A set forbidden_zero_bit makes `valid` false and leaves the rest
-    // as it was.
+    // Parses the header: `header` has the first byte of the NAL unit in bits 15 to 8, the second
+    // one in bits 7 to 0. A forbidden_zero_bit of 1 makes `valid` false and leaves the other fields
+    // unchanged.
     KOVRAN_API void decode_header(unsigned short header);
 
     // The header in 16 bits, or 0xFFFFFFFF when `valid` is false. The fields are not masked: a
@@ -68,7 +68,7 @@ struct h265_nal {
     [[nodiscard]] KOVRAN_API unsigned int encode_header() const;
 };
 
-// What each type of 0 to 40 is called and carries, for display. Types of equal text share one
+// The name and the content of each type from 0 to 40, for display. Types with equal text share one
 // string.
 extern KOVRAN_API const char* const h265_nal_unit_type_str[41];
 

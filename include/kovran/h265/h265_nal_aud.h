@@ -20,7 +20,7 @@ struct h265_nal_aud {
     KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same in a record that starts afresh.
+    // The same in a record that is reset first.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
                                    h265_fault* fault = nullptr);

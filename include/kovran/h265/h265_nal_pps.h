@@ -13,8 +13,7 @@
 
 namespace kovran {
 
-// pic_parameter_set_rbsp(), clause 7.3.2.3. The extension is passed over, and no variable is
-// derived.
+// pic_parameter_set_rbsp(), clause 7.3.2.3. The extension is skipped, and no variable is derived.
 struct h265_nal_pps {
     unsigned int pps_pic_parameter_set_id = 0;  // ue(v)
     unsigned int pps_seq_parameter_set_id = 0;  // ue(v)
@@ -71,8 +70,8 @@ struct h265_nal_pps {
     bool valid = false;  // the latest parse succeeded
 
     // Reads one RBSP; `reader` stands right after the two NAL unit header bytes. Of the SPS only
-    // its presence and `valid` matter, and nothing is inserted into `sps_store`. Elements that are
-    // absent keep what their fields held, except diff_cu_qp_delta_depth.
+    // its presence and `valid` matter. Nothing is inserted into `sps_store`. Fields of absent
+    // elements keep their values, except diff_cu_qp_delta_depth.
     //
     // False, with `valid` false: the SPS is not in the store, or not valid; num_tile_columns_minus1
     // or num_tile_rows_minus1 is above 128 and spacing is not uniform; the scaling lists cannot be
@@ -83,11 +82,12 @@ struct h265_nal_pps {
                           h2645_common_base_store<h265_nal_sps>& sps_store, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh: without tiles
+    // The same by the standard's own rules, in a record that is reset first: without tiles,
     // uniform_spacing_flag and loop_filter_across_tiles_enabled_flag are true, and predicted
     // scaling matrices are those of their references.
     //
-    // Its SPS may come later. One that is in the store tells what values are allowed, for a trace.
+    // Its SPS may come later. An SPS that is in the store decides, for a trace, which values are
+    // allowed.
     //
     // False, with `valid` false: pps_pic_parameter_set_id is above 63 or pps_seq_parameter_set_id
     // above 15; a list has more than 15 reference indices; spacing is not uniform and there are

@@ -91,7 +91,7 @@ enum h265_nal_sei_payload_type_suffix : unsigned int {
     h265_nal_sei_payload_type_suffix_coded_region_completion = 146,
 };
 
-// What a payload is called in the standard, for display; "" for any other value, never null.
+// The standard's name of a payload, for display; "" for any other value, never null.
 [[nodiscard]] KOVRAN_API const char* h265_nal_sei_payload_type_prefix_to_str(
     h265_nal_sei_payload_type_prefix t);
 [[nodiscard]] KOVRAN_API const char* h265_nal_sei_payload_type_suffix_to_str(

@@ -23,8 +23,8 @@ struct h265_nal_sei_active_parameter_sets {
 
     bool valid = false;  // the latest parse succeeded
 
-    // Reads one payload. Of the VPS vps_base_layer_internal_flag and vps_max_layers_minus1 are
-    // used; with the flag, entry 0 of layer_sps_idx is not in the stream. Nothing is inserted into
+    // Reads one payload. Of the VPS it uses vps_base_layer_internal_flag and vps_max_layers_minus1;
+    // with the flag set, entry 0 of layer_sps_idx is not in the stream. Nothing is inserted into
     // `vps_store`.
     //
     // False, with `valid` false: the VPS is not in the store, num_sps_ids_minus1 or the VPS's
@@ -35,7 +35,7 @@ struct h265_nal_sei_active_parameter_sets {
                           h2645_common_base_store<h265_nal_vps>& vps_store, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh: layers count up to 62.
+    // The same by the standard's own rules, in a record that is reset first: layers count up to 62.
     // False, with `valid` false: the VPS is not in the store, num_sps_ids_minus1 or an SPS
     // identifier is above 15, the data ends, or there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,

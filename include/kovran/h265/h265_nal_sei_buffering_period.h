@@ -45,10 +45,10 @@ struct h265_nal_sei_buffering_period {
     bool valid = false;  // a parse has succeeded and no SPS was missing since
 
     // Reads one payload; `reader` ends where the payload does. The HRD parameters in the VUI of the
-    // SPS are used as they stand: neither their presence flags nor `valid` of the SPS are looked
-    // at. Elements that are absent keep what their fields held.
+    // SPS are used unchecked: their presence flags and `valid` of the SPS are ignored. Fields of
+    // absent elements keep their values.
     //
-    // False, with `valid` false: the SPS is not in the store. False, with `valid` as it was (go by
+    // False, with `valid` false: the SPS is not in the store. False, with `valid` unchanged (test
     // the return value): the SPS never had HRD parameters, cpb_cnt_minus1[0] is above 127, or there
     // is no memory.
     KOVRAN_API bool parse(h2645_common_bitreader& reader,
@@ -57,10 +57,10 @@ struct h265_nal_sei_buffering_period {
                           const h2645_common_base_store<h265_nal_sps>& sps_store, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh: CpbCnt is that of the
-    // highest sub-layer, and irap_cpb_params_present_flag is false where it is absent. False, with
-    // `valid` false: bp_seq_parameter_set_id is above 15 or its SPS not in the store; the SPS has
-    // no HRD parameters; CpbCnt is above 32; the data ends; or there is no memory.
+    // The same by the standard's own rules, in a record that is reset first: CpbCnt is that of the
+    // highest sub-layer, and an absent irap_cpb_params_present_flag is false. False, with `valid`
+    // false: bp_seq_parameter_set_id is above 15 or its SPS not in the store; the SPS has no HRD
+    // parameters; CpbCnt is above 32; the data ends; or there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    const h2645_common_base_store<h265_nal_sps>& sps_store,
                                    h265_fault* fault = nullptr);

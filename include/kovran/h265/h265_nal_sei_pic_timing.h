@@ -30,16 +30,15 @@ struct h265_nal_sei_pic_timing {
     std::vector<unsigned int>
         du_cpb_removal_delay_increment_minus1;  // u(v), unless common; not for the last
 
-    bool du_info_present = false;         // decoding unit information was read, ever
+    bool du_info_present = false;         // decoding unit information was read at least once
     bool cpb_dpb_delays_present = false;  // CpbDpbDelaysPresentFlag
 
     bool valid = false;  // a parse has succeeded and no active SPS was missing since
 
-    // Reads one payload, by the VUI and HRD parameters of `sps` as they stand: neither their
-    // presence flags nor `valid` are looked at. Elements that are absent keep what their fields
-    // held.
+    // Reads one payload, by the VUI and HRD parameters of `sps`, unchecked: their presence flags
+    // and `valid` are ignored. Fields of absent elements keep their values.
     //
-    // False, with `valid` as it was (go by the return value) and du_info_present set:
+    // False, with `valid` unchanged (test the return value) and du_info_present set:
     // num_decoding_units_minus1 is above 127, or there is no memory.
     KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_nal_sps& sps);
     KOVRAN_API bool parse(h2645_common_bitreader& reader, const h265_nal_sps& sps,
@@ -52,8 +51,8 @@ struct h265_nal_sei_pic_timing {
                           const h2645_common_base_store<h265_nal_sps>& store, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same two by the standard's own rules, in a record that starts afresh: decoding unit
-    // information is there when both sub-picture flags are set, and an absent source_scan_type
+    // The same two by the standard's own rules, in a record that is reset first: decoding unit
+    // information is present when both sub-picture flags are set, and an absent source_scan_type
     // follows from the general profile's source flags. False, with `valid` false, when there are
     // more decoding units than the picture has coding tree blocks (139,264 at the most) or than the
     // data can hold, no active SPS, or no memory, or the data ends.

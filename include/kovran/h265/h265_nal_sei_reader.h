@@ -8,8 +8,8 @@
 
 namespace kovran {
 
-// Walks the messages of an SEI NAL unit, sei_rbsp(), clause 7.3.2.4. All pointers point into the
-// host's bytes, which must outlive it; it allocates nothing and may be copied.
+// Walks the messages of an SEI NAL unit, sei_rbsp(), clause 7.3.2.4. All pointers point into your
+// bytes, which must outlive it. It allocates nothing and may be copied.
 //
 //     h265_nal_sei_reader messages(rbsp, rbsp + size, reader.nal.nal_unit_type);
 //     while (messages.next_message()) {
@@ -39,8 +39,8 @@ struct h265_nal_sei_reader {
     KOVRAN_API void set_ptr(unsigned char* rbsp_begin, unsigned char* rbsp_end,
                             h265_nal_unit_type type);
 
-    // Reads the next message; true when there was one, be it truncated. False when fewer than two
-    // bytes are left, or payloadType or payloadSize is cut off by the end: `cursor` is then at
+    // Reads the next message; true when there was one, even a truncated one. False when fewer than
+    // two bytes are left, or payloadType or payloadSize is cut off by the end: `cursor` is then at
     // `end` and the field that was cut off is 0xFFFFFFFF.
     KOVRAN_API bool next_message();
 };

@@ -16,8 +16,7 @@
 
 namespace kovran {
 
-// seq_parameter_set_rbsp(), clause 7.3.2.2. The extension is passed over, and no variable is
-// derived.
+// seq_parameter_set_rbsp(), clause 7.3.2.2. The extension is skipped, and no variable is derived.
 struct h265_nal_sps {
     unsigned char sps_video_parameter_set_id = 0;  // u(4)
     unsigned char sps_max_sub_layers_minus1 = 0;   // u(3)
@@ -87,7 +86,7 @@ struct h265_nal_sps {
     bool valid = false;  // the latest parse succeeded
 
     // Reads one RBSP; `reader` stands right after the two NAL unit header bytes. Nothing is
-    // inserted into `vps_store`. Elements that are absent keep what their fields held.
+    // inserted into `vps_store`. Fields of absent elements keep their values.
     //
     // False, with `valid` false: the VPS is not in the store, or not valid; one of the structures
     // in the SPS cannot be read; num_short_term_ref_pic_sets or num_long_term_ref_pics_sps is above
@@ -98,14 +97,14 @@ struct h265_nal_sps {
                           h2645_common_base_store<h265_nal_vps>& vps_store, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh. Predicted sets end with
-    // their pictures, in chains as well; ordering information that only the highest sub-layer has
-    // in the stream holds for all; absent profiles and levels of sub-layers are those of the layer
-    // above, predicted scaling matrices those of their references, and absent VUI elements,
-    // with a VUI or without one, have the values of clause E.3.1.
+    // The same by the standard's own rules, in a record that is reset first. Predicted sets get
+    // their pictures, in chains as well; ordering information that is coded only for the highest
+    // sub-layer applies to all; absent profiles and levels of sub-layers are those of the layer
+    // above, predicted scaling matrices those of their references, and absent VUI elements, with a
+    // VUI or without one, have the values of clause E.3.1.
     //
-    // The SPS is one of the base layer. One whose first 3-bit field is 7, which announces the
-    // syntax of clause F.7.3.2.2, is refused. Its VPS may come later: `vps_store` is not looked at.
+    // The SPS must belong to the base layer. An SPS whose first 3-bit field is 7, which announces
+    // the syntax of clause F.7.3.2.2, is refused. The VPS may come later: `vps_store` is not used.
     //
     // False, with `valid` false: sps_max_sub_layers_minus1 is 7, sps_seq_parameter_set_id above 15,
     // log2_max_pic_order_cnt_lsb_minus4 above 12, num_short_term_ref_pic_sets above 64,

@@ -25,16 +25,16 @@ struct h265_nal_sub_layer_hrd_parameters {
 
     bool valid = false;  // the latest parse succeeded
 
-    // Reads one structure of `cpb_count` CPB specifications, of `hrd` using
-    // sub_pic_hrd_params_present_flag.
-    // False when cpb_count is above 128 or there is no memory; `valid` is then false.
+    // Reads one structure of `cpb_count` CPB specifications; of `hrd` it uses
+    // sub_pic_hrd_params_present_flag. False when cpb_count is above 128 or there is no memory;
+    // `valid` is then false.
     KOVRAN_API bool parse(unsigned int subLayerId, unsigned int cpb_count,
                           const h265_hrd_parameters& hrd, h2645_common_bitreader& reader);
     KOVRAN_API bool parse(unsigned int subLayerId, unsigned int cpb_count,
                           const h265_hrd_parameters& hrd, h2645_common_bitreader& reader,
                           h265_trace& trace, h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh. False, with `valid`
+    // The same by the standard's own rules, in a record that is reset first. False, with `valid`
     // false: there are more than 32 CPB specifications or more than the data can hold, the data
     // ends, or there is no memory.
     KOVRAN_API bool parse_standard(unsigned int subLayerId, unsigned int cpb_count,

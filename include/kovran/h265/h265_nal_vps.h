@@ -12,7 +12,7 @@
 
 namespace kovran {
 
-// video_parameter_set_rbsp(), clause 7.3.2.1. The extension is passed over.
+// video_parameter_set_rbsp(), clause 7.3.2.1. The extension is skipped.
 struct h265_nal_vps {
     unsigned char vps_video_parameter_set_id = 0;   // u(4)
     bool vps_base_layer_internal_flag = false;      // u(1)
@@ -20,7 +20,7 @@ struct h265_nal_vps {
     unsigned char vps_max_layers_minus1 = 0;        // u(6)
     unsigned char vps_max_sub_layers_minus1 = 0;    // u(3)
     bool vps_temporal_id_nesting_flag = false;      // u(1)
-    unsigned short vps_reserved_0xffff_16bits = 0;  // u(16), as it stands
+    unsigned short vps_reserved_0xffff_16bits = 0;  // u(16), as coded
 
     h265_profile_tier_level profile_tier_level;
 
@@ -51,21 +51,21 @@ struct h265_nal_vps {
 
     bool valid = false;  // of the latest parse that set it: see parse
 
-    // Reads one RBSP; `reader` stands right after the two NAL unit header bytes. Elements that are
-    // absent keep what their fields held. The first HRD structure is read without common
-    // information unless the host sets cprms_present_flag[0] first, which the standard infers.
+    // Reads one RBSP; `reader` stands right after the two NAL unit header bytes. Fields of absent
+    // elements keep their values. The first HRD structure is read without common information unless
+    // you set cprms_present_flag[0] first, which the standard infers.
     //
     // False, with `valid` false: profile_tier_level cannot be read, or the trailing bits are
-    // malformed. False, with `valid` as it was (go by the return value): vps_num_layer_sets_minus1
+    // malformed. False, with `valid` unchanged (test the return value): vps_num_layer_sets_minus1
     // is above 127, vps_num_hrd_parameters above 128, an HRD structure cannot be read, or there is
     // no memory. What was read before stays.
     KOVRAN_API bool parse(h2645_common_bitreader& reader);
     KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh. cprms_present_flag[0]
+    // The same by the standard's own rules, in a record that is reset first. cprms_present_flag[0]
     // is true; an HRD structure without common information has that of the structure before it;
-    // ordering information that only the highest sub-layer has in the stream holds for all; absent
+    // ordering information that is coded only for the highest sub-layer applies to all; absent
     // profiles and levels of sub-layers are those of the layer above.
     //
     // False, with `valid` false: vps_max_sub_layers_minus1 is 7, vps_num_layer_sets_minus1 above

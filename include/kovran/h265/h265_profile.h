@@ -12,7 +12,7 @@ struct h265_profile {
         unsigned char minor = 0;
         unsigned char remainder = 0;  // 0 for every level of the standard
 
-        // Takes any general_level_idc or sub_layer_level_idc apart.
+        // Splits any general_level_idc or sub_layer_level_idc into these parts.
         KOVRAN_API void parse(unsigned char level_idc);
     };
 };

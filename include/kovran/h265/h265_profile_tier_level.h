@@ -13,11 +13,11 @@ namespace kovran {
 
 // profile_tier_level(), clause 7.3.3.
 struct h265_profile_tier_level {
-    // The general profile, tier and level, or those of a sub-layer; the elements without their
-    // prefix general_ or sub_layer_.
+    // The general profile, tier and level, or those of a sub-layer. The names of the elements are
+    // without the prefix general_ or sub_layer_.
     //
     // "Profile p" in the comments: profile_idc is p, or profile_compatibility_flag[p] is set.
-    // Fields whose elements are not in the stream keep what they held.
+    // Fields of absent elements keep their values.
     struct layer_t {
         std::vector<bool> profile_compatibility_flag;  // u(1) each: none before the profile was
                                                        // read once, then 32
@@ -49,9 +49,9 @@ struct h265_profile_tier_level {
 
         bool valid = false;  // a parse of this layer has succeeded
 
-        // Reads the parts that profile_present_flag and level_present_flag announce; the caller
-        // sets these two first. False when there is no memory for profile_compatibility_flag;
-        // `valid` is then as it was.
+        // Reads the parts that profile_present_flag and level_present_flag announce; set these two
+        // first. False when there is no memory for profile_compatibility_flag; `valid` is then
+        // unchanged.
         KOVRAN_API bool parse(h2645_common_bitreader& reader);
         KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_trace& trace,
                               h265_fault* fault = nullptr);
@@ -62,9 +62,9 @@ struct h265_profile_tier_level {
 
     bool valid = false;
 
-    // Reads one structure. Nothing is inferred for parts of a sub-layer that are absent.
+    // Reads one structure. Nothing is inferred for absent parts of a sub-layer.
     //
-    // False, with `valid` as it was: maxNumSubLayersMinus1 is above 128 (`general` has been read),
+    // False, with `valid` unchanged: maxNumSubLayersMinus1 is above 128 (`general` has been read),
     // or there is no memory for sub_layers. False, with `valid` false: there is no memory within a
     // layer; layers read before it keep their values.
     KOVRAN_API bool parse(bool profilePresentFlag, unsigned int maxNumSubLayersMinus1,
@@ -73,10 +73,9 @@ struct h265_profile_tier_level {
                           h2645_common_bitreader& reader, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh: the profile or level
-    // that a sub-layer does not have in the stream is that of the layer above it, `general` for the
-    // highest. False, with `valid` false: maxNumSubLayersMinus1 is above 6, the data ends, or there
-    // is no memory.
+    // The same by the standard's own rules, in a record that is reset first: an absent profile or
+    // level of a sub-layer is that of the layer above it, `general` for the highest. False, with
+    // `valid` false: maxNumSubLayersMinus1 is above 6, the data ends, or there is no memory.
     KOVRAN_API bool parse_standard(bool profilePresentFlag, unsigned int maxNumSubLayersMinus1,
                                    h2645_common_bitreader& reader, h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(bool profilePresentFlag, unsigned int maxNumSubLayersMinus1,

@@ -5,7 +5,7 @@
 
 namespace kovran {
 
-// A rule by which parse reads otherwise than H.265 says, on purpose. What a traced parse names in
+// A rule by which parse departs from H.265 on purpose. A traced parse names it in
 // h265_traced_element::rule.
 struct h265_rule {
     const char* name;
@@ -13,7 +13,7 @@ struct h265_rule {
     const char* meaning;  // a sentence: what the rule does, and what the standard says
 };
 
-// The rule of this name, or null. All of them that change how bits are read are known.
+// The rule with this name, or null. Every rule that changes how bits are read is known.
 [[nodiscard]] KOVRAN_API const h265_rule* h265_find_rule(const char* name);
 
 }  // namespace kovran

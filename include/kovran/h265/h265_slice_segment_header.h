@@ -17,8 +17,9 @@
 
 namespace kovran {
 
-// slice_segment_header(), clause 7.3.6.1, from its start to ref_pic_lists_modification(): what
-// tells which picture it belongs to, with which parameter sets, reference picture set and lists.
+// slice_segment_header(), clause 7.3.6.1, from its start to ref_pic_lists_modification(): the part
+// that tells which picture it belongs to, with which parameter sets, reference picture set and
+// lists.
 struct h265_slice_segment_header {
     bool first_slice_segment_in_pic_flag = false;  // u(1)
     bool no_output_of_prior_pics_flag = false;     // u(1) for IRAP types, or false
@@ -65,13 +66,13 @@ struct h265_slice_segment_header {
     bool valid = false;  // the latest parse succeeded
 
     // Reads the header of a VCL NAL unit of the given type; `reader` stands right after the two NAL
-    // unit header bytes, and afterwards where reading stopped. That is after slice_segment_address
-    // in a dependent slice segment, before num_ref_idx_active_override_flag in an I slice, and
-    // after the list modification otherwise. Nothing is inserted into the stores. Elements that are
-    // absent keep what their fields held, so that in a record that is used again:
+    // unit header bytes. Afterwards it stands where reading stopped: after slice_segment_address in
+    // a dependent slice segment, before num_ref_idx_active_override_flag in an I slice, and after
+    // the list modification otherwise. Nothing is inserted into the stores. Fields of absent
+    // elements keep their values. In a record that is used again, therefore:
     //
-    //  - a dependent_slice_segment_flag that an earlier parse left set ends this one as well, in
-    //    the first segment of a picture;
+    //  - a dependent_slice_segment_flag that an earlier parse left set also ends this one, in the
+    //    first segment of a picture;
     //  - of the long-term arrays only entry 0 is cleared.
     //
     // False, with `valid` false: the PPS, its SPS or its VPS is not in the store (their `valid`
@@ -81,8 +82,7 @@ struct h265_slice_segment_header {
     // Throws std::bad_alloc or std::length_error when an array cannot grow: the long-term arrays,
     // and the lists of the modification, have no bound in the syntax. More than 1,048,576 entries
     // are refused that way before anything is allocated, unless the answer is false anyway. `valid`
-    // is then false. A host that catches keeps its record; one that does not want this parses into
-    // a copy.
+    // is then false. The record keeps what was read; parse into a copy if you do not want that.
     KOVRAN_API bool parse(h2645_common_bitreader& reader,
                           h2645_common_base_store<h265_nal_pps>& pps_store,
                           h2645_common_base_store<h265_nal_sps>& sps_store,
@@ -95,24 +95,24 @@ struct h265_slice_segment_header {
                           h265_nal_unit_type nal_unit_type, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh; the parameter sets must
-    // have been read this way too. The NAL unit is one of the base layer. Indices have
+    // The same by the standard's own rules, in a record that is reset first; the parameter sets
+    // must have been read this way too. The NAL unit must belong to the base layer. Indices have
     // Ceil(Log2(n)) bits; slice_temporal_mvp_enabled_flag is read whenever the SPS enables it,
     // unless the picture is IDR; an SPS without long-term candidates still allows long-term
     // pictures. A long-term entry that names a candidate has its poc_lsb_lt and
     // used_by_curr_pic_lt_flag, and NumPicTotalCurr is that of equation 7-55.
     //
-    // In a dependent slice segment what is not read is as in a fresh record, but for CurrRpsIdx and
-    // the two num_ref_idx_lX_active_minus1, which have the values that they begin with: the
-    // header's are those of the independent slice segment before it, which the host has.
+    // In a dependent slice segment the fields that are not read are as in a fresh record, except
+    // CurrRpsIdx and the two num_ref_idx_lX_active_minus1, which have their starting values. Take
+    // the values of the header from the independent slice segment before it.
     //
     // False, with `valid` false: as above, except for the last reason; or the PPS identifier is
     // above 63, slice_type above 2, short_term_ref_pic_set_idx or lt_idx_sps beyond what the SPS
     // has, num_long_term_sps above what it has, or there are more than 16 long-term pictures or 15
     // reference indices in a list; the data ends before the part that is read; or whether there is
-    // a list modification hangs on pps_curr_pic_ref_enabled_flag, which is in the extension data of
-    // a PPS for screen content. Throws std::bad_alloc when there is no memory; the record is then a
-    // fresh one.
+    // a list modification depends on pps_curr_pic_ref_enabled_flag, which is in the extension data
+    // of a PPS for screen content. Throws std::bad_alloc when there is no memory; the record is
+    // then a fresh one.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    h2645_common_base_store<h265_nal_pps>& pps_store,
                                    h2645_common_base_store<h265_nal_sps>& sps_store,

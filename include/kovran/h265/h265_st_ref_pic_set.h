@@ -12,8 +12,8 @@ namespace kovran {
 
 struct h265_nal_sps;
 
-// st_ref_pic_set(), clause 7.3.7, as it is coded. A predicted set ends without pictures: the lists
-// of equations 7-61 and 7-62 are not derived.
+// st_ref_pic_set(), clause 7.3.7, as it is coded. A predicted set gets no pictures: the lists of
+// equations 7-61 and 7-62 are not derived.
 struct h265_st_ref_pic_set {
     int deltaRps = 0;  // (1 - 2 * delta_rps_sign) * (abs_delta_rps_minus1 + 1), in a predicted set
     unsigned int stRpsIdx = 0;      // as given to parse
@@ -28,7 +28,7 @@ struct h265_st_ref_pic_set {
     std::vector<bool> used_by_curr_pic_flag;  // u(1), NumDeltaPocs of the reference + 1
     std::vector<bool> use_delta_flag;         // u(1), or true where the flag above is
 
-    // A set that is coded outright.
+    // A set that is coded explicitly.
     unsigned int num_negative_pics = 0;             // ue(v), or 0 in a predicted set
     unsigned int num_positive_pics = 0;             // ue(v), or 0 in a predicted set
     std::vector<unsigned int> delta_poc_s0_minus1;  // ue(v), num_negative_pics entries
@@ -38,9 +38,9 @@ struct h265_st_ref_pic_set {
 
     bool valid = false;  // the latest parse succeeded
 
-    // Reads the set with index `idx`: of an SPS, or with num_short_term_ref_pic_sets of `sps` that
-    // of a slice segment header. `sets` are those of the SPS, and may hold this record. Vectors of
-    // the coding that is not used keep what they held.
+    // Reads the set with index `idx` of an SPS, or that of a slice segment header when `idx` is
+    // num_short_term_ref_pic_sets of `sps`. `sets` are those of the SPS, and may hold this record.
+    // Vectors of the coding that is not used keep their values.
     //
     // False, with `valid` false: the reference is outside `sets`, has more than 127 pictures, or
     // fewer than its own two counts say; num_negative_pics or num_positive_pics is above 128; or
@@ -51,10 +51,10 @@ struct h265_st_ref_pic_set {
                           const std::vector<h265_st_ref_pic_set>& sets, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh. A predicted set ends
-    // with its pictures, equations 7-61 and 7-62: num_negative_pics, num_positive_pics,
-    // NumDeltaPocs and the four arrays are as if it had been coded outright. The sets that it is
-    // predicted from must have been read this way too.
+    // The same by the standard's own rules, in a record that is reset first. A predicted set gets
+    // its pictures, equations 7-61 and 7-62: num_negative_pics, num_positive_pics, NumDeltaPocs and
+    // the four arrays are as if it had been coded explicitly. The sets that it is predicted from
+    // must have been read this way too.
     //
     // False, with `valid` false: the reference is outside `sets`, or its arrays do not fit its
     // counts; this set or the reference has more than 16 pictures; a predicted picture is outside

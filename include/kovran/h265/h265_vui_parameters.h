@@ -65,19 +65,19 @@ struct h265_vui_parameters {
 
     bool valid = false;  // the latest parse succeeded
 
-    // Reads one structure, of `sps` using sps_max_sub_layers_minus1. Elements that are absent keep
-    // what their fields held, and extended_sar_flag is never set back. False when the HRD
-    // parameters cannot be read; `valid` is then false, and what was read before stays.
+    // Reads one structure; of `sps` it uses sps_max_sub_layers_minus1. Fields of absent elements
+    // keep their values, and extended_sar_flag is never reset. False when the HRD parameters cannot
+    // be read; `valid` is then false, and what was read before stays.
     KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_nal_sps& sps);
     KOVRAN_API bool parse(h2645_common_bitreader& reader, h265_nal_sps& sps, h265_trace& trace,
                           h265_fault* fault = nullptr);
 
-    // The same by the standard's own rules, in a record that starts afresh: absent elements have
+    // The same by the standard's own rules, in a record that is reset first: absent elements have
     // the values of clause E.3.1 (video_format 5, colour descriptions 2,
     // motion_vectors_over_pic_boundaries_flag true, max_bytes_per_pic_denom 2,
     // max_bits_per_min_cu_denom 1, log2_max_mv_length_horizontal and _vertical 15), and
-    // extended_sar_flag tells of this VUI only. False, with `valid` false, when the HRD parameters
-    // cannot be read or the data ends.
+    // extended_sar_flag is that of this VUI alone. False, with `valid` false, when the HRD
+    // parameters cannot be read or the data ends.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_nal_sps& sps,
                                    h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_nal_sps& sps,
