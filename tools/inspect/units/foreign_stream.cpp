@@ -179,7 +179,7 @@ std::optional<foreign_stream> find_foreign_stream(const unsigned char* first,
     if (seen.h265) {
         return std::nullopt;
     }
-    if (const auto boxes = box_file(first, last, file)) {
+    if (auto boxes = box_file(first, last, file)) {
         return boxes;
     }
     if (has_text(first, last, 0, "\x1A\x45\xDF\xA3")) {
