@@ -4,16 +4,6 @@
 #include <string_view>
 
 namespace kovran {
-namespace {
-
-bool same(const h2645_common_element_name& a, const h2645_common_element_name& b) {
-    return std::string_view(a.name) == b.name && std::string_view(a.prefix) == b.prefix &&
-           a.index_count == b.index_count &&
-           std::equal(a.indices.begin(), a.indices.begin() + a.index_count, b.indices.begin());
-}
-
-}  // namespace
-
 void fault_finder::start() {
     fault_ = {};
     reads_ = 0;
@@ -21,7 +11,7 @@ void fault_finder::start() {
 }
 
 void fault_finder::open(const h2645_common_element_name& structure) {
-    if (reads_ != 0 && last().depth > depth_ && !path_of_last_kept_) {
+    if (last().depth > depth_ && !path_of_last_kept_) {
         path_of_last_ = structures_;
         path_of_last_kept_ = true;
     }
@@ -45,14 +35,10 @@ void fault_finder::refuse(const h2645_common_element_name& name, std::size_t bit
     }
     for (std::size_t back = 0; back < std::min(reads_, latest_.size()); ++back) {
         const read_element& each = latest_[(reads_ - back) % latest_.size()];
-        if (same(each.name, name)) {
+        if (std::string_view(each.name.name) == name.name) {
             tell_value(each, highest);
             return;
         }
-    }
-    if (reads_ != 0 && !last().allowed.has(last().value)) {
-        tell_refusal_of_last();
-        return;
     }
     tell_value({name, bit, value, {}, depth_}, highest);
 }
@@ -101,10 +87,9 @@ bool fault_finder::tell(h2645_common_fault_kind kind, const read_element& culpri
 void fault_finder::tell_value(const read_element& culprit, std::int64_t highest) {
     const value_range allowed =
         culprit.allowed.has(culprit.value) ? up_to(highest) : culprit.allowed;
-    if (tell(h2645_common_fault_kind::value, culprit)) {
-        fault_.lowest = allowed.lowest;
-        fault_.highest = allowed.highest;
-    }
+    tell(h2645_common_fault_kind::value, culprit);
+    fault_.lowest = allowed.lowest;
+    fault_.highest = allowed.highest;
 }
 
 void fault_finder::tell_refusal_of_last() {

@@ -37,9 +37,12 @@ std::string missing_set_of(const h2645_common_fault& fault) {
     if (fault.parameter_set_id == no_id) {
         return std::string("no ") + fault.parameter_set + " is active";
     }
-    const std::string missing = std::string(fault.parameter_set) + ' ' +
-                                std::to_string(fault.parameter_set_id) + " is missing";
-    return *fault.element.name == '\0' ? missing : missing + ", needed by " + place_of(fault);
+    std::string text = std::string(fault.parameter_set) + ' ' +
+                       std::to_string(fault.parameter_set_id) + " is missing";
+    if (*fault.element.name != '\0') {
+        text += ", needed by " + place_of(fault);
+    }
+    return text;
 }
 
 }  // namespace

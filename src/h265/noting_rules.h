@@ -39,9 +39,8 @@ struct noting_rules : own_rules, rule_notes {
                                                         standard_rules::max_pics_in_reference_set};
     bound max_positive_pics(unsigned int num_negative_pics) {
         return {"max_positive_pics", own_rules::max_positive_pics(num_negative_pics),
-                num_negative_pics <= short_term_pictures::most
-                    ? standard_rules::max_positive_pics(num_negative_pics)
-                    : 0};
+                standard_rules::max_positive_pics(
+                    std::min<unsigned int>(num_negative_pics, short_term_pictures::most))};
     }
     static constexpr bound max_tile_columns_minus1 = {"max_tile_columns_minus1",
                                                       own_rules::max_tile_columns_minus1,
@@ -133,9 +132,7 @@ struct noting_rules : own_rules, rule_notes {
     }
     bound max_long_term_pics(unsigned int num_long_term_sps) {
         return {"max_long_term_pics", own_rules::max_long_term_pics(num_long_term_sps),
-                num_long_term_sps <= max_dpb_size
-                    ? standard_rules::max_long_term_pics(num_long_term_sps)
-                    : 0};
+                standard_rules::max_long_term_pics(std::min(num_long_term_sps, max_dpb_size))};
     }
 
     template <class Walker, class Slice, class Sps>

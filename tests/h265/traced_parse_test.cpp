@@ -5,9 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <new>
 #include <string>
 #include <vector>
 
+#include "support/allocation_failure.h"
 #include "support/bit_writer.h"
 #include "support/parameter_sets.h"
 #include "support/range_cases.h"
@@ -251,6 +253,43 @@ TEST(TracedParse, OfPictureTimingNeedsAnActiveSps) {
     h2645_common_base_store<h265_nal_sps> store;
     expect_same<h265_nal_sei_pic_timing>({}, store);
     expect_same<h265_nal_sei_pic_timing>({}, h265_nal_sps());
+}
+
+TEST(TracedParse, IsNotValidWithoutMemory) {
+    const bytes sps_bytes = test::sps_syntax().rbsp().bytes();
+    h2645_common_base_store<h265_nal_vps> store;
+    bool failed = true;
+    for (std::size_t n = 1; failed; ++n) {
+        h265_nal_sps sps;
+        h265_trace trace;
+        h2645_common_bitreader reader = reader_of(sps_bytes);
+        const test::allocation_failure failure(n);
+        bool read = false;
+        try {
+            read = sps.parse_standard(reader, store, trace);
+        } catch (const std::bad_alloc&) {
+        }
+        failed = failure.happened();
+        EXPECT_EQ(read, !failed);
+        EXPECT_EQ(sps.valid, read);
+    }
+}
+
+// A host may make a trace of its own, of whatever numbers.
+TEST(TracedParse, NamesWhatAListHolds) {
+    h265_trace trace;
+    trace.elements.resize(1);
+    trace.elements[0].name = "element";
+    trace.elements[0].index_count = 9;
+    trace.indices = {1, 2, 3, 4, 5, 6, 7, 8};
+    EXPECT_EQ(path_of(trace, trace.elements[0]), "element[1][2][3][4][5][6]");
+    trace.elements[0].first_index = 6;
+    EXPECT_EQ(path_of(trace, trace.elements[0]), "element[7][8]");
+    trace.structures.resize(1);
+    trace.structures[0].name.name = "structure";
+    trace.structures[0].parent = 0;  // in itself
+    trace.elements[0].structure = 0;
+    EXPECT_EQ(path_of(trace, trace.elements[0]), "structure.element[7][8]");
 }
 
 TEST(TracedParse, StartsItsListAfresh) {
