@@ -40,7 +40,7 @@ constexpr bounds own_bounds = {std::size_t{512} << 10, 128, std::size_t{1} << 16
 // HRD structures, of four bits at the least, take the most memory: twice, where a failed parse
 // reads its record once more. Decoding units of picture timing, of one bit at the least, take the
 // most bits: two elements of 32 each. Scaling lists take as many for any data.
-constexpr bounds standard_bounds = {std::size_t{64} << 10, 4096, std::size_t{1} << 16, 8 * 64};
+constexpr bounds standard_bounds = {std::size_t{64} << 10, 4096, std::size_t{1} << 16, 512};
 
 struct host {
     kovran::h2645_common_base_store<kovran::h265_nal_vps> vps;
