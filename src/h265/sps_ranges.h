@@ -11,15 +11,14 @@ namespace kovran {
 // What elements may be by the elements of an SPS before them. An SPS can hold anything, so every
 // sum is wide and every range may turn out empty.
 
-// SubWidthC and SubHeightC, table 6-1.
+// SubWidthC and SubHeightC, table 6-1; separate colour planes have format 3.
 template <class Sps>
 [[nodiscard]] unsigned int sub_width_c(const Sps& sps) {
-    const unsigned int format = sps.separate_colour_plane_flag ? 0 : sps.chroma_format_idc;
-    return format == 1 || format == 2 ? 2 : 1;
+    return sps.chroma_format_idc == 1 || sps.chroma_format_idc == 2 ? 2 : 1;
 }
 template <class Sps>
 [[nodiscard]] unsigned int sub_height_c(const Sps& sps) {
-    return !sps.separate_colour_plane_flag && sps.chroma_format_idc == 1 ? 2 : 1;
+    return sps.chroma_format_idc == 1 ? 2 : 1;
 }
 
 // A window's offsets leave at least one of so many samples, clauses 7.4.3.2.1 and E.3.1. `taken` is

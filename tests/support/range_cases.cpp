@@ -1,5 +1,6 @@
 #include "support/range_cases.h"
 
+#include <array>
 #include <cstddef>
 #include <utility>
 
@@ -135,6 +136,18 @@ void add_sizes(case_list<sps_values>& list) {
         sps.conf_win_top_offset = 100;
         sps.conf_win_bottom_offset = value;
     });
+    // 4:0:0, 4:2:2 and 4:4:4 have other units across, down or both.
+    for (const auto& [format, last_column, last_row] :
+         {std::array{0, 383, 255}, std::array{2, 191, 255}, std::array{3, 383, 255}}) {
+        list.at_most("conf_win_left_offset", 0, last_column, [=](auto& sps, auto value) {
+            sps.chroma_format_idc = format;
+            sps.conf_win_left_offset = value;
+        });
+        list.at_most("conf_win_top_offset", 0, last_row, [=](auto& sps, auto value) {
+            sps.chroma_format_idc = format;
+            sps.conf_win_top_offset = value;
+        });
+    }
     list.at_most("bit_depth_luma_minus8", 0, 8,
                  [](auto& sps, auto value) { sps.bit_depth_luma_minus8 = value; });
     list.at_most("bit_depth_chroma_minus8", 0, 8,
@@ -162,11 +175,16 @@ void add_sizes(case_list<sps_values>& list) {
 }
 
 void add_pcm(case_list<sps_values>& list) {
-    list.at_most("pcm_sample_bit_depth_luma_minus1", 0, 7, [](auto& sps, auto value) {
+    // Not above the bit depth, here 9 for luma and 10 for chroma.
+    list.at_most("pcm_sample_bit_depth_luma_minus1", 0, 8, [](auto& sps, auto value) {
+        sps.bit_depth_luma_minus8 = 1;
+        sps.bit_depth_chroma_minus8 = 2;
         sps.pcm_enabled_flag = true;
         sps.pcm_sample_bit_depth_luma_minus1 = value;
     });
-    list.at_most("pcm_sample_bit_depth_chroma_minus1", 0, 7, [](auto& sps, auto value) {
+    list.at_most("pcm_sample_bit_depth_chroma_minus1", 0, 9, [](auto& sps, auto value) {
+        sps.bit_depth_luma_minus8 = 1;
+        sps.bit_depth_chroma_minus8 = 2;
         sps.pcm_enabled_flag = true;
         sps.pcm_sample_bit_depth_chroma_minus1 = value;
     });
