@@ -27,12 +27,17 @@
 #include <kovran/h265/h265_nal_sub_layer_hrd_parameters.h>
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_nal_writer.h>
+#include <kovran/h265/h265_pps_range_extension.h>
+#include <kovran/h265/h265_pps_scc_extension.h>
+#include <kovran/h265/h265_pred_weight_table.h>
 #include <kovran/h265/h265_profile.h>
 #include <kovran/h265/h265_profile_tier_level.h>
 #include <kovran/h265/h265_ref_pic_lists_modification.h>
 #include <kovran/h265/h265_rules.h>
 #include <kovran/h265/h265_scaling_list_data.h>
 #include <kovran/h265/h265_slice_segment_header.h>
+#include <kovran/h265/h265_sps_range_extension.h>
+#include <kovran/h265/h265_sps_scc_extension.h>
 #include <kovran/h265/h265_st_ref_pic_set.h>
 #include <kovran/h265/h265_trace.h>
 #include <kovran/h265/h265_video_format.h>

@@ -54,6 +54,10 @@ void fault_finder::no_memory() {
     tell(h2645_common_fault_kind::no_memory, last());
 }
 
+void fault_finder::unknown_extension() {
+    tell(h2645_common_fault_kind::unknown_extension, last());
+}
+
 void fault_finder::trailing_bit(const h2645_common_element_name& name, std::size_t bit,
                                 std::int64_t value, std::int64_t expected) {
     if (tell(h2645_common_fault_kind::trailing_bits, {name, bit, value, {}, depth_})) {

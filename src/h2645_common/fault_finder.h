@@ -50,8 +50,12 @@ public:
                 std::int64_t highest);
     void missing(const char* parameter_set, unsigned int id);
     void no_memory();
+    void unknown_extension();
     void trailing_bit(const h2645_common_element_name& name, std::size_t bit, std::int64_t value,
                       std::int64_t expected);
+
+    // What has been told: it belongs to a part that is walked otherwise now.
+    void forget() { fault_ = {}; }
 
     void end(bool walked);
 

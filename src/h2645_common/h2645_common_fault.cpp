@@ -64,6 +64,8 @@ std::string to_string(const h2645_common_fault& fault) {
             return "not enough memory after " + place_of(fault);
         case kind::trailing_bits:
             return "malformed trailing bits: " + place_and_value_of(fault);
+        case kind::unknown_extension:
+            return "kept as data: no extension that is known follows " + place_of(fault);
     }
     return "no fault";
 }

@@ -38,6 +38,22 @@ struct inlined_bitreader : h2645_common_bitreader {
                     static_cast<std::ptrdiff_t>(address(current))) +
                (word_bits - vacant);
     }
+
+    // The bits before the last 1 bit of the data, which begins the trailing bits of an RBSP;
+    // negative behind it, and where there is none.
+    [[nodiscard]] std::ptrdiff_t bits_to_stop_bit() const {
+        const unsigned char* last = end;
+        std::ptrdiff_t behind = 0;
+        while (last != start && last[-1] == 0) {
+            --last;
+            behind += 8;
+        }
+        if (last == start) {
+            return -1;
+        }
+        behind += __builtin_ctz(last[-1]) + 1;
+        return bits_left() - behind;
+    }
 };
 
 }  // namespace kovran

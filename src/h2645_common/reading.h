@@ -72,6 +72,34 @@ public:
             reader.skip(1);
         }
     }
+    // The same, bit by bit into a field; false when there is no memory.
+    template <class Flags>
+    [[nodiscard]] bool extension_data(element<Flags&> flags) {
+        const std::size_t count = payload_bits_left();
+        if (!grow(count, flags.field)) {
+            return false;
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            flags.field[i] = reader.get<unsigned int>(1) != 0;
+        }
+        return true;
+    }
+
+    // Walks a part that may turn out not to be there. False when a description refuses it, or when
+    // it does not end before the trailing bits: the walk then stands where it stood before, and
+    // what the part has left in fields is for the caller to clear.
+    template <class WalkPart>
+    [[nodiscard]] bool attempt(WalkPart&& walk_part) {
+        const inlined_bitreader before = reader;
+        if (std::forward<WalkPart>(walk_part)() && payload_holds_all()) {
+            return true;
+        }
+        reader = before;
+        return false;
+    }
+
+    // What was to be an extension, and could not be read as one, is in the extension data.
+    void unknown_extension() {}
 
     void align() { reader.align(); }
     [[nodiscard]] bool more_rbsp_data() { return h2645_common_more_rbsp_data(reader); }
@@ -134,6 +162,15 @@ public:
         return valid;
     }
 
+    // The same for a structure that ends in byte_alignment(), whose first bit must be there.
+    [[nodiscard]] bool finish_aligned(bool& valid) {
+        valid = holds(1, 1);
+        reader.skip(1);
+        reader.align();
+        return valid;
+    }
+    [[nodiscard]] std::size_t byte_position() { return reader.bit_position() / 8; }
+
     // Fields that get their value without a read: flags, and others.
     template <class Flag>
     void set(Flag&& flag) {
@@ -173,6 +210,13 @@ protected:
         const std::ptrdiff_t left = reader.bits_left();
         return left >= 0 && entries * fewest_bits <= static_cast<std::uint64_t>(left);
     }
+
+    // The bits up to the last 1 bit of the data, which begins the trailing bits.
+    [[nodiscard]] std::size_t payload_bits_left() const {
+        const std::ptrdiff_t left = reader.bits_to_stop_bit();
+        return left > 0 ? static_cast<std::size_t>(left) : 0;
+    }
+    [[nodiscard]] bool payload_holds_all() const { return reader.bits_to_stop_bit() >= 0; }
 
 private:
     // What a field holds, by its reference; a flag of a bit vector has an object in place of one.

@@ -86,9 +86,52 @@ public:
     }
 
     void extension_data(const char* name) {
+        inlined_bitreader first = this->reader;
         reading<Rules>::extension_data(name);
-        if (this->reader.bit_position() != position_) {
-            tell(name, {}, "u(1)", width_of_latest(), 0, any_value);
+        const std::size_t width = width_of_latest();
+        if (width != 0) {  // a single flag has its value, others have none
+            tell(name, {}, "u(1)", width, width == 1 ? first.get<unsigned int>(1) : 0, any_value);
+        }
+    }
+
+    template <class Flags>
+    [[nodiscard]] bool extension_data(element<Flags&> flags) {
+        const std::size_t count = this->payload_bits_left();
+        if (!grow(count, flags.field)) {
+            return false;
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            u(1, indexed_element<decltype(flags.field[i])>{flags.name, flags.field[i], {}});
+        }
+        return true;
+    }
+
+    template <class WalkPart>
+    [[nodiscard]] bool attempt(WalkPart&& walk_part) {
+        const std::size_t elements = trace_ != nullptr ? listed() : 0;
+        const std::size_t structures = trace_ != nullptr ? trace_->structures.size() : 0;
+        const std::size_t indices = trace_ != nullptr ? trace_->indices.size() : 0;
+        const std::size_t position = position_;
+        const std::optional<fault_finder> finder = fault_;
+        if (reading<Rules>::attempt(std::forward<WalkPart>(walk_part))) {
+            return true;
+        }
+        position_ = position;
+        if (trace_ != nullptr) {
+            next_ = trace_->elements.data() + elements;
+            trace_->structures.resize(structures);
+            trace_->indices.resize(indices);
+        }
+        if (fault_ && !this->ran_out_of_memory()) {
+            fault_->forget();
+            fault_.emplace(*finder);
+        }
+        return false;
+    }
+
+    void unknown_extension() {
+        if (fault_) {
+            fault_->unknown_extension();
         }
     }
 
@@ -185,6 +228,18 @@ public:
         note_unless(whole, "data_may_end");
         note_unless(!whole || well_formed, "trailing_bits_decide");
         valid = Rules::trailing_bits_decide ? well_formed : whole;
+        return valid;
+    }
+
+    [[nodiscard]] bool finish_aligned(bool& valid) {
+        valid = this->holds(1, 1);
+        if (!valid) {
+            tell("alignment_bit_equal_to_one", {}, "f(1)", 1, 0, any_value);
+        }
+        static_cast<void>(trailing_bit("alignment_bit_equal_to_one", 1));
+        while (this->reader.bits_to_byte_boundary() != 0) {
+            static_cast<void>(trailing_bit("alignment_bit_equal_to_zero", 0));
+        }
         return valid;
     }
 

@@ -4,6 +4,7 @@
 #include "h2645_common/element.h"
 #include "h2645_common/value_range.h"
 #include "h265/h265_scaling_list_data.syntax.h"
+#include "h265/pps_extensions.syntax.h"
 #include "h265/pps_ranges.h"
 
 #include <cstdint>
@@ -123,8 +124,16 @@ template <class Walker, class Pps, class SpsStore>
     walk.u(1, ELEMENT(pps, slice_segment_header_extension_present_flag));
 
     walk.u(1, ELEMENT(pps, pps_extension_present_flag));
-    if (pps.pps_extension_present_flag) {
+    if (pps.pps_extension_present_flag && !walk.rules.knows_extensions()) {
         walk.extension_data("pps_extension_data_flag");
+    } else if (pps.pps_extension_present_flag &&
+               !walk.attempt([&] { return pps_extensions(walk, pps, sps); })) {
+        drop_extensions(pps);
+        walk.unknown_extension();
+        if (walk.ran_out_of_memory() ||
+            !walk.extension_data(ELEMENT(pps, pps_extension_data_flag))) {
+            return false;
+        }
     }
     return walk.finish_rbsp(pps.valid);
 }

@@ -8,6 +8,7 @@
 #include "h265/h265_scaling_list_data.syntax.h"
 #include "h265/h265_st_ref_pic_set.syntax.h"
 #include "h265/h265_vui_parameters.syntax.h"
+#include "h265/sps_extensions.syntax.h"
 #include "h265/sps_ranges.h"
 #include "h265/sub_layer_ordering.h"
 
@@ -172,8 +173,15 @@ template <class Walker, class Sps, class VpsStore>
     }
 
     walk.u(1, named("sps_extension_present_flag", sps.sps_extension_flag));
-    if (sps.sps_extension_flag) {
+    if (sps.sps_extension_flag && !walk.rules.knows_extensions()) {
         walk.extension_data("sps_extension_data_flag");
+    } else if (sps.sps_extension_flag && !walk.attempt([&] { return sps_extensions(walk, sps); })) {
+        drop_extensions(sps);
+        walk.unknown_extension();
+        if (walk.ran_out_of_memory() ||
+            !walk.extension_data(ELEMENT(sps, sps_extension_data_flag))) {
+            return false;
+        }
     }
     return walk.finish_rbsp(sps.valid);
 }

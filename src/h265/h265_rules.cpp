@@ -7,15 +7,15 @@ namespace kovran {
 namespace {
 
 constexpr std::array rules = {
-    h265_rule{"can_count_pictures", "7-55",
-              "The current picture is never counted among its reference pictures; where it might "
-              "be, the standard's reading fails."},
     h265_rule{"can_read_long_term_pics", "7.3.6.1",
               "A slice cannot have long-term pictures when its SPS lists none; by the standard it "
               "can."},
     h265_rule{"count_long_term_pics", "7-55",
               "Long-term pictures are counted by the flags of the SPS in order, not by those that "
               "the slice has or names."},
+    h265_rule{"counts_current_picture", "7-55",
+              "The current picture is never counted among its reference pictures; by the standard "
+              "it is where the PPS says so."},
     h265_rule{"cpb_cnt_minus1", "D.3.2",
               "A buffering period has the CPB count of sub-layer 0; by the standard, that of the "
               "highest sub-layer."},
@@ -60,6 +60,8 @@ constexpr std::array rules = {
         "the standard it never is."},
     h265_rule{"is_slice_type", "7.4.7.1",
               "A slice_type above 2 reads like an I slice; by the standard it is an error."},
+    h265_rule{"knows_extensions", "7.3.2",
+              "The extensions of an SPS and a PPS are skipped; by the standard they are read."},
     h265_rule{"max_active_sps_ids", "D.3.21",
               "Active parameter sets may name 128 SPSs; by the standard, 16."},
     h265_rule{"max_decoding_units_minus1", "D.3.3",

@@ -8,8 +8,10 @@
 #include "h2645_common/store_lookup.h"
 #include "h2645_common/value_range.h"
 #include "h2645_common/wrapping.h"
+#include "h265/h265_pred_weight_table.syntax.h"
 #include "h265/h265_ref_pic_lists_modification.syntax.h"
 #include "h265/h265_st_ref_pic_set.syntax.h"
+#include "h265/slice_ranges.h"
 #include "h265/slice_type.h"
 #include "h265/sps_ranges.h"
 
@@ -144,14 +146,164 @@ template <class Set>
 }
 
 // NumPicTotalCurr, equation 7-55.
-template <class Walker, class Slice, class Sps>
-[[nodiscard]] unsigned int num_pic_total_curr(Walker& walk, const Slice& slice, const Sps& sps) {
+template <class Walker, class Slice, class Pps, class Sps>
+[[nodiscard]] unsigned int num_pic_total_curr(Walker& walk, const Slice& slice, const Pps& pps,
+                                              const Sps& sps) {
     const auto* const set = short_term_set(slice, sps);
     return walk.rules.count_long_term_pics(slice, sps) +
-           (set != nullptr ? count_short_term_pics(*set) : 0);
+           (set != nullptr ? count_short_term_pics(*set) : 0) +
+           (walk.rules.counts_current_picture(pps) ? 1 : 0);
 }
 
-// slice_segment_header(), clause 7.3.6.1, up to ref_pic_lists_modification().
+// What slice_segment_header() has of the lists of reference pictures in P and B slices, clause
+// 7.3.6.1.
+template <class Walker, class Slice, class Pps, class Sps>
+[[nodiscard]] bool slice_ref_pic_lists(Walker& walk, Slice& slice, const Pps& pps, const Sps& sps) {
+    walk.u(1, ELEMENT(slice, num_ref_idx_active_override_flag));
+    if (slice.num_ref_idx_active_override_flag) {
+        walk.ue(ELEMENT(slice, num_ref_idx_l0_active_minus1), up_to(14));
+        if (slice.slice_type == slice_type_b) {
+            walk.ue(ELEMENT(slice, num_ref_idx_l1_active_minus1), up_to(14));
+        }
+    }
+    if (!can_have_references(walk, slice)) {
+        return false;
+    }
+    walk.assign(slice.NumPicTotalCurr, num_pic_total_curr(walk, slice, pps, sps));
+    return !pps.lists_modification_present_flag || slice.NumPicTotalCurr <= 1 ||
+           walk.structure(ELEMENT(slice, ref_pic_lists_modification), [&](auto& lists) {
+               return ref_pic_lists_modification(walk, lists, slice);
+           });
+}
+
+// The rest of what P and B slices have of their own, clause 7.3.6.1.
+template <class Walker, class Slice, class Pps, class Sps>
+[[nodiscard]] bool slice_inter_prediction(Walker& walk, Slice& slice, const Pps& pps,
+                                          const Sps& sps) {
+    const bool is_b = slice.slice_type == slice_type_b;
+    if (is_b) {
+        walk.u(1, ELEMENT(slice, mvd_l1_zero_flag));
+    }
+    if (pps.cabac_init_present_flag) {
+        walk.u(1, ELEMENT(slice, cabac_init_flag));
+    }
+    if (slice.slice_temporal_mvp_enabled_flag) {
+        if (is_b) {
+            walk.u(1, ELEMENT(slice, collocated_from_l0_flag));
+        }
+        const unsigned int last_entry = slice.collocated_from_l0_flag
+                                            ? slice.num_ref_idx_l0_active_minus1
+                                            : slice.num_ref_idx_l1_active_minus1;
+        if (last_entry > 0) {
+            walk.ue(ELEMENT(slice, collocated_ref_idx), up_to(last_entry));
+        }
+    }
+    if (is_b ? pps.weighted_bipred_flag : pps.weighted_pred_flag) {
+        if (!walk.structure(ELEMENT(slice, pred_weight_table), [&](auto& table) {
+                return pred_weight_table(walk, table, slice, pps, sps);
+            })) {
+            return false;
+        }
+    }
+    walk.ue(ELEMENT(slice, five_minus_max_num_merge_cand), up_to(4));
+    constexpr unsigned int by_slice = 2;
+    const unsigned int resolution = sps.sps_scc_extension.motion_vector_resolution_control_idc;
+    if (resolution == by_slice) {
+        walk.u(1, ELEMENT(slice, use_integer_mv_flag));
+    } else {
+        walk.assign(slice.use_integer_mv_flag, resolution != 0);
+    }
+    return true;
+}
+
+// Quantization and loop filters, clause 7.3.6.1.
+template <class Walker, class Slice, class Pps, class Sps>
+void slice_quantization_and_filters(Walker& walk, Slice& slice, const Pps& pps, const Sps& sps) {
+    walk.se(ELEMENT(slice, slice_qp_delta), slice_qp_delta_range(pps, sps));
+    if (pps.pps_slice_chroma_qp_offsets_present_flag) {
+        walk.se(ELEMENT(slice, slice_cb_qp_offset), slice_offset_range(pps.pps_cb_qp_offset, 0));
+        walk.se(ELEMENT(slice, slice_cr_qp_offset), slice_offset_range(pps.pps_cr_qp_offset, 0));
+    }
+    const auto& scc = pps.pps_scc_extension;
+    if (scc.pps_slice_act_qp_offsets_present_flag) {
+        walk.se(ELEMENT(slice, slice_act_y_qp_offset),
+                slice_offset_range(scc.pps_act_y_qp_offset_plus5, 5));
+        walk.se(ELEMENT(slice, slice_act_cb_qp_offset),
+                slice_offset_range(scc.pps_act_cb_qp_offset_plus5, 5));
+        walk.se(ELEMENT(slice, slice_act_cr_qp_offset),
+                slice_offset_range(scc.pps_act_cr_qp_offset_plus3, 3));
+    }
+    if (pps.pps_range_extension.chroma_qp_offset_list_enabled_flag) {
+        walk.u(1, ELEMENT(slice, cu_chroma_qp_offset_enabled_flag));
+    }
+
+    walk.assign(slice.slice_deblocking_filter_disabled_flag,
+                pps.pps_deblocking_filter_disabled_flag);
+    walk.assign(slice.slice_beta_offset_div2, pps.pps_beta_offset_div2);
+    walk.assign(slice.slice_tc_offset_div2, pps.pps_tc_offset_div2);
+    if (pps.deblocking_filter_override_enabled_flag) {
+        walk.u(1, ELEMENT(slice, deblocking_filter_override_flag));
+    }
+    if (slice.deblocking_filter_override_flag) {
+        walk.u(1, ELEMENT(slice, slice_deblocking_filter_disabled_flag));
+        if (!slice.slice_deblocking_filter_disabled_flag) {
+            walk.se(ELEMENT(slice, slice_beta_offset_div2), between(-6, 6));
+            walk.se(ELEMENT(slice, slice_tc_offset_div2), between(-6, 6));
+        }
+    }
+    walk.assign(slice.slice_loop_filter_across_slices_enabled_flag,
+                pps.pps_loop_filter_across_slices_enabled_flag);
+    if (pps.pps_loop_filter_across_slices_enabled_flag &&
+        (slice.slice_sao_luma_flag || slice.slice_sao_chroma_flag ||
+         !slice.slice_deblocking_filter_disabled_flag)) {
+        walk.u(1, ELEMENT(slice, slice_loop_filter_across_slices_enabled_flag));
+    }
+}
+
+// Entry points, extension and alignment, which dependent slice segments have as well, clause
+// 7.3.6.1.
+template <class Walker, class Slice, class Pps, class Sps>
+[[nodiscard]] bool slice_segment_end(Walker& walk, Slice& slice, const Pps& pps, const Sps& sps) {
+    if (pps.tiles_enabled_flag || pps.entropy_coding_sync_enabled_flag) {
+        const std::int64_t most = most_entry_points(pps, sps);
+        walk.ue(ELEMENT(slice, num_entry_point_offsets), up_to(most));
+        if (!walk.at_most(ELEMENT(slice, num_entry_point_offsets), most)) {
+            return false;
+        }
+        if (slice.num_entry_point_offsets > 0) {
+            walk.ue(ELEMENT(slice, offset_len_minus1), up_to(31));
+            const unsigned int width = wrapping_sum(slice.offset_len_minus1, 1);
+            if (!walk.at_most(ELEMENT(slice, offset_len_minus1), 31U) ||
+                !walk.data_holds(ELEMENT(slice, num_entry_point_offsets),
+                                 slice.num_entry_point_offsets, width)) {
+                return false;
+            }
+            walk.grow_or_throw(slice.num_entry_point_offsets, slice.entry_point_offset_minus1);
+            for (unsigned int i = 0; i < slice.num_entry_point_offsets; ++i) {
+                walk.u_v(static_cast<unsigned char>(width),
+                         ELEMENT(slice, entry_point_offset_minus1)[i]);
+            }
+        }
+    }
+    if (pps.slice_segment_header_extension_present_flag) {
+        walk.ue(ELEMENT(slice, slice_segment_header_extension_length), up_to(256));
+        if (!walk.at_most(ELEMENT(slice, slice_segment_header_extension_length), 256U) ||
+            !walk.data_holds(ELEMENT(slice, slice_segment_header_extension_length),
+                             slice.slice_segment_header_extension_length, /*fewest_bits=*/8)) {
+            return false;
+        }
+        walk.grow_or_throw(slice.slice_segment_header_extension_length,
+                           slice.slice_segment_header_extension_data_byte);
+        for (unsigned int i = 0; i < slice.slice_segment_header_extension_length; ++i) {
+            walk.u(8, ELEMENT(slice, slice_segment_header_extension_data_byte)[i]);
+        }
+    }
+    const bool read = walk.finish_aligned(slice.valid);
+    walk.assign(slice.slice_data_begin, walk.byte_position());
+    return read;
+}
+
+// slice_segment_header(), clause 7.3.6.1.
 template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsStore>
 [[nodiscard]] bool slice_segment_header(Walker& walk, Slice& slice, PpsStore& pps_store,
                                         SpsStore& sps_store, VpsStore& vps_store,
@@ -199,7 +351,8 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
     }
     if (walk.rules.is_dependent(slice)) {
         walk.rules.end_absent_structure(slice.st_ref_pic_set);
-        return walk.finish(slice.valid);
+        return walk.rules.stops_at_prediction ? walk.finish(slice.valid)
+                                              : slice_segment_end(walk, slice, *pps, *sps);
     }
 
     for (unsigned int i = 0; i < pps->num_extra_slice_header_bits; ++i) {
@@ -229,31 +382,19 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
             walk.u(1, ELEMENT(slice, slice_sao_chroma_flag));
         }
     }
-    if (slice.slice_type > slice_type_p) {
+    const bool is_inter = slice.slice_type <= slice_type_p;
+    if (is_inter && !slice_ref_pic_lists(walk, slice, *pps, *sps)) {
+        return false;
+    }
+    if (walk.rules.stops_at_prediction) {
         return walk.finish(slice.valid);
     }
-
-    walk.u(1, ELEMENT(slice, num_ref_idx_active_override_flag));
-    if (slice.num_ref_idx_active_override_flag) {
-        walk.ue(ELEMENT(slice, num_ref_idx_l0_active_minus1), up_to(14));
-        if (slice.slice_type == slice_type_b) {
-            walk.ue(ELEMENT(slice, num_ref_idx_l1_active_minus1), up_to(14));
-        }
-    }
-    if (!can_have_references(walk, slice)) {
+    walk.set(slice.collocated_from_l0_flag);
+    if (is_inter && !slice_inter_prediction(walk, slice, *pps, *sps)) {
         return false;
     }
-    walk.assign(slice.NumPicTotalCurr, num_pic_total_curr(walk, slice, *sps));
-    if (!walk.rules.can_count_pictures(slice, *pps, *sps)) {
-        return false;
-    }
-    if (pps->lists_modification_present_flag && slice.NumPicTotalCurr > 1 &&
-        !walk.structure(ELEMENT(slice, ref_pic_lists_modification), [&](auto& lists) {
-            return ref_pic_lists_modification(walk, lists, slice);
-        })) {
-        return false;
-    }
-    return walk.finish(slice.valid);
+    slice_quantization_and_filters(walk, slice, *pps, *sps);
+    return slice_segment_end(walk, slice, *pps, *sps);
 }
 
 }  // namespace kovran

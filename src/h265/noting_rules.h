@@ -66,6 +66,11 @@ struct noting_rules : own_rules, rule_notes {
     static constexpr bound max_active_sps_ids = {
         "max_active_sps_ids", own_rules::max_active_sps_ids, standard_rules::max_active_sps_ids};
 
+    bool knows_extensions() {
+        return decide("knows_extensions", own_rules::knows_extensions(),
+                      standard_rules::knows_extensions());
+    }
+
     template <class ParameterSet>
     bool has_named_set(const ParameterSet* named_set) {
         return decide("has_named_set", own_rules::has_named_set(named_set),
@@ -164,10 +169,10 @@ struct noting_rules : own_rules, rule_notes {
                       used_long_term_pics(slice, sps));
     }
 
-    template <class Slice, class Pps, class Sps>
-    bool can_count_pictures(const Slice& slice, const Pps& pps, const Sps& sps) {
-        return decide("can_count_pictures", own_rules::can_count_pictures(slice, pps, sps),
-                      standard_rules::can_count_pictures(slice, pps, sps));
+    template <class Pps>
+    bool counts_current_picture(const Pps& pps) {
+        return decide("counts_current_picture", own_rules::counts_current_picture(pps),
+                      standard_rules::counts_current_picture(pps));
     }
 
     template <class Hrd>

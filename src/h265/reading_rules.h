@@ -66,6 +66,10 @@ struct own_rules {
     static constexpr unsigned int max_log2_max_pic_order_cnt_lsb_minus4 = no_bound;
     static constexpr unsigned int max_ref_idx_active_minus1 = no_bound;
 
+    // Differs from clauses 7.3.2.2.1 and 7.3.2.3.1: the extensions of an SPS and a PPS are skipped,
+    // whatever they are.
+    static bool knows_extensions() { return false; }
+
     // Absent elements.
 
     // A structure that the stream does not have keeps what its record held.
@@ -219,10 +223,14 @@ struct own_rules {
     }
 
     // Differs from equation 7-55: the current picture is never counted.
-    template <class Slice, class Pps, class Sps>
-    static bool can_count_pictures(const Slice&, const Pps&, const Sps&) {
-        return true;
+    template <class Pps>
+    static bool counts_current_picture(const Pps&) {
+        return false;
     }
+
+    // Differs from clause 7.3.6.1: a header is read up to ref_pic_lists_modification(), that of a
+    // dependent slice segment up to its address.
+    static constexpr bool stops_at_prediction = true;
 
     // SEI messages.
 
@@ -297,6 +305,8 @@ struct standard_rules {
     static constexpr unsigned int max_pps_id = 63;
     static constexpr unsigned int max_log2_max_pic_order_cnt_lsb_minus4 = 12;
     static constexpr unsigned int max_ref_idx_active_minus1 = 14;
+
+    static bool knows_extensions() { return true; }
 
     // Absent elements.
 
@@ -512,16 +522,12 @@ struct standard_rules {
         return static_cast<unsigned int>(std::count(flags.begin(), flags.end(), true));
     }
 
-    // Whether the current picture counts as well stands in the PPS's extension, which is passed
-    // over, and decides on the list modification when there is another picture. Only the profiles
-    // of clauses A.3.7 and A.3.8 know it.
-    template <class Slice, class Pps, class Sps>
-    static bool can_count_pictures(const Slice& slice, const Pps& pps, const Sps& sps) {
-        const auto& general = sps.profile_tier_level.general;
-        return !pps.lists_modification_present_flag || !pps.pps_extension_present_flag ||
-               slice.NumPicTotalCurr == 0 ||
-               (!has_profile(general, 9) && !has_profile(general, 11));
+    template <class Pps>
+    static bool counts_current_picture(const Pps& pps) {
+        return pps.pps_scc_extension.pps_curr_pic_ref_enabled_flag;
     }
+
+    static constexpr bool stops_at_prediction = false;
 
     // SEI messages.
 
@@ -570,12 +576,6 @@ struct standard_rules {
     }
 
 private:
-    template <class Layer>
-    static bool has_profile(const Layer& layer, unsigned int profile) {
-        const auto& compatible = layer.profile_compatibility_flag;
-        return layer.profile_idc == profile || (profile < compatible.size() && compatible[profile]);
-    }
-
     template <class Walker, class Layer>
     static bool infer_profile(Walker& walk, Layer& layer, const Layer& above) {
         if (!walk.grow(above.profile_compatibility_flag.size(), layer.profile_compatibility_flag)) {

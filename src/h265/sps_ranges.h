@@ -11,6 +11,12 @@ namespace kovran {
 // What elements may be by the elements of an SPS before them. An SPS can hold anything, so every
 // sum is wide and every range may turn out empty.
 
+// ChromaArrayType, clause 7.4.3.2.1.
+template <class Sps>
+[[nodiscard]] unsigned int chroma_array_type(const Sps& sps) {
+    return sps.separate_colour_plane_flag ? 0 : sps.chroma_format_idc;
+}
+
 // SubWidthC and SubHeightC, table 6-1; separate colour planes have format 3.
 template <class Sps>
 [[nodiscard]] unsigned int sub_width_c(const Sps& sps) {
@@ -76,6 +82,10 @@ template <class Sps>
     return up_to(std::min(ctb_log2_size(sps), largest_tb_log2_size) - 3 -
                  std::int64_t{sps.log2_min_pcm_luma_coding_block_size_minus3});
 }
+
+// Of palettes and their predictors, in the profiles for screen content, clause A.3.7.
+inline constexpr unsigned int largest_palette = 64;
+inline constexpr unsigned int largest_palette_predictor = 128;
 
 // The pictures of a short-term set: no more than the decoded picture buffer of the highest
 // sub-layer holds beside the current one, clause 7.4.8.

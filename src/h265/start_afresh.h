@@ -10,6 +10,8 @@
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_slice_segment_header.h>
 
+#include <array>
+#include <cstddef>
 #include <type_traits>
 #include <vector>
 
@@ -33,9 +35,14 @@ inline void start_afresh(h265_vui_parameters& record);
 inline void start_afresh(h265_scaling_list_data& record);
 inline void start_afresh(h265_st_ref_pic_set& record);
 inline void start_afresh(h265_nal_vps& record);
+inline void start_afresh(h265_sps_range_extension& record);
+inline void start_afresh(h265_sps_scc_extension& record);
 inline void start_afresh(h265_nal_sps& record);
+inline void start_afresh(h265_pps_range_extension& record);
+inline void start_afresh(h265_pps_scc_extension& record);
 inline void start_afresh(h265_nal_pps& record);
 inline void start_afresh(h265_ref_pic_lists_modification& record);
+inline void start_afresh(h265_pred_weight_table& record);
 inline void start_afresh(h265_slice_segment_header& record);
 inline void start_afresh(h265_nal_sei_buffering_period& record);
 inline void start_afresh(h265_nal_sei_pic_timing& record);
@@ -55,6 +62,18 @@ void start_afresh(std::vector<Value>& array) {
             start_afresh(entry);
         }
     }
+}
+
+template <class Value, std::size_t Count>
+void start_afresh(std::array<Value, Count>& entries) {
+    for (Value& entry : entries) {
+        start_afresh(entry);
+    }
+}
+
+template <class Value, std::size_t Count>
+void start_afresh(std::vector<std::array<Value, Count>>& array) {
+    array.clear();
 }
 
 template <class Array>
@@ -219,6 +238,31 @@ inline void start_afresh(h265_nal_vps& record) {
         vps_extension_flag, valid);
 }
 
+inline void start_afresh(h265_sps_range_extension& record) {
+    auto& [transform_skip_rotation_enabled_flag, transform_skip_context_enabled_flag,
+           implicit_rdpcm_enabled_flag, explicit_rdpcm_enabled_flag,
+           extended_precision_processing_flag, intra_smoothing_disabled_flag,
+           high_precision_offsets_enabled_flag, persistent_rice_adaptation_enabled_flag,
+           cabac_bypass_alignment_enabled_flag] = record;
+    start_all_afresh(transform_skip_rotation_enabled_flag, transform_skip_context_enabled_flag,
+                     implicit_rdpcm_enabled_flag, explicit_rdpcm_enabled_flag,
+                     extended_precision_processing_flag, intra_smoothing_disabled_flag,
+                     high_precision_offsets_enabled_flag, persistent_rice_adaptation_enabled_flag,
+                     cabac_bypass_alignment_enabled_flag);
+}
+
+inline void start_afresh(h265_sps_scc_extension& record) {
+    auto& [sps_curr_pic_ref_enabled_flag, palette_mode_enabled_flag, palette_max_size,
+           delta_palette_max_predictor_size, sps_palette_predictor_initializers_present_flag,
+           sps_num_palette_predictor_initializers_minus1, sps_palette_predictor_initializer,
+           motion_vector_resolution_control_idc, intra_boundary_filtering_disabled_flag] = record;
+    start_all_afresh(
+        sps_curr_pic_ref_enabled_flag, palette_mode_enabled_flag, palette_max_size,
+        delta_palette_max_predictor_size, sps_palette_predictor_initializers_present_flag,
+        sps_num_palette_predictor_initializers_minus1, sps_palette_predictor_initializer,
+        motion_vector_resolution_control_idc, intra_boundary_filtering_disabled_flag);
+}
+
 inline void start_afresh(h265_nal_sps& record) {
     auto& [sps_video_parameter_set_id, sps_max_sub_layers_minus1, sps_temporal_id_nesting_flag,
            profile_tier_level, sps_seq_parameter_set_id, chroma_format_idc,
@@ -239,7 +283,9 @@ inline void start_afresh(h265_nal_sps& record) {
            long_term_ref_pics_present_flag, num_long_term_ref_pics_sps, lt_ref_pic_poc_lsb_sps,
            used_by_curr_pic_lt_sps_flag, sps_temporal_mvp_enabled_flag,
            strong_intra_smoothing_enabled_flag, vui_parameters_present_flag, vui_parameters,
-           sps_extension_flag, valid] = record;
+           sps_extension_flag, valid, sps_range_extension_flag, sps_multilayer_extension_flag,
+           sps_3d_extension_flag, sps_scc_extension_flag, sps_extension_4bits, sps_range_extension,
+           sps_scc_extension, sps_extension_data_flag] = record;
     start_all_afresh(
         sps_video_parameter_set_id, sps_max_sub_layers_minus1, sps_temporal_id_nesting_flag,
         profile_tier_level, sps_seq_parameter_set_id, chroma_format_idc, separate_colour_plane_flag,
@@ -259,7 +305,37 @@ inline void start_afresh(h265_nal_sps& record) {
         long_term_ref_pics_present_flag, num_long_term_ref_pics_sps, lt_ref_pic_poc_lsb_sps,
         used_by_curr_pic_lt_sps_flag, sps_temporal_mvp_enabled_flag,
         strong_intra_smoothing_enabled_flag, vui_parameters_present_flag, vui_parameters,
-        sps_extension_flag, valid);
+        sps_extension_flag, valid, sps_range_extension_flag, sps_multilayer_extension_flag,
+        sps_3d_extension_flag, sps_scc_extension_flag, sps_extension_4bits, sps_range_extension,
+        sps_scc_extension, sps_extension_data_flag);
+}
+
+inline void start_afresh(h265_pps_range_extension& record) {
+    auto& [log2_max_transform_skip_block_size_minus2, cross_component_prediction_enabled_flag,
+           chroma_qp_offset_list_enabled_flag, diff_cu_chroma_qp_offset_depth,
+           chroma_qp_offset_list_len_minus1, cb_qp_offset_list, cr_qp_offset_list,
+           log2_sao_offset_scale_luma, log2_sao_offset_scale_chroma] = record;
+    start_all_afresh(log2_max_transform_skip_block_size_minus2,
+                     cross_component_prediction_enabled_flag, chroma_qp_offset_list_enabled_flag,
+                     diff_cu_chroma_qp_offset_depth, chroma_qp_offset_list_len_minus1,
+                     cb_qp_offset_list, cr_qp_offset_list, log2_sao_offset_scale_luma,
+                     log2_sao_offset_scale_chroma);
+}
+
+inline void start_afresh(h265_pps_scc_extension& record) {
+    auto& [pps_curr_pic_ref_enabled_flag, residual_adaptive_colour_transform_enabled_flag,
+           pps_slice_act_qp_offsets_present_flag, pps_act_y_qp_offset_plus5,
+           pps_act_cb_qp_offset_plus5, pps_act_cr_qp_offset_plus3,
+           pps_palette_predictor_initializers_present_flag, pps_num_palette_predictor_initializers,
+           monochrome_palette_flag, luma_bit_depth_entry_minus8, chroma_bit_depth_entry_minus8,
+           pps_palette_predictor_initializer] = record;
+    start_all_afresh(pps_curr_pic_ref_enabled_flag, residual_adaptive_colour_transform_enabled_flag,
+                     pps_slice_act_qp_offsets_present_flag, pps_act_y_qp_offset_plus5,
+                     pps_act_cb_qp_offset_plus5, pps_act_cr_qp_offset_plus3,
+                     pps_palette_predictor_initializers_present_flag,
+                     pps_num_palette_predictor_initializers, monochrome_palette_flag,
+                     luma_bit_depth_entry_minus8, chroma_bit_depth_entry_minus8,
+                     pps_palette_predictor_initializer);
 }
 
 inline void start_afresh(h265_nal_pps& record) {
@@ -277,7 +353,10 @@ inline void start_afresh(h265_nal_pps& record) {
            deblocking_filter_override_enabled_flag, pps_deblocking_filter_disabled_flag,
            pps_beta_offset_div2, pps_tc_offset_div2, pps_scaling_list_data_present_flag,
            scaling_list_data, lists_modification_present_flag, log2_parallel_merge_level_minus2,
-           slice_segment_header_extension_present_flag, pps_extension_present_flag, valid] = record;
+           slice_segment_header_extension_present_flag, pps_extension_present_flag, valid,
+           pps_range_extension_flag, pps_multilayer_extension_flag, pps_3d_extension_flag,
+           pps_scc_extension_flag, pps_extension_4bits, pps_range_extension, pps_scc_extension,
+           pps_extension_data_flag] = record;
     start_all_afresh(
         pps_pic_parameter_set_id, pps_seq_parameter_set_id, dependent_slice_segments_enabled_flag,
         output_flag_present_flag, num_extra_slice_header_bits, sign_data_hiding_enabled_flag,
@@ -293,7 +372,9 @@ inline void start_afresh(h265_nal_pps& record) {
         pps_deblocking_filter_disabled_flag, pps_beta_offset_div2, pps_tc_offset_div2,
         pps_scaling_list_data_present_flag, scaling_list_data, lists_modification_present_flag,
         log2_parallel_merge_level_minus2, slice_segment_header_extension_present_flag,
-        pps_extension_present_flag, valid);
+        pps_extension_present_flag, valid, pps_range_extension_flag, pps_multilayer_extension_flag,
+        pps_3d_extension_flag, pps_scc_extension_flag, pps_extension_4bits, pps_range_extension,
+        pps_scc_extension, pps_extension_data_flag);
 }
 
 inline void start_afresh(h265_ref_pic_lists_modification& record) {
@@ -301,6 +382,18 @@ inline void start_afresh(h265_ref_pic_lists_modification& record) {
            list_entry_l1, valid] = record;
     start_all_afresh(ref_pic_list_modification_flag_l0, list_entry_l0,
                      ref_pic_list_modification_flag_l1, list_entry_l1, valid);
+}
+
+inline void start_afresh(h265_pred_weight_table& record) {
+    auto& [luma_log2_weight_denom, delta_chroma_log2_weight_denom, luma_weight_l0_flag,
+           chroma_weight_l0_flag, delta_luma_weight_l0, luma_offset_l0, delta_chroma_weight_l0,
+           delta_chroma_offset_l0, luma_weight_l1_flag, chroma_weight_l1_flag, delta_luma_weight_l1,
+           luma_offset_l1, delta_chroma_weight_l1, delta_chroma_offset_l1] = record;
+    start_all_afresh(luma_log2_weight_denom, delta_chroma_log2_weight_denom, luma_weight_l0_flag,
+                     chroma_weight_l0_flag, delta_luma_weight_l0, luma_offset_l0,
+                     delta_chroma_weight_l0, delta_chroma_offset_l0, luma_weight_l1_flag,
+                     chroma_weight_l1_flag, delta_luma_weight_l1, luma_offset_l1,
+                     delta_chroma_weight_l1, delta_chroma_offset_l1);
 }
 
 inline void start_afresh(h265_slice_segment_header& record) {
@@ -312,17 +405,33 @@ inline void start_afresh(h265_slice_segment_header& record) {
            delta_poc_msb_present_flag, delta_poc_msb_cycle_lt, slice_temporal_mvp_enabled_flag,
            slice_sao_luma_flag, slice_sao_chroma_flag, num_ref_idx_active_override_flag,
            num_ref_idx_l0_active_minus1, num_ref_idx_l1_active_minus1, ref_pic_lists_modification,
-           NumPicTotalCurr, CurrRpsIdx, valid] = record;
-    start_all_afresh(first_slice_segment_in_pic_flag, no_output_of_prior_pics_flag,
-                     slice_pic_parameter_set_id, dependent_slice_segment_flag,
-                     slice_segment_address, slice_type, pic_output_flag, colour_plane_id,
-                     slice_pic_order_cnt_lsb, short_term_ref_pic_set_sps_flag, st_ref_pic_set,
-                     short_term_ref_pic_set_idx, num_long_term_sps, num_long_term_pics, lt_idx_sps,
-                     poc_lsb_lt, used_by_curr_pic_lt_flag, delta_poc_msb_present_flag,
-                     delta_poc_msb_cycle_lt, slice_temporal_mvp_enabled_flag, slice_sao_luma_flag,
-                     slice_sao_chroma_flag, num_ref_idx_active_override_flag,
-                     num_ref_idx_l0_active_minus1, num_ref_idx_l1_active_minus1,
-                     ref_pic_lists_modification, NumPicTotalCurr, CurrRpsIdx, valid);
+           NumPicTotalCurr, CurrRpsIdx, valid, mvd_l1_zero_flag, cabac_init_flag,
+           collocated_from_l0_flag, collocated_ref_idx, pred_weight_table,
+           five_minus_max_num_merge_cand, use_integer_mv_flag, slice_qp_delta, slice_cb_qp_offset,
+           slice_cr_qp_offset, slice_act_y_qp_offset, slice_act_cb_qp_offset,
+           slice_act_cr_qp_offset, cu_chroma_qp_offset_enabled_flag,
+           deblocking_filter_override_flag, slice_deblocking_filter_disabled_flag,
+           slice_beta_offset_div2, slice_tc_offset_div2,
+           slice_loop_filter_across_slices_enabled_flag, num_entry_point_offsets, offset_len_minus1,
+           entry_point_offset_minus1, slice_segment_header_extension_length,
+           slice_segment_header_extension_data_byte, slice_data_begin] = record;
+    start_all_afresh(
+        first_slice_segment_in_pic_flag, no_output_of_prior_pics_flag, slice_pic_parameter_set_id,
+        dependent_slice_segment_flag, slice_segment_address, slice_type, pic_output_flag,
+        colour_plane_id, slice_pic_order_cnt_lsb, short_term_ref_pic_set_sps_flag, st_ref_pic_set,
+        short_term_ref_pic_set_idx, num_long_term_sps, num_long_term_pics, lt_idx_sps, poc_lsb_lt,
+        used_by_curr_pic_lt_flag, delta_poc_msb_present_flag, delta_poc_msb_cycle_lt,
+        slice_temporal_mvp_enabled_flag, slice_sao_luma_flag, slice_sao_chroma_flag,
+        num_ref_idx_active_override_flag, num_ref_idx_l0_active_minus1,
+        num_ref_idx_l1_active_minus1, ref_pic_lists_modification, NumPicTotalCurr, CurrRpsIdx,
+        valid, mvd_l1_zero_flag, cabac_init_flag, collocated_from_l0_flag, collocated_ref_idx,
+        pred_weight_table, five_minus_max_num_merge_cand, use_integer_mv_flag, slice_qp_delta,
+        slice_cb_qp_offset, slice_cr_qp_offset, slice_act_y_qp_offset, slice_act_cb_qp_offset,
+        slice_act_cr_qp_offset, cu_chroma_qp_offset_enabled_flag, deblocking_filter_override_flag,
+        slice_deblocking_filter_disabled_flag, slice_beta_offset_div2, slice_tc_offset_div2,
+        slice_loop_filter_across_slices_enabled_flag, num_entry_point_offsets, offset_len_minus1,
+        entry_point_offset_minus1, slice_segment_header_extension_length,
+        slice_segment_header_extension_data_byte, slice_data_begin);
 }
 
 inline void start_afresh(h265_nal_sei_buffering_period& record) {
@@ -369,6 +478,18 @@ inline void start_afresh(h265_nal_sei_active_parameter_sets& record) {
 inline void start_matrices_afresh(h265_scaling_list_data& lists) {
     start_all_afresh(lists.scaling_list_pred_mode_flag, lists.scaling_list_pred_matrix_id_delta,
                      lists.scaling_list_dc_coef_minus8, lists.ScalingList);
+}
+
+// What stands in the extensions of a parameter set, but for extension data.
+inline void drop_extensions(h265_nal_sps& sps) {
+    start_all_afresh(sps.sps_range_extension_flag, sps.sps_multilayer_extension_flag,
+                     sps.sps_3d_extension_flag, sps.sps_scc_extension_flag, sps.sps_extension_4bits,
+                     sps.sps_range_extension, sps.sps_scc_extension);
+}
+inline void drop_extensions(h265_nal_pps& pps) {
+    start_all_afresh(pps.pps_range_extension_flag, pps.pps_multilayer_extension_flag,
+                     pps.pps_3d_extension_flag, pps.pps_scc_extension_flag, pps.pps_extension_4bits,
+                     pps.pps_range_extension, pps.pps_scc_extension);
 }
 
 // What is left of the entries that start_afresh() keeps when the stream has no such structure:

@@ -20,6 +20,8 @@ enum class h2645_common_fault_kind : unsigned int {
     contradiction = 4,          // values that were read, or are in a store, do not fit together
     no_memory = 5,              // not enough for an array
     trailing_bits = 6,          // they are malformed; everything before them was read
+    unknown_extension = 7,      // what follows the element is none of the standard's extensions; it
+                                // was kept as extension data, and everything was read
 };
 
 // Why a structure could not be read, or what is wrong with one that was read: where reading

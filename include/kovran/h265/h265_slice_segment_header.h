@@ -9,10 +9,12 @@
 #include <kovran/h265/h265_nal_pps.h>
 #include <kovran/h265/h265_nal_sps.h>
 #include <kovran/h265/h265_nal_vps.h>
+#include <kovran/h265/h265_pred_weight_table.h>
 #include <kovran/h265/h265_ref_pic_lists_modification.h>
 #include <kovran/h265/h265_st_ref_pic_set.h>
 #include <kovran/h265/h265_trace.h>
 
+#include <cstddef>
 #include <vector>
 
 namespace kovran {
@@ -64,6 +66,46 @@ struct h265_slice_segment_header {
     unsigned int CurrRpsIdx = 0;       // num_short_term_ref_pic_sets stands for st_ref_pic_set
 
     bool valid = false;  // the latest parse succeeded
+
+    // The rest of the header; only parse_standard() reads it.
+
+    bool mvd_l1_zero_flag = false;             // u(1), B
+    bool cabac_init_flag = false;              // u(1), P and B when cabac_init_present_flag
+    bool collocated_from_l0_flag = false;      // u(1), B when slice_temporal_mvp_enabled_flag, or
+                                               // true
+    unsigned int collocated_ref_idx = 0;       // ue(v), when that list has several entries
+    h265_pred_weight_table pred_weight_table;  // P when weighted_pred_flag, B when
+                                               // weighted_bipred_flag
+    unsigned int five_minus_max_num_merge_cand = 0;  // ue(v), P and B
+    bool use_integer_mv_flag = false;                // u(1), P and B, or as the SPS says
+
+    int slice_qp_delta = 0;          // se(v)
+    int slice_cb_qp_offset = 0;      // se(v), when pps_slice_chroma_qp_offsets_present_flag
+    int slice_cr_qp_offset = 0;      // se(v), likewise
+    int slice_act_y_qp_offset = 0;   // se(v), when pps_slice_act_qp_offsets_present_flag
+    int slice_act_cb_qp_offset = 0;  // se(v), likewise
+    int slice_act_cr_qp_offset = 0;  // se(v), likewise
+    bool cu_chroma_qp_offset_enabled_flag = false;  // u(1), when chroma_qp_offset_list_enabled_flag
+
+    bool deblocking_filter_override_flag = false;        // u(1), when
+                                                         // deblocking_filter_override_enabled_flag
+    bool slice_deblocking_filter_disabled_flag = false;  // u(1), when that is set, or the PPS's
+    int slice_beta_offset_div2 = 0;                      // se(v), likewise, unless disabled
+    int slice_tc_offset_div2 = 0;                        // se(v), likewise
+    bool slice_loop_filter_across_slices_enabled_flag = false;  // u(1), or the PPS's
+
+    // In dependent slice segments as well.
+    unsigned int num_entry_point_offsets = 0;             // ue(v), with tiles or wavefronts
+    unsigned int offset_len_minus1 = 0;                   // ue(v), unless there are none
+    std::vector<unsigned int> entry_point_offset_minus1;  // u(v), num_entry_point_offsets of them
+    unsigned int slice_segment_header_extension_length =
+        0;  // ue(v), when
+            // slice_segment_header_extension_present_flag
+    std::vector<unsigned char> slice_segment_header_extension_data_byte;  // u(8), as many
+
+    // Derived: where slice_segment_data() begins, in bytes from the first one of the NAL unit's
+    // payload that the reader was made for, without emulation prevention bytes.
+    std::size_t slice_data_begin = 0;
 
     // Reads the header of a VCL NAL unit of the given type; `reader` stands right after the two NAL
     // unit header bytes. Afterwards it stands where reading stopped: after slice_segment_address in

@@ -69,10 +69,12 @@ constexpr std::array<std::string_view, 5> framing = {
 
 }  // namespace
 
+// Flags that were read one by one have a bit each.
 bool is_extension_data(const shown_element& element) {
     constexpr std::string_view ending = "_extension_data_flag";
     const std::string_view name = element.name.name;
-    return name.size() > ending.size() && name.substr(name.size() - ending.size()) == ending;
+    return element.width != 1 && name.size() > ending.size() &&
+           name.substr(name.size() - ending.size()) == ending;
 }
 
 std::string meaning_of(const shown_element& element) {

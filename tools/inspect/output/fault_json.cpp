@@ -24,6 +24,8 @@ const char* name_of(h265_fault_kind kind) {
             return "no_memory";
         case h265_fault_kind::trailing_bits:
             return "trailing_bits";
+        case h265_fault_kind::unknown_extension:
+            return "unknown_extension";
     }
     return "none";
 }

@@ -1,0 +1,109 @@
+#ifndef KOVRAN_SRC_H265_H265_PRED_WEIGHT_TABLE_SYNTAX_H
+#define KOVRAN_SRC_H265_H265_PRED_WEIGHT_TABLE_SYNTAX_H
+
+#include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
+#include "h265/slice_ranges.h"
+#include "h265/slice_type.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace kovran {
+
+// Whether an entry of a reference picture list is the current picture itself, clause 8.3.4. The
+// list repeats NumPicTotalCurr pictures, the last of which is the current one where the PPS says
+// so, and is cut off at its number of active entries. Picture order counts play no part in it.
+template <class Slice>
+[[nodiscard]] bool is_current_picture(const Slice& slice, bool is_list_1, unsigned int entry) {
+    const auto& lists = slice.ref_pic_lists_modification;
+    const bool is_modified = is_list_1 ? lists.ref_pic_list_modification_flag_l1
+                                       : lists.ref_pic_list_modification_flag_l0;
+    const auto& list_entry = is_list_1 ? lists.list_entry_l1 : lists.list_entry_l0;
+    const unsigned int last = slice.NumPicTotalCurr - 1;
+    const unsigned int place = is_modified ? list_entry[entry] : entry;
+    // Where the pictures are more than the entries of list 0, the current one takes the last entry.
+    const bool takes_last_entry = !is_list_1 && !is_modified &&
+                                  last > slice.num_ref_idx_l0_active_minus1 &&
+                                  entry == slice.num_ref_idx_l0_active_minus1;
+    return takes_last_entry || place % slice.NumPicTotalCurr == last;
+}
+
+// The weights of one list, clause 7.3.6.3. `has_flags` tells of an entry whether its flags are
+// coded.
+template <class Walker, class HasFlags>
+[[nodiscard]] bool list_weights(Walker& walk, unsigned int last_entry, const HasFlags& has_flags,
+                                const weight_ranges& ranges, element<std::vector<bool>&> luma_flag,
+                                element<std::vector<bool>&> chroma_flag,
+                                element<std::vector<int>&> luma_weight,
+                                element<std::vector<int>&> luma_offset,
+                                element<std::vector<std::array<int, 2>>&> chroma_weight,
+                                element<std::vector<std::array<int, 2>>&> chroma_offset) {
+    if (!walk.grow(last_entry + 1, luma_flag.field, chroma_flag.field, luma_weight.field,
+                   luma_offset.field, chroma_weight.field, chroma_offset.field)) {
+        return false;
+    }
+    for (unsigned int i = 0; i <= last_entry; ++i) {
+        if (has_flags(i)) {
+            walk.u(1, luma_flag[i]);
+        }
+    }
+    if (ranges.has_chroma) {
+        for (unsigned int i = 0; i <= last_entry; ++i) {
+            if (has_flags(i)) {
+                walk.u(1, chroma_flag[i]);
+            }
+        }
+    }
+    for (unsigned int i = 0; i <= last_entry; ++i) {
+        if (luma_flag.field[i]) {
+            walk.se(luma_weight[i], between(-128, 127));
+            walk.se(luma_offset[i], ranges.luma_offset);
+        }
+        if (chroma_flag.field[i]) {
+            for (std::size_t j = 0; j < 2; ++j) {
+                walk.se(chroma_weight[i][j], between(-128, 127));
+                walk.se(chroma_offset[i][j], ranges.delta_chroma_offset);
+            }
+        }
+    }
+    return true;
+}
+
+// pred_weight_table(), clause 7.3.6.3.
+template <class Walker, class Table, class Slice, class Pps, class Sps>
+[[nodiscard]] bool pred_weight_table(Walker& walk, Table& table, const Slice& slice, const Pps& pps,
+                                     const Sps& sps) {
+    const weight_ranges ranges = weight_ranges_of(sps);
+    walk.ue(ELEMENT(table, luma_log2_weight_denom), up_to(7));
+    if (ranges.has_chroma) {
+        walk.se(ELEMENT(table, delta_chroma_log2_weight_denom),
+                between(-std::int64_t{table.luma_log2_weight_denom},
+                        7 - std::int64_t{table.luma_log2_weight_denom}));
+    }
+    const bool may_be_current = pps.pps_scc_extension.pps_curr_pic_ref_enabled_flag;
+    const auto has_flags = [&](bool is_list_1) {
+        return [&slice, may_be_current, is_list_1](unsigned int entry) {
+            return !may_be_current || !is_current_picture(slice, is_list_1, entry);
+        };
+    };
+    if (!list_weights(walk, slice.num_ref_idx_l0_active_minus1, has_flags(/*is_list_1=*/false),
+                      ranges, ELEMENT(table, luma_weight_l0_flag),
+                      ELEMENT(table, chroma_weight_l0_flag), ELEMENT(table, delta_luma_weight_l0),
+                      ELEMENT(table, luma_offset_l0), ELEMENT(table, delta_chroma_weight_l0),
+                      ELEMENT(table, delta_chroma_offset_l0))) {
+        return false;
+    }
+    return slice.slice_type != slice_type_b ||
+           list_weights(walk, slice.num_ref_idx_l1_active_minus1, has_flags(/*is_list_1=*/true),
+                        ranges, ELEMENT(table, luma_weight_l1_flag),
+                        ELEMENT(table, chroma_weight_l1_flag), ELEMENT(table, delta_luma_weight_l1),
+                        ELEMENT(table, luma_offset_l1), ELEMENT(table, delta_chroma_weight_l1),
+                        ELEMENT(table, delta_chroma_offset_l1));
+}
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H265_H265_PRED_WEIGHT_TABLE_SYNTAX_H

@@ -1,0 +1,89 @@
+#ifndef KOVRAN_SRC_H265_SPS_EXTENSIONS_SYNTAX_H
+#define KOVRAN_SRC_H265_SPS_EXTENSIONS_SYNTAX_H
+
+#include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
+#include "h265/palette_predictor.syntax.h"
+#include "h265/sps_ranges.h"
+
+#include <cstdint>
+
+namespace kovran {
+
+// sps_range_extension(), clause 7.3.2.2.2.
+template <class Walker, class Extension>
+[[nodiscard]] bool sps_range_extension(Walker& walk, Extension& extension) {
+    walk.u(1, ELEMENT(extension, transform_skip_rotation_enabled_flag));
+    walk.u(1, ELEMENT(extension, transform_skip_context_enabled_flag));
+    walk.u(1, ELEMENT(extension, implicit_rdpcm_enabled_flag));
+    walk.u(1, ELEMENT(extension, explicit_rdpcm_enabled_flag));
+    walk.u(1, ELEMENT(extension, extended_precision_processing_flag));
+    walk.u(1, ELEMENT(extension, intra_smoothing_disabled_flag));
+    walk.u(1, ELEMENT(extension, high_precision_offsets_enabled_flag));
+    walk.u(1, ELEMENT(extension, persistent_rice_adaptation_enabled_flag));
+    walk.u(1, ELEMENT(extension, cabac_bypass_alignment_enabled_flag));
+    return true;
+}
+
+// sps_scc_extension(), clause 7.3.2.2.3.
+template <class Walker, class Extension, class Sps>
+[[nodiscard]] bool sps_scc_extension(Walker& walk, Extension& extension, const Sps& sps) {
+    walk.u(1, ELEMENT(extension, sps_curr_pic_ref_enabled_flag));
+    walk.u(1, ELEMENT(extension, palette_mode_enabled_flag));
+    if (extension.palette_mode_enabled_flag) {
+        walk.ue(ELEMENT(extension, palette_max_size), up_to(largest_palette));
+        walk.ue(ELEMENT(extension, delta_palette_max_predictor_size),
+                up_to(extension.palette_max_size == 0
+                          ? 0
+                          : largest_palette_predictor - std::int64_t{extension.palette_max_size}));
+        walk.u(1, ELEMENT(extension, sps_palette_predictor_initializers_present_flag));
+        if (extension.sps_palette_predictor_initializers_present_flag) {
+            walk.ue(ELEMENT(extension, sps_num_palette_predictor_initializers_minus1),
+                    up_to(std::int64_t{extension.palette_max_size} +
+                          extension.delta_palette_max_predictor_size - 1));
+            if (!walk.at_most(ELEMENT(extension, sps_num_palette_predictor_initializers_minus1),
+                              largest_palette_predictor - 1) ||
+                sps.bit_depth_luma_minus8 > 8 || sps.bit_depth_chroma_minus8 > 8 ||
+                !palette_predictor_initializers(
+                    walk, ELEMENT(extension, sps_palette_predictor_initializer),
+                    extension.sps_num_palette_predictor_initializers_minus1 + 1,
+                    sps.chroma_format_idc == 0, sps.bit_depth_luma_minus8,
+                    sps.bit_depth_chroma_minus8)) {
+                return false;
+            }
+        }
+    }
+    walk.u(2, ELEMENT(extension, motion_vector_resolution_control_idc), up_to(2));
+    walk.u(1, ELEMENT(extension, intra_boundary_filtering_disabled_flag));
+    return true;
+}
+
+// What follows sps_extension_present_flag, clause 7.3.2.2.1. Extensions of more than one layer are
+// not known: they, and what stands behind them, are extension data.
+template <class Walker, class Sps>
+[[nodiscard]] bool sps_extensions(Walker& walk, Sps& sps) {
+    walk.u(1, ELEMENT(sps, sps_range_extension_flag));
+    walk.u(1, ELEMENT(sps, sps_multilayer_extension_flag));
+    walk.u(1, ELEMENT(sps, sps_3d_extension_flag));
+    walk.u(1, ELEMENT(sps, sps_scc_extension_flag));
+    walk.u(4, ELEMENT(sps, sps_extension_4bits));
+    if (sps.sps_range_extension_flag &&
+        !walk.structure(ELEMENT(sps, sps_range_extension),
+                        [&](auto& extension) { return sps_range_extension(walk, extension); })) {
+        return false;
+    }
+    if (sps.sps_multilayer_extension_flag || sps.sps_3d_extension_flag) {
+        return walk.extension_data(ELEMENT(sps, sps_extension_data_flag));
+    }
+    if (sps.sps_scc_extension_flag &&
+        !walk.structure(ELEMENT(sps, sps_scc_extension),
+                        [&](auto& extension) { return sps_scc_extension(walk, extension, sps); })) {
+        return false;
+    }
+    return sps.sps_extension_4bits == 0 ||
+           walk.extension_data(ELEMENT(sps, sps_extension_data_flag));
+}
+
+}  // namespace kovran
+
+#endif  // KOVRAN_SRC_H265_SPS_EXTENSIONS_SYNTAX_H
