@@ -250,6 +250,31 @@ TEST(StandardVps, HasTheCommonInformationOfTheStructureBefore) {
     EXPECT_EQ(vps.hrd_parameters[3].elemental_duration_in_tc_minus1, values{6});
 }
 
+// NAL and VCL parameters with those of sub-pictures, each element with a value of its own; one
+// sub-layer of one CPB, coded alike in both structures.
+TEST(StandardVps, HasAllOfTheCommonInformationOfTheStructureBefore) {
+    test::bit_writer common;
+    common.u<1>(1).u<1>(1).u<1>(1).u<8>(200).u<5>(21).u<1>(1).u<5>(22);
+    common.u<4>(9).u<4>(10).u<4>(11).u<5>(29).u<5>(30).u<5>(31);
+    test::bit_writer sub_layer_of_all;
+    sub_layer_of_all.u<1>(1).ue(7).ue(0);
+    for (unsigned int i = 0; i < 2; ++i) {
+        sub_layer_of_all.ue(1).ue(2).ue(3).ue(4).u<1>(1);
+    }
+    test::vps_syntax syntax;
+    syntax.layer_sets = test::bit_writer().u<6>(0).ue(1).u<1>(1);
+    syntax.timing_info = timing_with_hrd(2).ue(0);
+    test::append(test::append(syntax.timing_info, common), sub_layer_of_all).ue(1).u<1>(0);
+    test::append(syntax.timing_info, sub_layer_of_all);
+    const auto vps = parsed<h265_nal_vps>(syntax);
+    ASSERT_EQ(vps.hrd_parameters.size(), 2U);
+    h265_hrd_parameters expected = vps.hrd_parameters[0];
+    EXPECT_EQ(expected.cpb_size_du_scale, 11U);
+    EXPECT_EQ(expected.vcl_sub_layer_hrd.at(0).bit_rate_du_value_minus1, values{4});
+    expected.commonInfPresentFlag = false;
+    EXPECT_TRUE(test::same_fields(vps.hrd_parameters[1], expected));
+}
+
 TEST(StandardVps, HasUpTo1024LayerSetsAndHrdStructures) {
     const auto with_layer_sets = [](unsigned int count) {
         test::vps_syntax syntax;

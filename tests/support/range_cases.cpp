@@ -315,6 +315,27 @@ void add_vui(case_list<sps_values>& list) {
     list.at_most("def_disp_win_top_offset", 0, 127, in_vui(&vui_values::def_disp_win_top_offset));
     list.at_most("def_disp_win_bottom_offset", 0, 127,
                  in_vui(&vui_values::def_disp_win_bottom_offset));
+    // Beside the conformance window, here 15 of 192 columns and 7 of 128 rows, and each other.
+    const auto in_window = [](element_value vui_values::*field) {
+        return [field](sps_values& sps, std::int64_t value) {
+            sps.conf_win_left_offset = 10;
+            sps.conf_win_right_offset = 5;
+            sps.conf_win_top_offset = 4;
+            sps.conf_win_bottom_offset = 3;
+            sps.vui_parameters_present_flag = true;
+            sps.vui.def_disp_win_left_offset = 20;
+            sps.vui.def_disp_win_top_offset = 30;
+            sps.vui.*field = value;
+        };
+    };
+    list.at_most("def_disp_win_left_offset", 0, 176,
+                 in_window(&vui_values::def_disp_win_left_offset));
+    list.at_most("def_disp_win_right_offset", 0, 156,
+                 in_window(&vui_values::def_disp_win_right_offset));
+    list.at_most("def_disp_win_top_offset", 0, 120,
+                 in_window(&vui_values::def_disp_win_top_offset));
+    list.at_most("def_disp_win_bottom_offset", 0, 90,
+                 in_window(&vui_values::def_disp_win_bottom_offset));
     list.at_least("vui_num_units_in_tick", 1, 0xFFFFFFFF,
                   in_vui(&vui_values::vui_num_units_in_tick));
     list.at_least("vui_time_scale", 1, 0xFFFFFFFF, in_vui(&vui_values::vui_time_scale));
