@@ -123,6 +123,23 @@ TEST(InspectFiles, FifoIsRead) {
     EXPECT_EQ(result.out, run({"nals", "--json", stream_path("mainstill")}).out);
 }
 
+// A message of 4 KiB, in many parts, while somebody else fills the pipe.
+TEST(InspectFiles, MessagesReachANonBlockingStandardError) {
+    full_pipe errors(full_pipe::writing::fails);
+    const std::string verb(4096, 'x');
+    program inspector({verb});
+    inspector.errors_into(errors.writing_end());
+    std::thread reader([&errors] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        errors.make_room();
+    });
+    const outcome result = inspector.run();
+    reader.join();
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(errors.text(), "kovran: The following argument was not expected: " + verb +
+                                 "\nRun kovran --help for more information.\n");
+}
+
 TEST(InspectFiles, OutputAboveTheSizeLimitIsAFailureOfEveryVerb) {
     const temporary_folder folder;
     const std::string in = stream_path("hm_ra16");
