@@ -273,5 +273,116 @@ TEST(InspectFaults, AreToldOfUnitsThatAreNotShown) {
     EXPECT_EQ(result.out.find("VPS_NUT"), std::string::npos);
 }
 
+// In a stream of lengths the zero bytes behind a unit are part of it; cabac_zero_words, too.
+TEST(InspectFaults, ZeroBytesBehindMessagesAreFine) {
+    const auto dump_of = [](const std::string& units) {
+        return program({"dump", "-", "--format", "length8"}).input(bytes(units)).run();
+    };
+    for (const char* const unit : {"06 5001 0501aa 80", "07 5001 0501aa 80 00",
+                                   "08 5001 0501aa 80 0000", "0b 5001 0501aa 80 0000 03 0000"}) {
+        const outcome result = dump_of(unit);
+        EXPECT_EQ(result.status, 0) << unit;
+        EXPECT_EQ(result.err, "") << unit;
+        EXPECT_NE(result.out.find("(payload type 5, 1 bytes)"), std::string::npos) << unit;
+        EXPECT_EQ(result.out.find("payload type 0"), std::string::npos) << unit;
+    }
+    // Of two zero bytes before the stop bit a message of type 0 and no bytes is made.
+    const outcome inside = dump_of("08 5001 0501aa 0000 80");
+    EXPECT_EQ(inside.status, 0);
+    EXPECT_NE(inside.out.find("(payload type 0, 0 bytes)"), std::string::npos);
+    // Of one, a message whose size is that of the stop bit.
+    const outcome one = dump_of("07 5001 0501aa 00 80");
+    EXPECT_EQ(one.status, 1);
+    EXPECT_NE(one.err.find("unit 0 at 1: SEI message payload_type_0 is truncated: 0 of 128 bytes "
+                           "are present\n"),
+              std::string::npos);
+    const outcome without_stop_bit = dump_of("07 5001 0501aa 0000");
+    EXPECT_EQ(without_stop_bit.status, 1);
+    EXPECT_EQ(without_stop_bit.err,
+              "kovran: standard input: unit 0 at 1: "
+              "the SEI messages are not followed by valid trailing bits\n");
+}
+
+TEST(InspectFaults, MessagesAreFollowedByTrailingBits) {
+    for (const char* const ending : {"80", "8000", "c0", "81", "40", ""}) {
+        const std::string unit = bytes("5001 0501aa") + bytes(ending);
+        const outcome result =
+            program({"dump", "-", "--format", "length8"}).input(length_prefixed({unit}, 1)).run();
+        EXPECT_EQ(result.status, std::string(ending).rfind("80", 0) == 0 ? 0 : 1) << ending;
+    }
+}
+
+TEST(InspectFaults, TheFirstLossOfEachParameterSetIsTold) {
+    // PPS 63, twice, with nothing behind the identifiers; slices that name it and PPS 62.
+    const std::string broken_pps = bytes("000001 4401 0205 80");
+    const std::string slice_of_63 = bytes("000001 0201 810040");
+    const std::string from = "kovran: standard input: ";
+    const outcome result =
+        program({"dump", "-"}).input(broken_pps + broken_pps + slice_of_63).run();
+    EXPECT_NE(result.err.find(from + "unit 2 at 19: PPS 63, which this slice uses, is missing: "
+                                     "the PPS of unit 0 could not be read\n"),
+              std::string::npos)
+        << result.err;
+}
+
+TEST(InspectFaults, ALostVpsExplainsWhatItMisses) {
+    // A VPS that ends behind its identifier; active parameter sets, and an SPS, that name it.
+    const std::string vps = bytes("000001 4001 0c");
+    const std::string from = "kovran: standard input: ";
+    const outcome message =
+        program({"dump", "-"}).input(vps + bytes("000001 4e01 810104 80")).run();
+    EXPECT_NE(message.err.find(from + "unit 1 at 9: SEI message active_parameter_sets cannot be "
+                                      "read: VPS 0, which this message uses, is missing: "
+                                      "the VPS of unit 0 could not be read\n"),
+              std::string::npos)
+        << message.err;
+}
+
+TEST(InspectFaults, AreOfTheirOwnUnitOnly) {
+    // A broken delimiter between good ones.
+    const outcome result = program({"dump", "--json", "-"})
+                               .input(bytes("000001 460150 000001 460140 000001 460150"))
+                               .run();
+    EXPECT_EQ(stretches(result).at(0).count("fault"), 0U);
+    EXPECT_EQ(stretches(result).at(1).count("fault"), 1U);
+    EXPECT_EQ(stretches(result).at(2).count("fault"), 0U);
+    EXPECT_EQ(stretches(result).at(2).count("faults"), 0U);
+    EXPECT_EQ(result.status, 1);
+}
+
+TEST(InspectFaults, TwoHundredFiftySixTextsAreKept) {
+    const auto lines_of = [](int units) {
+        std::string stream;
+        for (int i = 0; i < units; ++i) {
+            stream += bytes("000001 4001 000002 05");
+        }
+        const outcome result = program({"nals", "-"}).input(stream).run();
+        return std::count(result.err.begin(), result.err.end(), '\n');
+    };
+    EXPECT_EQ(lines_of(255), 255);
+    EXPECT_EQ(lines_of(256), 256);
+    EXPECT_EQ(lines_of(257), 257);
+    EXPECT_EQ(lines_of(258), 257);
+    const outcome one_more = [] {
+        std::string stream;
+        for (int i = 0; i < 257; ++i) {
+            stream += bytes("000001 4001 000002 05");
+        }
+        return program({"nals", "-"}).input(stream).run();
+    }();
+    EXPECT_NE(one_more.err.find("kovran: standard input: and 1 more fault\n"), std::string::npos);
+}
+
+TEST(InspectFaults, AFaultThatComesAgainIsToldAtItsLastPlace) {
+    const outcome result = program({"nals", "-"})
+                               .input(bytes("000001 4000 000001 4200 000001 4401 000001 4400"))
+                               .run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err,
+              "kovran: standard input: unit 0 at 3: nuh_temporal_id_plus1 is 0\n"
+              "kovran: standard input: unit 3 at 18: nuh_temporal_id_plus1 is 0; "
+              "last of 3 such faults\n");
+}
+
 }  // namespace
 }  // namespace kovran::test
