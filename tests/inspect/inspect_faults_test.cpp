@@ -5,8 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "annex_b_unit.h"
 #include "byte_string.h"
 #include "program.h"
+#include "support/bit_writer.h"
+#include "support/parameter_sets.h"
 
 namespace kovran::test {
 namespace {
@@ -323,6 +326,25 @@ TEST(InspectFaults, TheFirstLossOfEachParameterSetIsTold) {
                                      "the PPS of unit 0 could not be read\n"),
               std::string::npos)
         << result.err;
+}
+
+// The bit behind the elements of each parameter set is 0 instead of rbsp_stop_one_bit.
+TEST(InspectFaults, MalformedTrailingBitsOfEachParameterSetAreTold) {
+    const auto error_of = [](h265_nal_unit_type type, bit_writer payload) {
+        payload.u<1>(0);
+        return program({"dump", "-"}).input(annex_b_unit(type, payload.trailing_bits())).run().err;
+    };
+    const auto message = [](const std::string& set, std::size_t bit) {
+        return "kovran: standard input: unit 0 at 4: the " + set +
+               " was read, but malformed trailing bits: rbsp_stop_one_bit at bit " +
+               std::to_string(bit) + " is 0\n";
+    };
+    EXPECT_EQ(error_of(VPS_NUT, vps_syntax().payload()),
+              message("VPS", vps_syntax().payload().size()));
+    EXPECT_EQ(error_of(SPS_NUT, sps_syntax().payload()),
+              message("SPS", sps_syntax().payload().size()));
+    EXPECT_EQ(error_of(PPS_NUT, pps_syntax().payload()),
+              message("PPS", pps_syntax().payload().size()));
 }
 
 TEST(InspectFaults, ALostVpsExplainsWhatItMisses) {
