@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "annex_b_unit.h"
-#include "byte_string.h"
 #include "program.h"
 #include "support/bit_writer.h"
 #include "support/parameter_sets.h"
@@ -14,14 +12,12 @@
 namespace kovran::test {
 namespace {
 
-// By which SPS a message is read: two SPSs that agree in nothing that a message goes by.
+// By which SPS a message is read, shown by two SPSs that agree in nothing that a message goes by.
 
-// HRD parameters of one sub-layer with one NAL CPB, up to bitstream_restriction_flag.
+// HRD parameters of one sub-layer with one NAL CPB, up to its bit rate and size.
 bit_writer hrd_of_one_cpb(const bit_writer& common) {
-    bit_writer hrd;
-    append(hrd, common);
-    hrd.u<1>(1).ue(0);             // fixed picture rate, duration
-    return hrd.ue(0).ue(9).ue(9);  // one CPB: bit rate, size
+    bit_writer hrd = common;
+    return hrd.u<1>(1).ue(0).ue(0).ue(9).ue(9);  // fixed rate, duration, count, bit rate, size
 }
 
 // VUI parameters with nothing but timing and these HRD parameters.

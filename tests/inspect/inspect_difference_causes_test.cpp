@@ -80,6 +80,20 @@ TEST(InspectDifferenceCauses, EachSetSuffersFromTheOneThatItNames) {
               "unit 3: has_named_set, in unit 0"}));
 }
 
+// The bit behind the VPS's elements is 0 instead of rbsp_stop_one_bit, for which the library's own
+// rules refuse it. The message names it, and an SPS that has another VPS.
+TEST(InspectDifferenceCauses, AMessageSuffersFromTheVpsThatItNames) {
+    vps_syntax vps;
+    vps.header = bit_writer().u<4>(2).u<1>(1).u<1>(1).u<6>(0).u<3>(0).u<1>(1).u<16>(0xFFFF);
+    const bit_writer payload = bit_writer().u<4>(2).u<2>(0).ue(0).ue(0);
+    bit_writer message = bit_writer().u<8>(129).u<8>(1);
+    append(message, payload).trailing_bits();
+    EXPECT_EQ(causes_in(annex_b_unit(VPS_NUT, vps_syntax().rbsp()) +
+                        annex_b_unit(VPS_NUT, vps.payload().u<1>(0).trailing_bits()) +
+                        sps_unit(0, 0) + annex_b_unit(PREFIX_SEI_NUT, message)),
+              (list{"unit 1: trailing_bits_decide", "unit 3: trailing_bits_decide, in unit 1"}));
+}
+
 // Of two parameter sets, a unit suffers from the one that it names.
 TEST(InspectDifferenceCauses, AnotherSetIsNoCause) {
     const std::string good_vps = annex_b_unit(VPS_NUT, vps_syntax().rbsp());

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <sstream>
@@ -106,10 +105,9 @@ std::string irap_fact(const std::string& pictures) {
 }
 
 TEST(InspectInfo, TellsHowFarIrapPicturesAreApart) {
-    const auto irap_of = irap_fact;
-    EXPECT_EQ(irap_of("II"), "2: picture 0 at 3, 1 at 9; every picture");
-    EXPECT_EQ(irap_of("IPI"), "2: picture 0 at 3, 2 at 15; every 2 pictures");
-    EXPECT_EQ(irap_of("IPIIPI"),
+    EXPECT_EQ(irap_fact("II"), "2: picture 0 at 3, 1 at 9; every picture");
+    EXPECT_EQ(irap_fact("IPI"), "2: picture 0 at 3, 2 at 15; every 2 pictures");
+    EXPECT_EQ(irap_fact("IPIIPI"),
               "4: picture 0 at 3, 2 at 15, 3 at 21, 5 at 33; every 1 to 2 pictures");
 }
 
@@ -200,11 +198,11 @@ TEST(InspectInfo, CountsEveryMessageByItsName) {
 }
 
 TEST(InspectInfo, CountsTheFaultsOfBytesThatAreNoUnit) {
-    // Two bytes before the first unit, which has two faults.
+    // Two bytes before the first unit, whose temporal identifier is none, which has 00 00 00
+    // inside, and no stop bit behind pic_type.
     const outcome result = info_of_bytes(bytes("aabb 000001 4600 00000240"));
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(fact(result.out, "faults"),
-              std::to_string(std::count(result.err.begin(), result.err.end(), '\n')));
+    EXPECT_EQ(fact(result.out, "faults"), "4");
     EXPECT_EQ(fact(result.out, "NAL units"), "1: AUD_NUT 1");
 }
 
