@@ -255,9 +255,9 @@ TEST(InspectInfo, TellsOfAWindowThatLeavesNothing) {
     EXPECT_EQ(size_with(33, 30, 20, 27), "128 x 96, cropped to 2 x 2");
     EXPECT_EQ(size_with(33, 31, 20, 27), nothing);
     EXPECT_EQ(size_with(33, 30, 20, 28), nothing);
-    // The sum is more than 32 bits hold.
-    EXPECT_EQ(size_with(0xFFFFFFFE, 0xFFFFFFFE, 0, 0), nothing);
-    EXPECT_EQ(size_with(0, 0, 0xFFFFFFFE, 0xFFFFFFFE), nothing);
+    // The sums are more than 32 bits hold, by 1.
+    EXPECT_EQ(size_with(0xFFFFFFFE, 3, 0, 0), nothing);
+    EXPECT_EQ(size_with(0, 0, 0xFFFFFFFE, 3), nothing);
 }
 
 // VUI parameters: video_signal_type_present_flag and what depends on it, then field_seq_flag with
@@ -355,6 +355,15 @@ TEST(InspectInfo, CountsUnitsOfHigherLayers) {
     EXPECT_EQ(fact(info, "slices"), "B 2, I 1, P 1");
     EXPECT_EQ(fact(info, "pictures"), "4");
     EXPECT_EQ(fact(info, "rate"), "25 pictures per second (25000/1000)");
+}
+
+TEST(InspectInfo, CountsTheUnitsOfEachHigherLayer) {
+    // Layers 0, 1, 9 and 63.
+    const std::string info =
+        info_of_bytes(bytes("000001 6001 000001 6009 000001 6049 000001 61f9")).out;
+    EXPECT_EQ(fact(info, "NAL units"), "4: UNSPEC48 4");
+    EXPECT_NE(info.find("\n              3 of them in enhancement layers, not parsed\n"),
+              std::string::npos);
 }
 
 TEST(InspectInfo, CountsFields) {
