@@ -94,6 +94,19 @@ TEST(InspectDifferenceCauses, AMessageSuffersFromTheVpsThatItNames) {
               (list{"unit 1: trailing_bits_decide", "unit 3: trailing_bits_decide, in unit 1"}));
 }
 
+// Of two sets, an index has one bit by the standard, and two by the library's own rules, which have
+// the same value here and end what is read.
+TEST(InspectDifferenceCauses, AnElementOfAnotherWidthDiffers) {
+    sps_syntax sps;
+    sps.short_term_ref_pic_sets = bit_writer().ue(2).ue(0).ue(0).u<1>(0).ue(0).ue(0);
+    // An I slice with slice_pic_order_cnt_lsb 5 and a set of the SPS.
+    const bit_writer slice = bit_writer().u<1>(1).ue(0).ue(2).u<8>(5).u<1>(1).u<2>(0);
+    EXPECT_EQ(
+        causes_in(annex_b_unit(VPS_NUT, vps_syntax().rbsp()) + annex_b_unit(SPS_NUT, sps.rbsp()) +
+                  pps_unit(0, 0) + annex_b_unit(TRAIL_R, bit_writer(slice).trailing_bits())),
+        list{"unit 3: index_width"});
+}
+
 // Of two parameter sets, a unit suffers from the one that it names.
 TEST(InspectDifferenceCauses, AnotherSetIsNoCause) {
     const std::string good_vps = annex_b_unit(VPS_NUT, vps_syntax().rbsp());
