@@ -103,7 +103,7 @@ void line(std::string& text, std::string_view name, std::string_view value) {
 }  // namespace
 
 void stream_summary::add(const nal_unit& unit, const unit_record& record) {
-    faults_ += unit.faults.size();
+    faults_ += unit.faults.count();
     if (!unit.readable) {
         return;
     }
