@@ -241,5 +241,23 @@ TEST(InspectMemory, CountsTheFaultsThatItDoesNotKeep) {
     EXPECT_NE(run({"info", path}).out.find("faults        1000\n"), std::string::npos);
 }
 
+// ---- Streams of many things to remember
+
+TEST(InspectMemory, OfInfoDoesNotGrowWithThePayloadTypes) {
+    std::string messages;
+    for (std::size_t type = 1000; type < 1100; ++type) {
+        messages += coded(type) + coded(0);
+    }
+    const outcome result =
+        program({"info", "-"}).input(stream_of(messages + bytes("0500") + messages)).run();
+    EXPECT_EQ(result.status, 0);
+    std::string told = "SEI           ";
+    for (std::size_t type = 1000; type < 1032; ++type) {
+        told += "payload_type_" + std::to_string(type) + " 2, ";
+    }
+    told += "user_data_unregistered 1, and 136 of other types\n";
+    EXPECT_NE(result.out.find(told), std::string::npos) << result.out;
+}
+
 }  // namespace
 }  // namespace kovran::test
