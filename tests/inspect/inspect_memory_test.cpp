@@ -259,5 +259,42 @@ TEST(InspectMemory, OfInfoDoesNotGrowWithThePayloadTypes) {
     EXPECT_NE(result.out.find(told), std::string::npos) << result.out;
 }
 
+// A PPS that names SPS 0. Its identifier is 2^19 - 1 and some more; that and the other identifier,
+// which is 1 bit, fill 5 bytes.
+std::string pps_with_large_id(unsigned int more, const std::string& behind_identifiers) {
+    std::string unit = bytes("000001 4401");
+    const std::uint64_t identifiers = ((std::uint64_t{1} << 19) + more) << 1 | 1;
+    for (int shift = 32; shift >= 0; shift -= 8) {
+        unit += static_cast<char>(identifiers >> shift & 0xFF);
+    }
+    return unit + behind_identifiers;
+}
+
+// Of PPSs whose identifiers only the library's own rules allow.
+TEST(InspectMemory, OfDifferencesDoesNotGrowWithTheParameterSets) {
+    if (sanitized) {
+        GTEST_SKIP() << "the address sanitizer adds to each allocation";
+    }
+    const temporary_folder folder;
+    const std::string path = folder.file("stream");
+    std::ofstream stream(path, std::ios::binary);
+    stream << annex_b_unit(VPS_NUT, vps_syntax().rbsp())
+           << annex_b_unit(SPS_NUT, sps_syntax().rbsp());
+    pps_syntax pps;
+    pps.identifiers = bit_writer();
+    const std::vector<unsigned char> rest = pps.rbsp().bytes();
+    const std::string behind_identifiers(rest.begin(), rest.end());
+    constexpr unsigned int sets = 200000;
+    for (unsigned int i = 0; i < sets; ++i) {
+        stream << pps_with_large_id(i, behind_identifiers);
+    }
+    stream.close();
+    const outcome result = measured({"differences", path}).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.out.find("max_pps_id (7.4.3.3.1)"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("units: PPS_NUT " + std::to_string(sets)), std::string::npos);
+    EXPECT_LT(result.peak_memory, bound / 2);
+}
+
 }  // namespace
 }  // namespace kovran::test
