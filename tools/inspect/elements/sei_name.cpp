@@ -3,33 +3,33 @@
 namespace kovran::inspect {
 namespace {
 
-// Those of clause D.2.1 that the library's table lacks, or has elsewhere; empty for all others.
-std::string name_beside_the_table(unsigned int payload_type, h265_nal_unit_type unit) {
+// Empty for a payload type that the standard does not name.
+std::string standard_name(const h265_nal_sei_reader& message) {
+    // Those of clause D.2.1 that the library's table lacks, or has elsewhere.
     constexpr unsigned int filler_payload = 3;
     constexpr unsigned int shutter_interval_info = 205;
-    if (unit == SUFFIX_SEI_NUT && payload_type == filler_payload) {
+    const bool is_suffix = message.nal_unit_type == SUFFIX_SEI_NUT;
+    if (is_suffix && message.payload_type == filler_payload) {
         return "filler_payload";
     }
-    if (unit == PREFIX_SEI_NUT && payload_type == shutter_interval_info) {
+    if (is_suffix && message.payload_type == h265_nal_sei_payload_type_suffix_filler_payload) {
+        return {};
+    }
+    if (!is_suffix && message.payload_type == shutter_interval_info) {
         return "shutter_interval_info";
     }
-    return {};
-}
-
-// What the library calls filler payload in a suffix unit is a type that is reserved there.
-bool is_misnamed(unsigned int payload_type, h265_nal_unit_type unit) {
-    return unit == SUFFIX_SEI_NUT &&
-           payload_type == h265_nal_sei_payload_type_suffix_filler_payload;
+    return h265_nal_sei_payload_type_to_str(
+        static_cast<h265_nal_sei_payload_type>(message.payload_type), message.nal_unit_type);
 }
 
 }  // namespace
 
+bool has_standard_name(const h265_nal_sei_reader& message) {
+    return !standard_name(message).empty();
+}
+
 std::string sei_name(const h265_nal_sei_reader& message) {
-    std::string name = name_beside_the_table(message.payload_type, message.nal_unit_type);
-    if (name.empty() && !is_misnamed(message.payload_type, message.nal_unit_type)) {
-        name = h265_nal_sei_payload_type_to_str(
-            static_cast<h265_nal_sei_payload_type>(message.payload_type), message.nal_unit_type);
-    }
+    const std::string name = standard_name(message);
     return name.empty() ? "payload_type_" + std::to_string(message.payload_type) : name;
 }
 

@@ -12,6 +12,7 @@ namespace kovran::inspect {
 namespace {
 
 constexpr std::uint64_t iraps_listed = 8;
+constexpr std::size_t most_unnamed_types = 32;  // payload types have 32 bits
 
 bool is_irap(h265_nal_unit_type type) {
     return type >= BLA_W_LP && type <= RSV_IRAP_VCL23;
@@ -103,7 +104,7 @@ void line(std::string& text, std::string_view name, std::string_view value) {
 }  // namespace
 
 void stream_summary::add(const nal_unit& unit, const unit_record& record) {
-    faults_ += unit.faults.size();
+    faults_ += unit.faults.count();
     if (!unit.readable) {
         return;
     }
@@ -153,7 +154,15 @@ void stream_summary::add_slice(const nal_unit& unit, const h265_slice_segment_he
 }
 
 void stream_summary::begin_message(const h265_nal_sei_reader& message) {
-    ++messages_[sei_name(message)];
+    const std::string name = sei_name(message);
+    if (!has_standard_name(message) && messages_.count(name) == 0) {
+        if (unnamed_types_ == most_unnamed_types) {
+            ++other_messages_;
+            return;
+        }
+        ++unnamed_types_;
+    }
+    ++messages_[name];
 }
 
 std::string stream_summary::text() const {
@@ -196,7 +205,10 @@ std::string stream_summary::text() const {
         iraps += "; " + distances_text(shortest_irap_distance_, longest_irap_distance_);
     }
     line(text, "IRAP", iraps);
-    line(text, "SEI", counts(messages_));
+    line(text, "SEI",
+         counts(messages_) + (other_messages_ != 0
+                                  ? fmt::format(", and {} of other types", other_messages_)
+                                  : std::string{}));
     line(text, "rules", name_of(rules_));
     line(text, "faults", faults_ == 0 ? "none" : fmt::format("{}", faults_));
     return text;
