@@ -188,7 +188,7 @@ protected:
     }
 };
 
-constexpr std::size_t messages_of_unit = sanitized ? 50000 : 200000;
+constexpr std::size_t messages_of_unit = sanitized ? 50000 : 150000;
 
 TEST_P(InspectMemoryOf, MessagesDoesNotGrowWithTheirNumber) {
     const outcome result = shown(stream_of(repeated(bytes("0500"), messages_of_unit)));
