@@ -298,6 +298,23 @@ TEST(InspectInfo, TakesTheRateFromTheVuiBeforeTheVps) {
     EXPECT_EQ(fact(info_of_sets({}, vps), "rate"), "50 pictures per second (50/1)");
 }
 
+// SPS 0 names VPS 1, which comes second.
+TEST(InspectInfo, TakesTheRateFromTheVpsThatTheSpsNames) {
+    vps_syntax other_vps;
+    other_vps.timing_info = timing(1, 50).ue(0);
+    vps_syntax vps;
+    vps.header = bit_writer().u<4>(1).u<1>(1).u<1>(1).u<6>(0).u<3>(0).u<1>(1).u<16>(0xFFFF);
+    vps.timing_info = timing(1, 60).ue(0);
+    sps_syntax sps;
+    sps.header = bit_writer().u<4>(1).u<3>(0).u<1>(1);
+    const std::string first = annex_b_unit(VPS_NUT, other_vps.rbsp());
+    const std::string second = annex_b_unit(VPS_NUT, vps.rbsp());
+    const std::string names_1 = annex_b_unit(SPS_NUT, sps.rbsp());
+    EXPECT_EQ(fact(info_of_bytes(first + second + names_1).out, "rate"),
+              "60 pictures per second (60/1)");
+    EXPECT_EQ(fact(info_of_bytes(first + names_1).out, "rate"), "not given");
+}
+
 TEST(InspectInfo, CountsFieldsWhereThePicturesAreFields) {
     const bit_writer of_vui = timing(1001, 60000).u<1>(0);
     const bit_writer of_vps = timing(1, 50).ue(0);

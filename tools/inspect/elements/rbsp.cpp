@@ -2,6 +2,8 @@
 
 #include <kovran/h265/h265_nal_reader.h>
 
+#include "process/bus_error.h"
+
 #include <algorithm>
 
 namespace kovran::inspect {
@@ -25,6 +27,7 @@ void rbsp::decode(const nal_unit& unit) {
     bytes_.clear();  // so that the array grows to what is needed and no further
     bytes_.resize(payload_size_);
     bytes_.resize(reader.block_decode(bytes_.data(), bytes_.size()));
+    require_mapped_bytes();
 }
 
 void rbsp::strip_trailing_zero_bytes() {

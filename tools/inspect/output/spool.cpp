@@ -37,7 +37,9 @@ void spool::write_to(output& lines) {
         return;
     }
     write_latest();
-    std::rewind(file_.get());
+    if (std::fflush(file_.get()) != 0 || std::fseek(file_.get(), 0, SEEK_SET) != 0) {
+        throw system_failure(file_name, errno);
+    }
     std::array<char, 65536> part{};
     std::size_t size = 0;
     while ((size = std::fread(part.data(), 1, part.size(), file_.get())) != 0) {

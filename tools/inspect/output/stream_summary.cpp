@@ -63,13 +63,16 @@ std::string rate_text(unsigned int time_scale, unsigned int num_units_in_tick, b
                        fields ? "fields" : "pictures", time_scale, num_units_in_tick);
 }
 
-std::string rate_text(const std::optional<h265_nal_vps>& vps, const h265_nal_sps& sps) {
+std::string rate_text(const std::map<unsigned int, h265_nal_vps>& vps_by_id,
+                      const h265_nal_sps& sps) {
     const h265_vui_parameters& vui = sps.vui_parameters;
     if (sps.vui_parameters_present_flag && vui.vui_timing_info_present_flag) {
         return rate_text(vui.vui_time_scale, vui.vui_num_units_in_tick, vui.field_seq_flag);
     }
-    if (vps && vps->vps_timing_info_present_flag) {
-        return rate_text(vps->vps_time_scale, vps->vps_num_units_in_tick, vui.field_seq_flag);
+    const auto vps = vps_by_id.find(sps.sps_video_parameter_set_id);
+    if (vps != vps_by_id.end() && vps->second.vps_timing_info_present_flag) {
+        return rate_text(vps->second.vps_time_scale, vps->second.vps_num_units_in_tick,
+                         vui.field_seq_flag);
     }
     return "not given";
 }
@@ -111,8 +114,8 @@ void stream_summary::add(const nal_unit& unit, const unit_record& record) {
     ++units_.at(unit.header.nal_unit_type);
     higher_layer_units_ += unit.header.nuh_layer_id != 0 ? 1 : 0;
     if (const auto* const vps = std::get_if<h265_nal_vps>(&record); vps != nullptr) {
-        if (vps->valid && !vps_) {
-            vps_ = *vps;
+        if (vps->valid) {
+            vps_.emplace(vps->vps_video_parameter_set_id, *vps);
         }
     } else if (const auto* const sps = std::get_if<h265_nal_sps>(&record); sps != nullptr) {
         if (sps->valid && !sps_) {
