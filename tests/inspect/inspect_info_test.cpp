@@ -313,6 +313,10 @@ TEST(InspectInfo, TakesTheRateFromTheVpsThatTheSpsNames) {
     EXPECT_EQ(fact(info_of_bytes(first + second + names_1).out, "rate"),
               "60 pictures per second (60/1)");
     EXPECT_EQ(fact(info_of_bytes(first + names_1).out, "rate"), "not given");
+    vps.timing_info = timing(1, 70).ue(0);
+    const std::string again = annex_b_unit(VPS_NUT, vps.rbsp());
+    EXPECT_EQ(fact(info_of_bytes(second + names_1 + again).out, "rate"),
+              "60 pictures per second (60/1)");
 }
 
 TEST(InspectInfo, CountsFieldsWhereThePicturesAreFields) {
