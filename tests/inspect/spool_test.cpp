@@ -10,6 +10,8 @@
 
 #include <sys/resource.h>
 
+#include "temporary_folder.h"
+
 namespace kovran::inspect {
 namespace {
 
@@ -34,6 +36,24 @@ private:
     void (*signal_)(int);
     rlimit before_{};
 };
+
+// Most of it from the temporary file, the rest from memory.
+TEST(Spool, GivesBackWhatWasAdded) {
+    spool text;
+    std::string all;
+    for (int i = 0; i < 20000; ++i) {
+        const std::string line = std::to_string(i) + '\n';
+        text.add(line);
+        all += line;
+    }
+    const test::temporary_folder folder;
+    const std::string path = folder.file("all");
+    output lines(file_descriptor::create(path, path));
+    text.write_to(lines);
+    lines.finish();
+    EXPECT_GT(all.size(), in_blocks);
+    EXPECT_EQ(test::read_file(path), all);
+}
 
 // The C library writes whole blocks at once and holds the last byte back until it is flushed.
 TEST(Spool, TellsOfALastByteThatCannotBeWritten) {
