@@ -28,7 +28,6 @@ template <class Walker, class Vui, class Sps>
         } else {
             const h265_sample_aspect_ratio ratio =
                 h265_sample_aspect_ratio_of(vui.aspect_ratio_idc);
-            walk.rules.end_extended_sar(walk, vui);
             walk.assign(vui.sar_width, ratio.width);
             walk.assign(vui.sar_height, ratio.height);
         }

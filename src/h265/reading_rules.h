@@ -130,11 +130,6 @@ struct own_rules {
         return true;
     }
 
-    // Has no counterpart in the standard: the record remembers that it once held an extended sample
-    // aspect ratio.
-    template <class Walker, class Vui>
-    static void end_extended_sar(Walker&, Vui&) {}
-
     template <class ScalingLists>
     static void begin_scaling_lists(ScalingLists&) {}
 
@@ -416,11 +411,6 @@ struct standard_rules {
     static bool end_predicted_scaling_list(Walker& walk, ScalingLists& lists, unsigned int sizeId,
                                            unsigned int matrixId) {
         return predict_scaling_list(walk, lists, sizeId, matrixId);
-    }
-
-    template <class Walker, class Vui>
-    static void end_extended_sar(Walker& walk, Vui& vui) {
-        walk.clear(vui.extended_sar_flag);
     }
 
     // Predicted sets.

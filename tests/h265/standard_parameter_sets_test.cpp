@@ -158,6 +158,25 @@ TEST(StandardVps, HasAbsentProfilesAndLevelsFromTheLayerAbove) {
     EXPECT_TRUE(own.profile_tier_level.sub_layers[1].profile_compatibility_flag.empty());
 }
 
+// All bits of the general profile are 1, those of its region for profiles 5, 9, 10 and 11 included.
+TEST(StandardVps, HasAllOfAnAbsentProfileFromTheLayerAbove) {
+    test::vps_syntax syntax = vps_with_sub_layers(1);
+    syntax.profile_tier_level =
+        test::bit_writer().u<64>(~std::uint64_t{0}).u<24>(0xFFFFFF).u<8>(93);
+    syntax.profile_tier_level.u<2>(0).u<14>(0);
+    syntax.sub_layer_ordering_info = test::bit_writer().u<1>(0).ue(0).ue(0).ue(0);
+    const auto vps = parsed<h265_nal_vps>(syntax);
+    const auto& general = vps.profile_tier_level.general;
+    EXPECT_TRUE(general.tier_flag);
+    EXPECT_TRUE(general.max_14bit_constraint_flag);
+    EXPECT_TRUE(general.inbld_flag);
+    ASSERT_EQ(vps.profile_tier_level.sub_layers.size(), 1U);
+    auto expected = general;
+    expected.profile_present_flag = false;
+    expected.level_present_flag = false;
+    EXPECT_TRUE(test::same_fields(vps.profile_tier_level.sub_layers[0], expected));
+}
+
 test::bit_writer timing_with_hrd(unsigned int vps_num_hrd_parameters) {
     return test::bit_writer().u<1>(1).u<32>(1).u<32>(50).u<1>(0).ue(vps_num_hrd_parameters);
 }
@@ -229,6 +248,31 @@ TEST(StandardVps, HasTheCommonInformationOfTheStructureBefore) {
         EXPECT_EQ(hrd.dpb_output_delay_length_minus1, 23U);
     }
     EXPECT_EQ(vps.hrd_parameters[3].elemental_duration_in_tc_minus1, values{6});
+}
+
+// NAL and VCL parameters with those of sub-pictures, each element with a value of its own; one
+// sub-layer of one CPB, coded alike in both structures.
+TEST(StandardVps, HasAllOfTheCommonInformationOfTheStructureBefore) {
+    test::bit_writer common;
+    common.u<1>(1).u<1>(1).u<1>(1).u<8>(200).u<5>(21).u<1>(1).u<5>(22);
+    common.u<4>(9).u<4>(10).u<4>(11).u<5>(29).u<5>(30).u<5>(31);
+    test::bit_writer sub_layer_of_all;
+    sub_layer_of_all.u<1>(1).ue(7).ue(0);
+    for (unsigned int i = 0; i < 2; ++i) {
+        sub_layer_of_all.ue(1).ue(2).ue(3).ue(4).u<1>(1);
+    }
+    test::vps_syntax syntax;
+    syntax.layer_sets = test::bit_writer().u<6>(0).ue(1).u<1>(1);
+    syntax.timing_info = timing_with_hrd(2).ue(0);
+    test::append(test::append(syntax.timing_info, common), sub_layer_of_all).ue(1).u<1>(0);
+    test::append(syntax.timing_info, sub_layer_of_all);
+    const auto vps = parsed<h265_nal_vps>(syntax);
+    ASSERT_EQ(vps.hrd_parameters.size(), 2U);
+    h265_hrd_parameters expected = vps.hrd_parameters[0];
+    EXPECT_EQ(expected.cpb_size_du_scale, 11U);
+    EXPECT_EQ(expected.vcl_sub_layer_hrd.at(0).bit_rate_du_value_minus1, values{4});
+    expected.commonInfPresentFlag = false;
+    EXPECT_TRUE(test::same_fields(vps.hrd_parameters[1], expected));
 }
 
 TEST(StandardVps, HasUpTo1024LayerSetsAndHrdStructures) {
@@ -511,25 +555,19 @@ TEST(StandardScalingListData, HasTheDefaultLists) {
     EXPECT_TRUE(lists.parse_standard(input.reader));
     EXPECT_EQ(input.reader.bit_position(), bits.size());
     EXPECT_EQ(lists.ScalingList[0][5], std::vector<int>(16, 16));
-    // Table 7-6: the corners, and where the first values above 16 stand.
+    const std::vector<int> table_7_6_intra = {
+        16, 16, 16, 16, 16, 16, 16, 16, 16, 16, 17, 16, 17, 16, 17, 18,  //
+        17, 18, 18, 17, 18, 21, 19, 20, 21, 20, 19, 21, 24, 22, 22, 24,  //
+        24, 22, 22, 24, 25, 25, 27, 30, 27, 25, 25, 29, 31, 35, 35, 31,  //
+        29, 36, 41, 44, 41, 36, 47, 54, 54, 47, 65, 70, 65, 88, 88, 115};
+    const std::vector<int> table_7_6_inter = {
+        16, 16, 16, 16, 16, 16, 16, 16, 16, 16, 17, 17, 17, 17, 17, 18,  //
+        18, 18, 18, 18, 18, 20, 20, 20, 20, 20, 20, 20, 24, 24, 24, 24,  //
+        24, 24, 24, 24, 25, 25, 25, 25, 25, 25, 25, 28, 28, 28, 28, 28,  //
+        28, 33, 33, 33, 33, 33, 41, 41, 41, 41, 54, 54, 54, 71, 71, 91};
     for (const std::size_t sizeId : {1U, 2U, 3U}) {
-        const std::vector<int>& intra = lists.ScalingList[sizeId][0];
-        const std::vector<int>& inter = lists.ScalingList[sizeId][3];
-        ASSERT_EQ(intra.size(), 64U);
-        ASSERT_EQ(inter.size(), 64U);
-        EXPECT_EQ(intra[0], 16);
-        EXPECT_EQ(intra[10], 17);
-        EXPECT_EQ(intra[15], 18);
-        EXPECT_EQ(intra[16], 17);
-        EXPECT_EQ(intra[31], 24);
-        EXPECT_EQ(intra[47], 31);
-        EXPECT_EQ(intra[63], 115);
-        EXPECT_EQ(inter[10], 17);
-        EXPECT_EQ(inter[15], 18);
-        EXPECT_EQ(inter[16], 18);
-        EXPECT_EQ(inter[31], 24);
-        EXPECT_EQ(inter[47], 28);
-        EXPECT_EQ(inter[63], 91);
+        EXPECT_EQ(lists.ScalingList[sizeId][0], table_7_6_intra);
+        EXPECT_EQ(lists.ScalingList[sizeId][3], table_7_6_inter);
     }
     EXPECT_EQ(lists.scaling_list_dc_coef_minus8[0][5], 8);
     EXPECT_EQ(lists.scaling_list_dc_coef_minus8[1][3], 8);

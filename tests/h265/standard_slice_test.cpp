@@ -150,6 +150,23 @@ TEST(StandardSlice, HasAnAddressAsWideAsTheStandardSays) {
     }
 }
 
+// 1023 to 1025 blocks have addresses of 10, 10 and 11 bits; 65536 blocks of 256 rows have 16.
+TEST(StandardSlice, HasAWideAddressInALargePicture) {
+    struct {
+        unsigned int columns, rows, width;
+    } const pictures[] = {{1023, 1, 10}, {1024, 1, 10}, {1025, 1, 11}, {256, 256, 16}};
+    for (const auto& [columns, rows, width] : pictures) {
+        host stream;
+        stream.sps().pic_width_in_luma_samples = 64 * columns;
+        stream.sps().pic_height_in_luma_samples = 64 * rows;
+        test::bit_writer bits;
+        bits.u<1>(0).ue(0).u(width, columns * rows - 1).ue(slice_i);
+        const auto slice = stream.parsed(bits.u<4>(3).u<1>(0).ue(0).ue(0));
+        EXPECT_EQ(slice.slice_segment_address, columns * rows - 1);
+        EXPECT_EQ(slice.slice_pic_order_cnt_lsb, 3U);
+    }
+}
+
 TEST(StandardSlice, FailsWithoutAPictureSizeThatAnAddressCanCount) {
     // first_slice_segment_in_pic_flag and slice_pic_parameter_set_id are the first two bits.
     const test::bit_writer bits = test::bit_writer().u<1>(0).ue(0).u<32>(0).u<32>(0);

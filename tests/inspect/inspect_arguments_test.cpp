@@ -59,6 +59,44 @@ TEST(InspectArguments, TypesAreRefusedWithWhatIsNear) {
     expect_reason("IDR_W_RADLS", "IDR_W_RADLS' is not a NAL unit type; did you mean IDR_W_RADL?");
 }
 
+TEST(InspectArguments, TypesAreNumbersUpTo63OrTheirNames) {
+    for (const char* const type :
+         {"0", "63", "032", "sps", "Sps_Nut", "UNSPEC63", "radl_n", "cra"}) {
+        EXPECT_EQ(run({"nals", "/dev/null", "--format", "length8", "--type", type}).status, 1)
+            << type;
+    }
+    for (const char* const type : {"64", "-1", "1.0", "0x20", "", " 1", "4294967297"}) {
+        EXPECT_EQ(run({"nals", "/dev/null", "--format", "length8", "--type", type}).status, 2)
+            << type;
+    }
+}
+
+TEST(InspectArguments, LayersAreNumbersUpTo63) {
+    // Without units there is no layer either, which is told.
+    for (const char* const layer : {"0", "63"}) {
+        EXPECT_EQ(run({"nals", "/dev/null", "--format", "length8", "--layer", layer}).err,
+                  "kovran: /dev/null: at 0: no NAL unit found\n"
+                  "kovran: /dev/null: there is no NAL unit of layer " +
+                      std::string(layer) + "; the stream has no NAL units\n");
+    }
+    for (const char* const layer : {"64", "-1", "1x", ""}) {
+        expect_refusal({"nals", "a", "--layer", layer},
+                       "--layer: '" + std::string(layer) + "' is not a layer; use 0 to 63");
+    }
+}
+
+TEST(InspectArguments, RulesAreStandardUnlessOwnAreAskedFor) {
+    const auto first_line = [](const std::vector<std::string>& options) {
+        std::vector<std::string> arguments = {"dump", "/dev/null", "--format", "length8"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        return run(arguments).out;
+    };
+    EXPECT_EQ(first_line({}), "rules: standard\n");
+    EXPECT_EQ(first_line({"--rules", "standard"}), "rules: standard\n");
+    EXPECT_EQ(first_line({"--rules", "own"}), "rules: own\n");
+    expect_refusal({"dump", "a", "--rules", "mine"}, "--rules: mine not in {standard,own}");
+}
+
 TEST(InspectArguments, HelpIsNoFailure) {
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"--help"}, {"-h"}, {"nals", "--help"}, {"copy", "--help"}}) {

@@ -360,5 +360,22 @@ TEST(InspectDifferences, FailsWithoutInput) {
     EXPECT_EQ(none.out, "0 of 0 NAL units are read differently\n");
 }
 
+// The first message activates SPS 1, by which the second one has elements; the third one names SPS
+// 16. Only the rule about its identifier differs.
+TEST(InspectDifferences, ReadsAMessageByTheSetThatAnEarlierOneActivates) {
+    sps_syntax sps;
+    sps.sps_seq_parameter_set_id = bit_writer().ue(1);
+    sps.vui = bit_writer().u<1>(1).u<6>(0).u<1>(1).u<3>(0);  // frame_field_info_present_flag
+    const std::string stream =
+        annex_b_unit(VPS_NUT, vps_syntax().rbsp()) + annex_b_unit(SPS_NUT, sps_syntax().rbsp()) +
+        annex_b_unit(SPS_NUT, sps.rbsp()) + bytes("000001 4e01 810202a0 010105 00020880 80");
+    const differences found =
+        differences_in(program({"differences", "--all", "-"}).input(stream).run().out);
+    ASSERT_EQ(found.units.size(), 1U);
+    EXPECT_EQ(found.units[0].own,
+              "own ends here: SEI message buffering_period cannot be read: SPS 16, which this "
+              "message uses, is missing");
+    EXPECT_EQ(found.units[0].rule, "rule max_sps_id");
+}
 }  // namespace
 }  // namespace kovran::test

@@ -5,8 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "annex_b_unit.h"
 #include "byte_string.h"
 #include "program.h"
+#include "support/bit_writer.h"
+#include "support/parameter_sets.h"
 
 namespace kovran::test {
 namespace {
@@ -271,6 +274,132 @@ TEST(InspectFaults, AreToldOfUnitsThatAreNotShown) {
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "kovran: standard input: unit 0 at 3: nuh_temporal_id_plus1 is 0\n");
     EXPECT_EQ(result.out.find("VPS_NUT"), std::string::npos);
+}
+
+// In a length-prefixed stream, zero bytes behind the trailing bits are part of the unit.
+TEST(InspectFaults, ZeroBytesBehindMessagesAreFine) {
+    const auto dump_of = [](const std::string& units) {
+        return program({"dump", "-", "--format", "length8"}).input(bytes(units)).run();
+    };
+    for (const char* const unit : {"06 5001 0501aa 80", "07 5001 0501aa 80 00",
+                                   "08 5001 0501aa 80 0000", "0b 5001 0501aa 80 0000 03 0000"}) {
+        const outcome result = dump_of(unit);
+        EXPECT_EQ(result.status, 0) << unit;
+        EXPECT_EQ(result.err, "") << unit;
+        EXPECT_NE(result.out.find("(payload type 5, 1 bytes)"), std::string::npos) << unit;
+        EXPECT_EQ(result.out.find("payload type 0"), std::string::npos) << unit;
+    }
+    // Of two zero bytes before the stop bit a message of type 0 and no bytes is made.
+    const outcome inside = dump_of("08 5001 0501aa 0000 80");
+    EXPECT_EQ(inside.status, 0);
+    EXPECT_NE(inside.out.find("(payload type 0, 0 bytes)"), std::string::npos);
+    // Of one, a message whose size is that of the stop bit.
+    const outcome one = dump_of("07 5001 0501aa 00 80");
+    EXPECT_EQ(one.status, 1);
+    EXPECT_NE(one.err.find("unit 0 at 1: SEI message payload_type_0 is truncated: 0 of 128 bytes "
+                           "are present\n"),
+              std::string::npos);
+    const outcome without_stop_bit = dump_of("07 5001 0501aa 0000");
+    EXPECT_EQ(without_stop_bit.status, 1);
+    EXPECT_EQ(without_stop_bit.err,
+              "kovran: standard input: unit 0 at 1: "
+              "the SEI messages are not followed by valid trailing bits\n");
+}
+
+TEST(InspectFaults, MessagesAreFollowedByTrailingBits) {
+    for (const char* const ending : {"80", "8000", "c0", "81", "40", ""}) {
+        const std::string unit = bytes("5001 0501aa") + bytes(ending);
+        const outcome result =
+            program({"dump", "-", "--format", "length8"}).input(length_prefixed({unit}, 1)).run();
+        EXPECT_EQ(result.status, std::string(ending).rfind("80", 0) == 0 ? 0 : 1) << ending;
+    }
+}
+
+TEST(InspectFaults, TheFirstLossOfEachParameterSetIsTold) {
+    // PPS 63, twice, with nothing behind the identifiers; slices that name it and PPS 62.
+    const std::string broken_pps = bytes("000001 4401 0205 80");
+    const std::string slice_of_63 = bytes("000001 0201 810040");
+    const std::string from = "kovran: standard input: ";
+    const outcome result =
+        program({"dump", "-"}).input(broken_pps + broken_pps + slice_of_63).run();
+    EXPECT_NE(result.err.find(from + "unit 2 at 19: PPS 63, which this slice uses, is missing: "
+                                     "the PPS of unit 0 could not be read\n"),
+              std::string::npos)
+        << result.err;
+}
+
+// The bit behind the elements of each parameter set is 0 instead of rbsp_stop_one_bit.
+TEST(InspectFaults, MalformedTrailingBitsOfEachParameterSetAreTold) {
+    const auto error_of = [](h265_nal_unit_type type, bit_writer payload) {
+        payload.u<1>(0);
+        return program({"dump", "-"}).input(annex_b_unit(type, payload.trailing_bits())).run().err;
+    };
+    const auto message = [](const std::string& set, std::size_t bit) {
+        return "kovran: standard input: unit 0 at 4: the " + set +
+               " was read, but malformed trailing bits: rbsp_stop_one_bit at bit " +
+               std::to_string(bit) + " is 0\n";
+    };
+    EXPECT_EQ(error_of(VPS_NUT, vps_syntax().payload()),
+              message("VPS", vps_syntax().payload().size()));
+    EXPECT_EQ(error_of(SPS_NUT, sps_syntax().payload()),
+              message("SPS", sps_syntax().payload().size()));
+    EXPECT_EQ(error_of(PPS_NUT, pps_syntax().payload()),
+              message("PPS", pps_syntax().payload().size()));
+}
+
+TEST(InspectFaults, ALostVpsExplainsWhatItMisses) {
+    // A VPS that ends behind its identifier; active parameter sets, and an SPS, that name it.
+    const std::string vps = bytes("000001 4001 0c");
+    const std::string from = "kovran: standard input: ";
+    const outcome message =
+        program({"dump", "-"}).input(vps + bytes("000001 4e01 810104 80")).run();
+    EXPECT_NE(message.err.find(from + "unit 1 at 9: SEI message active_parameter_sets cannot be "
+                                      "read: VPS 0, which this message uses, is missing: "
+                                      "the VPS of unit 0 could not be read\n"),
+              std::string::npos)
+        << message.err;
+}
+
+TEST(InspectFaults, AreOfTheirOwnUnitOnly) {
+    // A broken delimiter between good ones.
+    const outcome result = program({"dump", "--json", "-"})
+                               .input(bytes("000001 460150 000001 460140 000001 460150"))
+                               .run();
+    EXPECT_EQ(stretches(result).at(0).count("fault"), 0U);
+    EXPECT_EQ(stretches(result).at(1).count("fault"), 1U);
+    EXPECT_EQ(stretches(result).at(2).count("fault"), 0U);
+    EXPECT_EQ(stretches(result).at(2).count("faults"), 0U);
+    EXPECT_EQ(result.status, 1);
+}
+
+TEST(InspectFaults, TwoHundredFiftySixTextsAreKept) {
+    const auto errors_of = [](int units) {
+        std::string stream;
+        for (int i = 0; i < units; ++i) {
+            stream += bytes("000001 4001 000002 05");
+        }
+        return program({"nals", "-"}).input(stream).run().err;
+    };
+    const auto lines_of = [](const std::string& text) {
+        return std::count(text.begin(), text.end(), '\n');
+    };
+    EXPECT_EQ(lines_of(errors_of(255)), 255);
+    EXPECT_EQ(lines_of(errors_of(256)), 256);
+    EXPECT_EQ(lines_of(errors_of(258)), 257);
+    EXPECT_EQ(errors_of(256).find("more"), std::string::npos);
+    EXPECT_NE(errors_of(257).find("\nkovran: standard input: and 1 more fault\n"),
+              std::string::npos);
+}
+
+TEST(InspectFaults, AFaultThatComesAgainIsToldAtItsLastPlace) {
+    const outcome result = program({"nals", "-"})
+                               .input(bytes("000001 4000 000001 4200 000001 4401 000001 4400"))
+                               .run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err,
+              "kovran: standard input: unit 0 at 3: nuh_temporal_id_plus1 is 0\n"
+              "kovran: standard input: unit 3 at 18: nuh_temporal_id_plus1 is 0; "
+              "last of 3 such faults\n");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,31 @@ TEST(InspectForeignStreams, FilesOfBoxesAreNamed) {
                    "extract the H.265 image item from it first");
 }
 
+std::string first_box(const std::string& type, const std::string& brand) {
+    return bytes("00000014") + type + brand + bytes("00000000") + brand;
+}
+
+void expect_kind(const std::string& stream, const std::string& kind) {
+    const outcome result = program({"nals", "-"}).input(stream).run();
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err.find("kovran: standard input: this is " + kind + ','), 0U) << result.err;
+}
+
+TEST(InspectForeignStreams, EachFirstBoxAndBrandIsKnown) {
+    for (const char* const brand :
+         {"heic", "heix", "heim", "heis", "hevc", "hevx", "mif1", "msf1"}) {
+        expect_kind(first_box("ftyp", brand), "an HEIF file");
+    }
+    for (const char* const brand : {"isom", "iso5", "mp42", "dash", "avc1", "hvc1"}) {
+        expect_kind(first_box("ftyp", brand), "an MP4 file");
+    }
+    expect_kind(first_box("ftyp", "qt  "), "a MOV file");
+    for (const char* const type : {"moov", "mdat", "wide", "free", "skip"}) {
+        expect_kind(first_box(type, "    "), "a MOV file");
+    }
+    EXPECT_LE(program({"nals", "-"}).input(first_box("none", "heic")).run().status, 1);
+}
+
 TEST(InspectForeignStreams, MatroskaIsNamed) {
     expect_refusal(bytes("1a45dfa3 a3 4286 81 01"), "a Matroska or WebM file",
                    extract_standard_input);
@@ -68,6 +94,38 @@ TEST(InspectForeignStreams, TransportStreamsAreNamed) {
     expect_refusal(transport_stream(contents, ""), "an MPEG transport stream", advice);
     expect_refusal(transport_stream(contents, bytes("00112233")), "an MPEG transport stream",
                    advice);
+}
+
+// The sync byte of a third packet is not there.
+TEST(InspectForeignStreams, TwoPacketsAreNoTransportStream) {
+    std::string stream = transport_stream("", "").substr(0, 2 * 188);
+    stream += bytes("00000001 40010c");
+    const outcome result = program({"nals", "-", "--type", "VPS"}).input(stream).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.out.find("VPS_NUT"), std::string::npos);
+}
+
+// profile_idc of table A-1 of each profile of H.264.
+TEST(InspectForeignStreams, EveryProfileOfH264IsKnown) {
+    for (unsigned int profile = 0; profile < 256; ++profile) {
+        const std::set<unsigned int> profiles = {44,  66,  77,  83,  86,  88,  100, 110,
+                                                 118, 122, 128, 134, 135, 138, 139, 244};
+        const std::string stream =
+            bytes("000001 67") + static_cast<char>(profile) + bytes("0028 000001 68eb 000001 6588");
+        if (profiles.count(profile) == 1) {
+            expect_kind(stream, "an H.264 stream");
+        } else {
+            EXPECT_LE(program({"nals", "-"}).input(stream).run().status, 1) << profile;
+        }
+    }
+}
+
+// Of H.264 and H.266, both parameter sets have to be there.
+TEST(InspectForeignStreams, OneParameterSetIsNotEnough) {
+    for (const char* const stream : {"000001 67640028 000001 6588", "000001 68eb 000001 6588",
+                                     "000001 0079 0a 000001 0039", "000001 0081 00 000001 0039"}) {
+        EXPECT_LE(program({"nals", "-"}).input(bytes(stream)).run().status, 1) << stream;
+    }
 }
 
 // The parameter sets of a small stream of each standard, cut off behind what tells the kind.

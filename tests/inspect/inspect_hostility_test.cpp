@@ -10,7 +10,9 @@
 
 #include "byte_string.h"
 #include "elements/unit_reader.h"
+#include "input/file_descriptor.h"
 #include "input/input.h"
+#include "output/output.h"
 #include "output/stream_summary.h"
 #include "output/syntax_json.h"
 #include "output/syntax_tree.h"
@@ -159,6 +161,17 @@ TEST(InspectHostility, RandomBytesGetAnAnswerFromEveryVerb) {
 
 enum class form { tree, json, trace, summary, copy };
 
+// The text up to each of these places.
+std::vector<std::string> split(const std::string& text, const std::vector<std::size_t>& ends) {
+    std::vector<std::string> parts;
+    std::size_t begin = 0;
+    for (const std::size_t end : ends) {
+        parts.push_back(text.substr(begin, end - begin));
+        begin = end;
+    }
+    return parts;
+}
+
 // What is shown of each unit.
 std::vector<std::string> units_shown(const std::string& path, form shown) {
     using namespace inspect;
@@ -167,42 +180,46 @@ std::vector<std::string> units_shown(const std::string& path, form shown) {
     unit_reader reader(rule_set::standard);
     nal_rewriter rewriter(nalfmt_annex_b, nalfmt_annex_b);
     stream_summary summary(rule_set::standard);
-    std::vector<std::string> texts;
+    const temporary_folder folder;
+    const std::string text = folder.file("text");
+    output lines(file_descriptor::create(text, text));
+    std::vector<std::size_t> ends;
     nal_unit unit;
     while (walk->next(unit)) {
         if (!unit.readable) {
             continue;
         }
-        std::string text;
-        syntax_tree tree;
-        syntax_json json;
-        trace_lines trace(reader.payload());
+        syntax_tree tree(lines);
+        trace_lines trace(reader.payload(), lines);
         switch (shown) {
             case form::tree:
                 reader.read(unit, tree);
-                text = tree.text();
+                tree.finish();
                 break;
-            case form::json:
+            case form::json: {
+                syntax_json json(unit, rule_set::standard, lines);
                 reader.read(unit, json);
-                text = json.root().dump();
+                json.finish();
                 break;
+            }
             case form::trace:
                 reader.read(unit, trace);
-                text = trace.text();
                 break;
             case form::summary:
                 reader.read(unit, summary);
                 summary.add(unit, reader.record());
-                text = summary.text();
+                lines.write(summary.text());
                 break;
             case form::copy:
                 EXPECT_TRUE(rewriter.rewrite(unit));
-                text.assign(rewriter.data(), rewriter.data() + rewriter.size());
+                lines.write(rewriter.data(), rewriter.size());
                 break;
         }
-        texts.push_back(text);
+        lines.flush();
+        ends.push_back(static_cast<std::size_t>(lines.file().status().st_size));
     }
-    return texts;
+    lines.finish();
+    return split(read_file(text), ends);
 }
 
 class InspectHostilityOf : public testing::TestWithParam<form> {};

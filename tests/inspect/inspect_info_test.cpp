@@ -2,13 +2,17 @@
 #include <nlohmann/json.hpp>
 
 #include <cstddef>
+#include <cstdint>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "annex_b_unit.h"
 #include "byte_string.h"
 #include "program.h"
 #include "readings.h"
+#include "support/bit_writer.h"
+#include "support/parameter_sets.h"
 #include "temporary_folder.h"
 
 namespace kovran::test {
@@ -91,19 +95,278 @@ TEST(InspectInfo, ShowsAStreamWithSlices) {
               "faults        none\n");
 }
 
+// Of six bytes each, with first_slice_segment_in_pic_flag and a PPS that is not there.
+std::string irap_fact(const std::string& pictures) {
+    std::string stream;
+    for (const char picture : pictures) {
+        stream += bytes(picture == 'I' ? "000001 2801a0" : "000001 0201e0");
+    }
+    return fact(program({"info", "-"}).input(stream).run().out, "IRAP");
+}
+
 TEST(InspectInfo, TellsHowFarIrapPicturesAreApart) {
-    const auto irap_of = [](const std::string& pictures) {
-        std::string stream;
-        for (const char picture : pictures) {
-            // first_slice_segment_in_pic_flag, and a PPS that is not there.
-            stream += bytes(picture == 'I' ? "000001 2801a0" : "000001 0201e0");
-        }
-        return fact(program({"info", "-"}).input(stream).run().out, "IRAP");
-    };
-    EXPECT_EQ(irap_of("II"), "2: picture 0 at 3, 1 at 9; every picture");
-    EXPECT_EQ(irap_of("IPI"), "2: picture 0 at 3, 2 at 15; every 2 pictures");
-    EXPECT_EQ(irap_of("IPIIPI"),
+    EXPECT_EQ(irap_fact("II"), "2: picture 0 at 3, 1 at 9; every picture");
+    EXPECT_EQ(irap_fact("IPI"), "2: picture 0 at 3, 2 at 15; every 2 pictures");
+    EXPECT_EQ(irap_fact("IPIIPI"),
               "4: picture 0 at 3, 2 at 15, 3 at 21, 5 at 33; every 1 to 2 pictures");
+}
+
+TEST(InspectInfo, TellsTheShortestAndTheLongestDistanceWhereverTheyAre) {
+    EXPECT_EQ(irap_fact("IIPPI"), "3: picture 0 at 3, 1 at 9, 4 at 27; every 1 to 3 pictures");
+    EXPECT_EQ(irap_fact("IPPII"), "3: picture 0 at 3, 3 at 21, 4 at 27; every 1 to 3 pictures");
+    EXPECT_EQ(irap_fact("IPIPPPIPI"),
+              "4: picture 0 at 3, 2 at 15, 6 at 39, 8 at 51; every 2 to 4 pictures");
+    EXPECT_EQ(irap_fact("IPPIIPPI"),
+              "4: picture 0 at 3, 3 at 21, 4 at 27, 7 at 45; every 1 to 3 pictures");
+    // The pictures before the first and behind the last one are no distance.
+    EXPECT_EQ(irap_fact("PPPPIPIPPPPP"), "2: picture 4 at 27, 6 at 39; every 2 pictures");
+}
+
+TEST(InspectInfo, ListsTheFirstEightIrapPictures) {
+    const std::string seven = "picture 0 at 3, 1 at 9, 2 at 15, 3 at 21, 4 at 27, 5 at 33, 6 at 39";
+    EXPECT_EQ(irap_fact("IIIIIII"), "7: " + seven + "; every picture");
+    EXPECT_EQ(irap_fact("IIIIIIII"), "8: " + seven + ", 7 at 45; every picture");
+    EXPECT_EQ(irap_fact("IIIIIIIII"), "9: " + seven + ", 7 at 45, ...; every picture");
+    EXPECT_EQ(irap_fact("IIIIIIIIIPPI"), "10: " + seven + ", 7 at 45, ...; every 1 to 3 pictures");
+}
+
+std::string unit_of_type(unsigned int type, const std::string& payload) {
+    return bytes("000001") + static_cast<char>(type << 1) + bytes("01") + payload;
+}
+
+outcome info_of_bytes(const std::string& stream) {
+    return program({"info", "-"}).input(stream).run();
+}
+
+// With first_slice_segment_in_pic_flag 1, no_output_of_prior_pics_flag 0 in IRAP pictures, and the
+// identifier of a PPS that is not there.
+TEST(InspectInfo, CountsThePicturesOfEachTypeOfSlice) {
+    for (unsigned int type = 0; type < 64; ++type) {
+        SCOPED_TRACE(type);
+        const bool irap = type >= 16 && type <= 21;
+        const bool slice = type <= 9 || irap;
+        const bool message = type == 39 || type == 40;
+        const bool parameter_set = type >= 32 && type <= 35;
+        if (message || parameter_set) {
+            continue;
+        }
+        const outcome result = info_of_bytes(unit_of_type(type, bytes(irap ? "a0" : "e0")));
+        EXPECT_EQ(result.status, slice ? 1 : 0);
+        EXPECT_EQ(fact(result.out, "slices"), slice ? "unreadable 1" : "none");
+        EXPECT_EQ(fact(result.out, "pictures"), slice ? "1" : "0");
+        EXPECT_EQ(fact(result.out, "IRAP"), irap ? "1: picture 0 at 3" : "0");
+        EXPECT_EQ(fact(result.out, "faults"), slice ? "1" : "none");
+    }
+}
+
+TEST(InspectInfo, CountsNoPictureForAFurtherSegment) {
+    const outcome result = info_of_bytes(bytes("000001 2801a0 000001 280120 000001 280120"));
+    EXPECT_EQ(fact(result.out, "slices"), "unreadable 3");
+    EXPECT_EQ(fact(result.out, "pictures"), "1");
+    EXPECT_EQ(fact(result.out, "IRAP"), "1: picture 0 at 3");
+}
+
+// Two coding tree blocks, of which the second one has a slice segment of its own.
+TEST(InspectInfo, TellsDependentSegmentsFromSlices) {
+    sps_syntax sps;
+    sps.picture_size = bit_writer().ue(128).ue(64);
+    pps_syntax pps;
+    pps.slice_header = bit_writer().u<1>(1).u<1>(0).u<3>(0).u<1>(0).u<1>(0);
+    const bit_writer first = bit_writer().u<1>(1).u<1>(0).ue(0).ue(2).trailing_bits();
+    const bit_writer dependent = bit_writer().u<1>(0).u<1>(0).ue(0).u<1>(1).u<1>(1).trailing_bits();
+    const bit_writer second =
+        bit_writer().u<1>(0).u<1>(0).ue(0).u<1>(0).u<1>(1).ue(2).trailing_bits();
+    const std::string sets = annex_b_unit(VPS_NUT, vps_syntax().rbsp()) +
+                             annex_b_unit(SPS_NUT, sps.rbsp()) + annex_b_unit(PPS_NUT, pps.rbsp());
+    const std::string picture = annex_b_unit(IDR_W_RADL, first);
+    const outcome with_dependent =
+        info_of_bytes(sets + picture + annex_b_unit(IDR_W_RADL, dependent));
+    EXPECT_EQ(with_dependent.status, 0) << with_dependent.err;
+    EXPECT_EQ(fact(with_dependent.out, "slices"), "I 1, dependent 1");
+    EXPECT_EQ(fact(with_dependent.out, "pictures"), "1");
+    const outcome with_slice = info_of_bytes(sets + picture + annex_b_unit(IDR_W_RADL, second));
+    EXPECT_EQ(fact(with_slice.out, "slices"), "I 2");
+    EXPECT_EQ(fact(with_slice.out, "pictures"), "1");
+}
+
+TEST(InspectInfo, CountsEveryMessageByItsName) {
+    const outcome result =
+        info_of_bytes(bytes("000001 4e01 0501aa 0500 6300 80 000001 5001 8400 0501aa 80"));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(fact(result.out, "SEI"),
+              "decoded_picture_hash 1, payload_type_99 1, user_data_unregistered 3");
+}
+
+TEST(InspectInfo, CountsTheFaultsOfBytesThatAreNoUnit) {
+    // Two bytes before the first unit, whose temporal identifier is none, which has 00 00 00
+    // inside, and no stop bit behind pic_type.
+    const outcome result = info_of_bytes(bytes("aabb 000001 4600 00000240"));
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(fact(result.out, "faults"), "4");
+    EXPECT_EQ(fact(result.out, "NAL units"), "1: AUD_NUT 1");
+}
+
+// ---- What the first SPS says
+
+std::string info_of_sets(const sps_syntax& sps, const vps_syntax& vps = {}) {
+    return info_of_bytes(annex_b_unit(VPS_NUT, vps.rbsp()) + annex_b_unit(SPS_NUT, sps.rbsp())).out;
+}
+
+TEST(InspectInfo, TellsProfileTierAndLevel) {
+    sps_syntax sps;
+    sps.profile_tier_level = bit_writer().u<2>(0).u<1>(1).u<5>(2).u<32>(1U << (31 - 2)).u<4>(0x9);
+    sps.profile_tier_level.u<43>(0).u<1>(0).u<8>(156);
+    EXPECT_EQ(fact(info_of_sets(sps), "profile"), "Main 10, High tier, level 5.2");
+}
+
+TEST(InspectInfo, TellsTheBitDepthsOfLumaAndChroma) {
+    sps_syntax sps;
+    sps.bit_depths = bit_writer().ue(2).ue(4);
+    EXPECT_EQ(fact(info_of_sets(sps), "format"), "4:2:0, 10 bit luma, 12 bit chroma");
+}
+
+// Of 128 x 96 samples: 1 and 2 units are cropped at the sides, 3 and 5 above and below.
+std::string cropped_size(const bit_writer& chroma_format) {
+    sps_syntax sps;
+    sps.chroma_format = chroma_format;
+    sps.picture_size = bit_writer().ue(128).ue(96);
+    sps.conformance_window = bit_writer().u<1>(1).ue(1).ue(2).ue(3).ue(5);
+    return fact(info_of_sets(sps), "size");
+}
+
+// Table 6-1.
+TEST(InspectInfo, CropsInTheUnitsOfEachChromaFormat) {
+    EXPECT_EQ(cropped_size(bit_writer().ue(0)), "128 x 96, cropped to 125 x 88");
+    EXPECT_EQ(cropped_size(bit_writer().ue(1)), "128 x 96, cropped to 122 x 80");
+    EXPECT_EQ(cropped_size(bit_writer().ue(2)), "128 x 96, cropped to 122 x 88");
+    EXPECT_EQ(cropped_size(bit_writer().ue(3).u<1>(0)), "128 x 96, cropped to 125 x 88");
+    EXPECT_EQ(cropped_size(bit_writer().ue(3).u<1>(1)), "128 x 96, cropped to 125 x 88");
+}
+
+TEST(InspectInfo, TellsOfAWindowThatLeavesNothing) {
+    const auto size_with = [](unsigned int left, unsigned int right, unsigned int top,
+                              unsigned int bottom) {
+        sps_syntax sps;
+        sps.picture_size = bit_writer().ue(128).ue(96);
+        sps.conformance_window = bit_writer().u<1>(1).ue(left).ue(right).ue(top).ue(bottom);
+        return fact(info_of_sets(sps), "size");
+    };
+    const std::string nothing = "128 x 96, with a conformance window that leaves nothing";
+    EXPECT_EQ(size_with(33, 30, 20, 27), "128 x 96, cropped to 2 x 2");
+    EXPECT_EQ(size_with(33, 31, 20, 27), nothing);
+    EXPECT_EQ(size_with(33, 30, 20, 28), nothing);
+    // The sums are more than 32 bits hold, by 1.
+    EXPECT_EQ(size_with(0xFFFFFFFE, 3, 0, 0), nothing);
+    EXPECT_EQ(size_with(0, 0, 0xFFFFFFFE, 3), nothing);
+}
+
+// VUI parameters: video_signal_type_present_flag and what depends on it, then field_seq_flag with
+// frame_field_info_present_flag, then vui_timing_info_present_flag and what depends on it.
+bit_writer vui(const bit_writer& signal_type, bool fields, const bit_writer& timing) {
+    bit_writer all = bit_writer().u<1>(1).u<2>(0);
+    append(all, signal_type).u<2>(0);
+    all.u<2>(fields ? 3 : 0).u<1>(0);
+    return append(all, timing).u<1>(0);
+}
+
+bit_writer no_timing() {
+    return bit_writer().u<1>(0);
+}
+
+bit_writer timing(std::uint32_t num_units_in_tick, std::uint32_t time_scale) {
+    return bit_writer().u<1>(1).u<32>(num_units_in_tick).u<32>(time_scale).u<1>(0);
+}
+
+std::string rate_of(const bit_writer& timing_of_vui, const bit_writer& timing_of_vps,
+                    bool fields = false) {
+    sps_syntax sps;
+    sps.vui = vui(bit_writer().u<1>(0), fields, timing_of_vui);
+    vps_syntax vps;
+    vps.timing_info = timing_of_vps;
+    return fact(info_of_sets(sps, vps), "rate");
+}
+
+TEST(InspectInfo, TakesTheRateFromTheVuiBeforeTheVps) {
+    const bit_writer of_vui = timing(1001, 30000).u<1>(0);  // without HRD parameters
+    const bit_writer of_vps = timing(1, 50).ue(0);
+    EXPECT_EQ(rate_of(of_vui, of_vps), "29.97 pictures per second (30000/1001)");
+    EXPECT_EQ(rate_of(of_vui, no_timing()), "29.97 pictures per second (30000/1001)");
+    EXPECT_EQ(rate_of(no_timing(), of_vps), "50 pictures per second (50/1)");
+    EXPECT_EQ(rate_of(no_timing(), no_timing()), "not given");
+    vps_syntax vps;
+    vps.timing_info = of_vps;
+    EXPECT_EQ(fact(info_of_sets({}, vps), "rate"), "50 pictures per second (50/1)");
+}
+
+// SPS 0 names VPS 1, which comes second.
+TEST(InspectInfo, TakesTheRateFromTheVpsThatTheSpsNames) {
+    vps_syntax other_vps;
+    other_vps.timing_info = timing(1, 50).ue(0);
+    vps_syntax vps;
+    vps.header = bit_writer().u<4>(1).u<1>(1).u<1>(1).u<6>(0).u<3>(0).u<1>(1).u<16>(0xFFFF);
+    vps.timing_info = timing(1, 60).ue(0);
+    sps_syntax sps;
+    sps.header = bit_writer().u<4>(1).u<3>(0).u<1>(1);
+    const std::string first = annex_b_unit(VPS_NUT, other_vps.rbsp());
+    const std::string second = annex_b_unit(VPS_NUT, vps.rbsp());
+    const std::string names_1 = annex_b_unit(SPS_NUT, sps.rbsp());
+    EXPECT_EQ(fact(info_of_bytes(first + second + names_1).out, "rate"),
+              "60 pictures per second (60/1)");
+    EXPECT_EQ(fact(info_of_bytes(first + names_1).out, "rate"), "not given");
+    vps.timing_info = timing(1, 70).ue(0);
+    const std::string again = annex_b_unit(VPS_NUT, vps.rbsp());
+    EXPECT_EQ(fact(info_of_bytes(second + names_1 + again).out, "rate"),
+              "60 pictures per second (60/1)");
+}
+
+TEST(InspectInfo, CountsFieldsWhereThePicturesAreFields) {
+    const bit_writer of_vui = timing(1001, 60000).u<1>(0);
+    const bit_writer of_vps = timing(1, 50).ue(0);
+    EXPECT_EQ(rate_of(of_vui, of_vps, true), "59.9401 fields per second (60000/1001)");
+    EXPECT_EQ(rate_of(no_timing(), of_vps, true), "50 fields per second (50/1)");
+}
+
+TEST(InspectInfo, KnowsNoRateForATickOfNoUnits) {
+    const bit_writer of_vps = timing(1, 50).ue(0);
+    EXPECT_EQ(rate_of(timing(0, 25).u<1>(0), of_vps), "unknown: a tick of 0 units");
+    EXPECT_EQ(rate_of(no_timing(), timing(0, 25).ue(0)), "unknown: a tick of 0 units");
+}
+
+std::string colour_of(const bit_writer& signal_type) {
+    sps_syntax sps;
+    sps.vui = vui(signal_type, /*fields=*/false, no_timing());
+    return fact(info_of_sets(sps), "colour");
+}
+
+TEST(InspectInfo, TellsTheColours) {
+    EXPECT_EQ(fact(info_of_sets({}), "colour"), "not given");
+    EXPECT_EQ(colour_of(bit_writer().u<1>(0)), "not given");
+    EXPECT_EQ(colour_of(bit_writer().u<1>(1).u<3>(5).u<1>(0).u<1>(0)), "limited range");
+    EXPECT_EQ(colour_of(bit_writer().u<1>(1).u<3>(5).u<1>(1).u<1>(0)), "full range");
+    EXPECT_EQ(
+        colour_of(bit_writer().u<1>(1).u<3>(5).u<1>(1).u<1>(1).u<8>(8).u<8>(9).u<8>(10)),
+        "full range; primaries generic film; transfer logarithmic, 100:1; matrix BT.2020 constant "
+        "luminance");
+    EXPECT_EQ(colour_of(bit_writer().u<1>(1).u<3>(5).u<1>(0).u<1>(1).u<8>(0).u<8>(3).u<8>(255)),
+              "limited range; primaries reserved; transfer reserved; matrix reserved");
+}
+
+TEST(InspectInfo, TellsOfTheFirstParameterSets) {
+    vps_syntax first_vps;
+    first_vps.timing_info = timing(1, 50).ue(0);
+    vps_syntax other_vps;
+    other_vps.header = bit_writer().u<4>(1).u<1>(1).u<1>(1).u<6>(0).u<3>(0).u<1>(1).u<16>(0xFFFF);
+    other_vps.timing_info = timing(1, 60).ue(0);
+    sps_syntax other_sps;
+    other_sps.sps_seq_parameter_set_id = bit_writer().ue(1);
+    other_sps.picture_size = bit_writer().ue(128).ue(96);
+    const outcome result = info_of_bytes(
+        annex_b_unit(VPS_NUT, first_vps.rbsp()) + annex_b_unit(VPS_NUT, other_vps.rbsp()) +
+        annex_b_unit(SPS_NUT, sps_syntax().rbsp()) + annex_b_unit(SPS_NUT, other_sps.rbsp()));
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(fact(result.out, "rate"), "50 pictures per second (50/1)");
+    EXPECT_EQ(fact(result.out, "size"), "64 x 64");
+    EXPECT_EQ(fact(result.out, "NAL units"), "4: SPS_NUT 2, VPS_NUT 2");
 }
 
 TEST(InspectInfo, CountsUnitsOfHigherLayers) {
@@ -113,6 +376,15 @@ TEST(InspectInfo, CountsUnitsOfHigherLayers) {
     EXPECT_EQ(fact(info, "slices"), "B 2, I 1, P 1");
     EXPECT_EQ(fact(info, "pictures"), "4");
     EXPECT_EQ(fact(info, "rate"), "25 pictures per second (25000/1000)");
+}
+
+TEST(InspectInfo, CountsTheUnitsOfEachHigherLayer) {
+    // Layers 0, 1, 9 and 63.
+    const std::string info =
+        info_of_bytes(bytes("000001 6001 000001 6009 000001 6049 000001 61f9")).out;
+    EXPECT_EQ(fact(info, "NAL units"), "4: UNSPEC48 4");
+    EXPECT_NE(info.find("\n              3 of them in enhancement layers, not parsed\n"),
+              std::string::npos);
 }
 
 TEST(InspectInfo, CountsFields) {

@@ -216,6 +216,45 @@ TEST(InspectNals, ALayerThatTheStreamLacksIsAFailure) {
     EXPECT_EQ(run({"nals", path, "--layer", "1", "--type", "AUD"}).status, 0);
 }
 
+TEST(InspectNals, TellsTheLayersThatThereAre) {
+    // Layers 0, 1, 9 and 63.
+    const auto reason = [](const std::string& stream) {
+        return program({"nals", "-", "--layer", "2"}).input(bytes(stream)).run().err;
+    };
+    const std::string start =
+        "kovran: standard input: there is no NAL unit of layer 2; the stream ";
+    EXPECT_EQ(reason("000001 4001 000001 4009"), start + "has layers 0 and 1\n");
+    EXPECT_EQ(reason("000001 43f9 000001 4049 000001 4001 000001 4009"),
+              start + "has layers 0, 1, 9 and 63\n");
+    EXPECT_EQ(reason("000001 43f9"), start + "has layer 63\n");
+}
+
+// All that is asked for has to be true of a unit.
+TEST(InspectNals, SelectsByLayerTypeAndLimitTogether) {
+    const std::string stream =
+        bytes("000001 4001 000001 4009 000001 4201 000001 4209 000001 4209 000001 4201");
+    const auto indices = [&](const std::vector<std::string>& options) {
+        std::vector<std::string> arguments = {"nals", "--json", "-"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        std::vector<int> all;
+        for (const nlohmann::json& line : json_lines(program(arguments).input(stream).run().out)) {
+            all.push_back(line.at("index"));
+        }
+        return all;
+    };
+    using list = std::vector<int>;
+    EXPECT_EQ(indices({"--layer", "1"}), (list{1, 3, 4}));
+    EXPECT_EQ(indices({"--layer", "0"}), (list{0, 2, 5}));
+    EXPECT_EQ(indices({"--layer", "1", "--type", "SPS"}), (list{3, 4}));
+    EXPECT_EQ(indices({"--layer", "1", "--type", "SPS", "--limit", "1"}), list{3});
+    EXPECT_EQ(indices({"--layer", "1", "--limit", "2"}), (list{1, 3}));
+    EXPECT_EQ(indices({"--layer", "1", "--limit", "3"}), (list{1, 3, 4}));
+    EXPECT_EQ(indices({"--layer", "1", "--nal", "3"}), list{3});
+    EXPECT_EQ(indices({"--layer", "1", "--nal", "2"}), list{});
+    EXPECT_EQ(indices({"--type", "VPS", "--nal", "2"}), list{});
+    EXPECT_EQ(indices({"--nal", "5"}), list{5});
+}
+
 TEST(InspectNals, SelectsAUnit) {
     const std::string path = stream_path("mainstill");
     EXPECT_EQ(names_of(run({"nals", "--json", path, "--nal", "1"})),

@@ -161,6 +161,11 @@ program& program::errors_on_terminal() {
     return *this;
 }
 
+program& program::errors_into(int descriptor) {
+    errors_into_ = descriptor;
+    return *this;
+}
+
 program& program::without_descriptor(int number) {
     closed_ = number;
     return *this;
@@ -186,7 +191,7 @@ outcome program::run() const {
 
     const pid_t child = checked(::fork());
     if (child == 0) {
-        become_program(in, out_end, err.writing_end());
+        become_program(in, out_end, errors_into_ >= 0 ? errors_into_ : err.writing_end());
     }
     ::close(in);
     ::close(out_end);

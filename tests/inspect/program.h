@@ -39,6 +39,8 @@ public:
     program& without_file_privileges();
     program& output_on_terminal();
     program& errors_on_terminal();
+    // Instead of what catches standard error; `err` of the outcome is then empty.
+    program& errors_into(int descriptor);
     program& without_descriptor(int number);
 
     [[nodiscard]] outcome run() const;
@@ -58,6 +60,7 @@ private:
     bool output_into_closed_pipe_ = false;
     bool output_on_terminal_ = false;
     bool errors_on_terminal_ = false;
+    int errors_into_ = -1;
     int closed_ = -1;
 };
 

@@ -264,6 +264,12 @@ void add_reference_pictures(case_list<sps_values>& list) {
         set.delta_poc_s0_minus1 = {0, 0, 0};
         sps.st_ref_pic_set = {set};
     });
+    // The highest sub-layer decides, here on three pictures.
+    list.at_most("num_negative_pics", 0, 3, [](auto& sps, auto value) {
+        sps.sps_max_sub_layers_minus1 = 1;
+        sps.sps_max_dec_pic_buffering_minus1 = {2, 3};
+        sps.st_ref_pic_set = {pictures_before(static_cast<std::size_t>(value))};
+    });
     list.at_most("delta_poc_s0_minus1[0]", 0, 32767, [](auto& sps, auto value) {
         set_values set;
         set.delta_poc_s0_minus1 = {value};
@@ -309,6 +315,27 @@ void add_vui(case_list<sps_values>& list) {
     list.at_most("def_disp_win_top_offset", 0, 127, in_vui(&vui_values::def_disp_win_top_offset));
     list.at_most("def_disp_win_bottom_offset", 0, 127,
                  in_vui(&vui_values::def_disp_win_bottom_offset));
+    // Beside the conformance window, here 15 of 192 columns and 7 of 128 rows, and each other.
+    const auto in_window = [](element_value vui_values::*field) {
+        return [field](sps_values& sps, std::int64_t value) {
+            sps.conf_win_left_offset = 10;
+            sps.conf_win_right_offset = 5;
+            sps.conf_win_top_offset = 4;
+            sps.conf_win_bottom_offset = 3;
+            sps.vui_parameters_present_flag = true;
+            sps.vui.def_disp_win_left_offset = 20;
+            sps.vui.def_disp_win_top_offset = 30;
+            sps.vui.*field = value;
+        };
+    };
+    list.at_most("def_disp_win_left_offset", 0, 176,
+                 in_window(&vui_values::def_disp_win_left_offset));
+    list.at_most("def_disp_win_right_offset", 0, 156,
+                 in_window(&vui_values::def_disp_win_right_offset));
+    list.at_most("def_disp_win_top_offset", 0, 120,
+                 in_window(&vui_values::def_disp_win_top_offset));
+    list.at_most("def_disp_win_bottom_offset", 0, 90,
+                 in_window(&vui_values::def_disp_win_bottom_offset));
     list.at_least("vui_num_units_in_tick", 1, 0xFFFFFFFF,
                   in_vui(&vui_values::vui_num_units_in_tick));
     list.at_least("vui_time_scale", 1, 0xFFFFFFFF, in_vui(&vui_values::vui_time_scale));
@@ -368,6 +395,10 @@ range_table pps_ranges() {
                  [](auto& pps, auto value) { pps.num_ref_idx_l1_default_active_minus1 = value; });
     list.within("init_qp_minus26", -26, 25,
                 [](auto& pps, auto value) { pps.init_qp_minus26 = value; });
+    list.within("init_qp_minus26", -38, 25, [](auto& pps, auto value) {
+        pps.pps_seq_parameter_set_id = 15;
+        pps.init_qp_minus26 = value;
+    });
     list.at_most("diff_cu_qp_delta_depth", 0, 3, [](auto& pps, auto value) {
         pps.cu_qp_delta_enabled_flag = true;
         pps.diff_cu_qp_delta_depth = value;
@@ -408,9 +439,10 @@ range_table pps_ranges() {
     });
     list.at_most("log2_parallel_merge_level_minus2", 0, 4,
                  [](auto& pps, auto value) { pps.log2_parallel_merge_level_minus2 = value; });
-    // The identifiers 0 and 15 are both there.
+    // The identifiers 0 and 15 are both there; 15 has 10 bits of luma and 8 of chroma.
     sps_values last;
     last.sps_seq_parameter_set_id = 15;
+    last.bit_depth_luma_minus8 = 2;
     return {"pic_parameter_set_rbsp",
             {{VPS_NUT, bits_of(vps_values())},
              {SPS_NUT, bits_of(sps_values())},

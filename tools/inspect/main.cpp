@@ -62,7 +62,7 @@ exit_status run(int argc, const char* const* argv) noexcept {
 
 int main(int argc, char** argv) {
     kovran::inspect::reserve_standard_streams();
-    kovran::inspect::report_bus_errors();
+    kovran::inspect::survive_bus_errors();
     kovran::inspect::report_file_size_limit();
     kovran::inspect::cap_address_space();
     return kovran::inspect::run(argc, argv);

@@ -3,6 +3,13 @@
 #include <variant>
 
 namespace kovran::inspect {
+namespace {
+
+// Of a PPS, clause 7.4.3.3.1; those of the others are lower. No reader keeps a set above it, and
+// what names one differs by a rule of its own.
+constexpr unsigned int highest_id = 63;
+
+}  // namespace
 
 difference_cause difference_causes::of_sets_used_by(const unit_reader& reader,
                                                     const h265_fault& own_fault) const {
@@ -32,7 +39,7 @@ void difference_causes::remember(const unit_reader& standard, const unit_reader&
     if (!name) {
         name = name_of_set(own.record());
     }
-    if (name) {
+    if (name && name->second <= highest_id) {
         causes_[*name] = cause;
     }
 }

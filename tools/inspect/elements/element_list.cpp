@@ -2,6 +2,9 @@
 
 #include "elements/sei_name.h"
 
+#include <string_view>
+#include <utility>
+
 namespace kovran::inspect {
 
 void element_list::begin_structure(const h2645_common_element_name& name) {
@@ -13,6 +16,10 @@ void element_list::end_structure() {
 }
 
 void element_list::read(const shown_element& read_element) {
+    const bool is_ff_byte = std::string_view(read_element.name.name) == "ff_byte";
+    if (std::exchange(in_ff_bytes_, is_ff_byte) && is_ff_byte) {
+        return;
+    }
     entries_.push_back({path_.to(to_string(read_element.name)), read_element.descriptor,
                         read_element.first_bit, read_element.width, read_element.value,
                         read_element.rule});

@@ -10,7 +10,9 @@
 
 namespace kovran::inspect {
 
-// The syntax elements of one unit in the order of their bits.
+// The syntax elements of a unit, or of a part of it, in the order of their bits. Of the ff_byte
+// elements of one type or size of an SEI message there is only the first: they can be as many as
+// the unit has bytes, and every reading has the same.
 class element_list : public trace_sink {
 public:
     struct entry {
@@ -28,6 +30,7 @@ public:
     };
 
     [[nodiscard]] const std::vector<entry>& entries() const { return entries_; }
+    void clear() { entries_.clear(); }
 
     void begin_structure(const h2645_common_element_name& name) override;
     void end_structure() override;
@@ -38,6 +41,7 @@ public:
 
 private:
     std::vector<entry> entries_;
+    bool in_ff_bytes_ = false;
     element_path path_;
 };
 

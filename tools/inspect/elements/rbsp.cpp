@@ -2,6 +2,8 @@
 
 #include <kovran/h265/h265_nal_reader.h>
 
+#include "process/bus_error.h"
+
 #include <algorithm>
 
 namespace kovran::inspect {
@@ -16,13 +18,16 @@ void rbsp::decode(const nal_unit& unit) {
     payload_ = unit.bytes + std::min(size, header_size);
     payload_size_ = size - std::min(size, header_size);
     payload_offset_ = unit.offset + header_size;
-    removed_known_ = false;
+    found_byte_ = 0;
+    found_place_ = 0;
 
     h265_nal_reader reader;
     reader.decode_ptr = unit.bytes + std::min(size, header_size);
     reader.decode_fence = unit.bytes + size;
+    bytes_.clear();  // so that the array grows to what is needed and no further
     bytes_.resize(payload_size_);
     bytes_.resize(reader.block_decode(bytes_.data(), bytes_.size()));
+    require_mapped_bytes();
 }
 
 void rbsp::strip_trailing_zero_bytes() {
@@ -32,27 +37,20 @@ void rbsp::strip_trailing_zero_bytes() {
 }
 
 bit_place rbsp::place_of(std::size_t bit) {
-    if (!removed_known_) {
-        find_emulation_prevention();
-    }
     const std::size_t byte = bit / 8;
-    const auto removed = std::upper_bound(removed_before_.begin(), removed_before_.end(), byte) -
-                         removed_before_.begin();
-    return {payload_offset_ + byte + static_cast<std::uint64_t>(removed),
-            static_cast<unsigned int>(bit % 8)};
+    if (byte < found_byte_) {
+        found_byte_ = 0;
+        found_place_ = 0;
+    }
+    for (; found_byte_ != byte; ++found_byte_) {
+        found_place_ += is_emulation_prevention(found_place_ + 1) ? std::size_t{2} : 1;
+    }
+    return {payload_offset_ + found_place_, static_cast<unsigned int>(bit % 8)};
 }
 
-void rbsp::find_emulation_prevention() {
-    removed_before_.clear();
-    removed_known_ = true;
-    for (std::size_t i = 0; i + 3 <= payload_size_;) {
-        if (payload_[i] == 0 && payload_[i + 1] == 0 && payload_[i + 2] == 3) {
-            removed_before_.push_back(i + 2 - removed_before_.size());
-            i += 3;
-        } else {
-            ++i;
-        }
-    }
+bool rbsp::is_emulation_prevention(std::size_t place) const {
+    return place >= 2 && place < payload_size_ && payload_[place - 2] == 0 &&
+           payload_[place - 1] == 0 && payload_[place] == 3;
 }
 
 }  // namespace kovran::inspect

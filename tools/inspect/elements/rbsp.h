@@ -37,17 +37,17 @@ public:
     [[nodiscard]] bit_place place_of(std::size_t bit);
 
 private:
-    void find_emulation_prevention();
+    // Of the payload, at a place in it.
+    [[nodiscard]] bool is_emulation_prevention(std::size_t place) const;
 
     std::vector<unsigned char> bytes_;
     const unsigned char* payload_ = nullptr;
     std::size_t payload_size_ = 0;
     std::uint64_t payload_offset_ = 0;
 
-    // Before which bytes of the RBSP an emulation prevention byte stood; found when first asked
-    // for.
-    std::vector<std::size_t> removed_before_;
-    bool removed_known_ = false;
+    // The latest byte that was asked for: the next search goes on from there.
+    std::size_t found_byte_ = 0;   // in the RBSP
+    std::size_t found_place_ = 0;  // in the payload
 };
 
 }  // namespace kovran::inspect

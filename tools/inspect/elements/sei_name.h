@@ -7,6 +7,8 @@
 
 namespace kovran::inspect {
 
+[[nodiscard]] bool has_standard_name(const h265_nal_sei_reader& message);
+
 // As the standard calls the payload, or "payload_type_200" where it has no name for it.
 [[nodiscard]] std::string sei_name(const h265_nal_sei_reader& message);
 

@@ -1,8 +1,8 @@
 #include "elements/standard_tables.h"
 
-#include <kovran/h265/h265_profile.h>
 #include <kovran/h265/h265_vui_parameters.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <iterator>
 
@@ -43,13 +43,16 @@ std::string tier_name(std::int64_t tier_flag) {
 }
 
 std::string level_name(std::int64_t level_idc) {
-    h265_profile::level_decomposed level;
-    level.parse(static_cast<unsigned char>(level_idc));
-    if (level.remainder != 0) {
+    // Ten times the numbers of the levels in clause A.4.
+    static constexpr int levels[] = {10, 20, 21, 30, 31, 40, 41, 50, 51, 52, 60, 61, 62, 63, 85};
+    const auto* const level = std::find_if(std::begin(levels), std::end(levels),
+                                           [&](int each) { return 3 * each == level_idc; });
+    if (level == std::end(levels)) {
         return "no level of the standard";
     }
-    return level.minor == 0 ? fmt::format("level {}", level.major)
-                            : fmt::format("level {}.{}", level.major, level.minor);
+    const int minor = *level % 10;
+    return minor == 0 ? fmt::format("level {}", *level / 10)
+                      : fmt::format("level {}.{}", *level / 10, minor);
 }
 
 std::string chroma_format_name(std::int64_t chroma_format_idc) {

@@ -7,6 +7,7 @@
 #include "elements/sei_name.h"
 
 #include <new>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -17,8 +18,13 @@ namespace {
 constexpr unsigned int highest_sps_id = 15;
 constexpr unsigned int highest_pps_id = 63;
 
-unsigned int bits_before(const unsigned char* begin, const unsigned char* place) {
-    return static_cast<unsigned int>(8 * (place - begin));
+// A reader of [begin, end) that stands at `place` and counts bits from `begin`. Its skip() does not
+// reach as far in a large unit.
+h2645_common_bitreader reader_at(const unsigned char* place, const unsigned char* begin,
+                                 const unsigned char* end) {
+    h2645_common_bitreader reader(begin, end);
+    reader.current = place;
+    return reader;
 }
 
 void tell_framing(const char* name, const char* descriptor, unsigned char width, unsigned int value,
@@ -51,28 +57,68 @@ void tell_trailing_bits(h2645_common_bitreader reader, trace_sink& sink) {
     } while (reader.bits_to_byte_boundary() != 0);
 }
 
+// Only the base layer is.
+bool is_read(const nal_unit& unit) {
+    return unit.readable && unit.header.nuh_layer_id == 0;
+}
+
 // The coded slice segments of table 7-1; the types between and above them are reserved.
 bool is_slice(h265_nal_unit_type type) {
     return type <= RASL_R || (type >= BLA_W_LP && type <= CRA_NUT);
 }
 
+bool is_sei(h265_nal_unit_type type) {
+    return type == PREFIX_SEI_NUT || type == SUFFIX_SEI_NUT;
+}
+
 }  // namespace
 
 void unit_reader::read(nal_unit& unit, trace_sink& sink) {
-    record_ = {};
-    fault_ = {};
-    if (unit.readable && unit.header.nuh_layer_id == 0) {
-        rbsp_.decode(unit);
-        read_unit(unit, sink);
+    begin(unit);
+    while (read_part(sink)) {
     }
 }
 
-void unit_reader::read_by_sets_of(unit_reader& other, nal_unit& unit, trace_sink& sink) {
-    sets_ = &other.own_sets_;
-    keeps_sets_ = false;
-    read(unit, sink);
-    sets_ = &own_sets_;
-    keeps_sets_ = true;
+void unit_reader::begin(nal_unit& unit) {
+    payload_ = &own_payload_;
+    trace_ = &own_trace_;
+    if (is_read(unit)) {
+        payload_->decode(unit);
+    }
+    begin_parts(unit);
+}
+
+void unit_reader::begin(nal_unit& unit, unit_reader& other) {
+    payload_ = other.payload_;
+    trace_ = other.trace_;
+    begin_parts(unit);
+}
+
+void unit_reader::begin_parts(nal_unit& unit) {
+    record_ = {};
+    fault_ = {};
+    unit_ = is_read(unit) ? &unit : nullptr;
+    if (unit_ != nullptr && is_sei(unit.header.nal_unit_type)) {
+        payload_->strip_trailing_zero_bytes();
+        messages_.set_ptr(payload_->begin(), payload_->end(), unit.header.nal_unit_type);
+    }
+}
+
+bool unit_reader::read_part(trace_sink& sink) {
+    if (unit_ == nullptr) {
+        return false;
+    }
+    if (!is_sei(unit_->header.nal_unit_type)) {
+        read_unit(*std::exchange(unit_, nullptr), sink);
+    } else if (messages_.next_message()) {
+        sink.begin_message(messages_);
+        read_message(sink);
+        sink.end_message();
+    } else {
+        read_behind_messages(sink);
+        unit_ = nullptr;
+    }
+    return true;
 }
 
 void unit_reader::read_unit(nal_unit& unit, trace_sink& sink) {
@@ -88,10 +134,6 @@ void unit_reader::read_unit(nal_unit& unit, trace_sink& sink) {
             break;
         case AUD_NUT:
             read_aud(unit, sink);
-            break;
-        case PREFIX_SEI_NUT:
-        case SUFFIX_SEI_NUT:
-            read_sei(unit, sink);
             break;
         default:
             if (is_slice(unit.header.nal_unit_type)) {
@@ -110,14 +152,14 @@ bool unit_reader::parse(Record& record, h2645_common_bitreader reader, trace_sin
     bool read = false;
     try {
         read = rules_ == rule_set::standard
-                   ? record.parse_standard(reader, context..., trace_, &fault_)
-                   : record.parse(reader, context..., trace_, &fault_);
+                   ? record.parse_standard(reader, context..., *trace_, &fault_)
+                   : record.parse(reader, context..., *trace_, &fault_);
     } catch (const std::bad_alloc&) {
-        replay(trace_, sink);
+        replay(*trace_, sink);
         throw;
     }
     if (sink.wants_elements()) {
-        replay(trace_, sink);
+        replay(*trace_, sink);
         if (fault_.kind != h265_fault_kind::none) {
             sink.fault(fault_);
         }
@@ -130,9 +172,9 @@ bool unit_reader::parse(Record& record, h2645_common_bitreader reader, trace_sin
 
 void unit_reader::read_vps(nal_unit& unit, trace_sink& sink) {
     auto& vps = record_.emplace<h265_nal_vps>();
-    if (!parse(vps, rbsp_.reader(), sink)) {
+    if (!parse(vps, payload_->reader(), sink)) {
         add_reading_fault(unit, "the VPS", "VPS");
-        lost_.add("VPS", vps.vps_video_parameter_set_id, unit.index);
+        lost_->add("VPS", vps.vps_video_parameter_set_id, unit.index);
         return;
     }
     add_trailing_bits_fault(unit, "VPS");
@@ -143,9 +185,9 @@ void unit_reader::read_vps(nal_unit& unit, trace_sink& sink) {
 
 void unit_reader::read_sps(nal_unit& unit, trace_sink& sink) {
     auto& sps = record_.emplace<h265_nal_sps>();
-    if (!parse(sps, rbsp_.reader(), sink, sets_->vps)) {
+    if (!parse(sps, payload_->reader(), sink, sets_->vps)) {
         add_reading_fault(unit, "the SPS", "SPS");
-        lost_.add("SPS", sps.sps_seq_parameter_set_id, unit.index);
+        lost_->add("SPS", sps.sps_seq_parameter_set_id, unit.index);
         return;
     }
     add_trailing_bits_fault(unit, "SPS");
@@ -162,9 +204,9 @@ void unit_reader::read_sps(nal_unit& unit, trace_sink& sink) {
 
 void unit_reader::read_pps(nal_unit& unit, trace_sink& sink) {
     auto& pps = record_.emplace<h265_nal_pps>();
-    if (!parse(pps, rbsp_.reader(), sink, sets_->sps)) {
+    if (!parse(pps, payload_->reader(), sink, sets_->sps)) {
         add_reading_fault(unit, "the PPS", "PPS");
-        lost_.add("PPS", pps.pps_pic_parameter_set_id, unit.index);
+        lost_->add("PPS", pps.pps_pic_parameter_set_id, unit.index);
         return;
     }
     add_trailing_bits_fault(unit, "PPS");
@@ -177,7 +219,7 @@ void unit_reader::read_pps(nal_unit& unit, trace_sink& sink) {
 }
 
 void unit_reader::read_aud(nal_unit& unit, trace_sink& sink) {
-    if (!parse(record_.emplace<h265_nal_aud>(), rbsp_.reader(), sink)) {
+    if (!parse(record_.emplace<h265_nal_aud>(), payload_->reader(), sink)) {
         add_reading_fault(unit, "the access unit delimiter", "delimiter");
     }
 }
@@ -186,7 +228,7 @@ void unit_reader::read_slice(nal_unit& unit, trace_sink& sink) {
     auto& slice = record_.emplace<h265_slice_segment_header>();
     bool read = false;
     try {
-        read = parse(slice, rbsp_.reader(), sink, sets_->pps, sets_->sps, sets_->vps,
+        read = parse(slice, payload_->reader(), sink, sets_->pps, sets_->sps, sets_->vps,
                      unit.header.nal_unit_type);
     } catch (const std::bad_alloc&) {
         unit.faults.emplace_back("the slice segment header needs more memory than is available");
@@ -200,53 +242,28 @@ void unit_reader::read_slice(nal_unit& unit, trace_sink& sink) {
     }
 }
 
-void unit_reader::read_sei(nal_unit& unit, trace_sink& sink) {
-    rbsp_.strip_trailing_zero_bytes();
-    h265_nal_sei_reader messages(rbsp_.begin(), rbsp_.end(), unit.header.nal_unit_type);
-    while (messages.next_message()) {
-        sink.begin_message(messages);
-        read_message(unit, messages, sink);
-        sink.end_message();
-    }
-    constexpr unsigned int cut_off = 0xFFFFFFFF;
-    const bool whole = messages.payload_type != cut_off && messages.payload_size != cut_off;
-    const bool any = messages.payload_end != nullptr;
-    if (!any || !whole || messages.cursor != messages.end || messages.payload_end == messages.end) {
-        unit.faults.emplace_back("the SEI messages are not followed by valid trailing bits");
-        return;
-    }
-    h2645_common_bitreader reader = rbsp_.reader();
-    reader.skip(bits_before(rbsp_.begin(), messages.payload_end));
+void unit_reader::read_message(trace_sink& sink) {
     if (sink.wants_elements()) {
-        tell_trailing_bits(reader, sink);
-    }
-    if (!h2645_common_skip_rbsp_trailing_bits(reader)) {
-        unit.faults.emplace_back("the SEI messages are not followed by valid trailing bits");
-    }
-}
-
-void unit_reader::read_message(nal_unit& unit, const h265_nal_sei_reader& message,
-                               trace_sink& sink) {
-    h2645_common_bitreader reader(rbsp_.begin(), message.payload_begin);
-    reader.skip(bits_before(rbsp_.begin(), message.message_begin));
-    if (sink.wants_elements()) {
+        h2645_common_bitreader reader =
+            reader_at(messages_.message_begin, payload_->begin(), messages_.payload_begin);
         tell_byte_run("last_payload_type_byte", reader, sink);
         tell_byte_run("last_payload_size_byte", reader, sink);
     }
-    if (message.truncated) {
-        unit.faults.push_back(fmt::format(
-            "SEI message {} is truncated: {} of {} bytes are present", sei_name(message),
-            message.payload_end - message.payload_begin, message.payload_size));
+    if (messages_.truncated) {
+        unit_->faults.push_back(fmt::format(
+            "SEI message {} is truncated: {} of {} bytes are present", sei_name(messages_),
+            messages_.payload_end - messages_.payload_begin, messages_.payload_size));
     }
-    if (!read_payload(message, sink)) {
-        unit.faults.push_back(
-            fmt::format("SEI message {} cannot be read: {}", sei_name(message), why("message")));
+    if (!read_payload(sink)) {
+        unit_->faults.push_back(
+            fmt::format("SEI message {} cannot be read: {}", sei_name(messages_), why("message")));
     }
 }
 
-bool unit_reader::read_payload(const h265_nal_sei_reader& message, trace_sink& sink) {
-    h2645_common_bitreader reader(rbsp_.begin(), message.payload_end);
-    reader.skip(bits_before(rbsp_.begin(), message.payload_begin));
+bool unit_reader::read_payload(trace_sink& sink) {
+    const h265_nal_sei_reader& message = messages_;
+    const h2645_common_bitreader reader =
+        reader_at(message.payload_begin, payload_->begin(), message.payload_end);
     const auto activate = [this](unsigned int id) {
         if (keeps_sets_) {
             sets_->sps.active_id = id;
@@ -277,6 +294,25 @@ bool unit_reader::read_payload(const h265_nal_sei_reader& message, trace_sink& s
     return true;
 }
 
+void unit_reader::read_behind_messages(trace_sink& sink) {
+    constexpr unsigned int cut_off = 0xFFFFFFFF;
+    const bool whole = messages_.payload_type != cut_off && messages_.payload_size != cut_off;
+    const bool any = messages_.payload_end != nullptr;
+    if (!any || !whole || messages_.cursor != messages_.end ||
+        messages_.payload_end == messages_.end) {
+        unit_->faults.emplace_back("the SEI messages are not followed by valid trailing bits");
+        return;
+    }
+    h2645_common_bitreader reader =
+        reader_at(messages_.payload_end, payload_->begin(), payload_->end());
+    if (sink.wants_elements()) {
+        tell_trailing_bits(reader, sink);
+    }
+    if (!h2645_common_skip_rbsp_trailing_bits(reader)) {
+        unit_->faults.emplace_back("the SEI messages are not followed by valid trailing bits");
+    }
+}
+
 // The latest fault, of what is called `user` in it.
 std::string unit_reader::why(std::string_view user) const {
     if (fault_.kind != h265_fault_kind::parameter_set_missing) {
@@ -285,7 +321,7 @@ std::string unit_reader::why(std::string_view user) const {
     if (fault_.parameter_set_id == sets_->sps.no_id) {
         return fmt::format("no {} is active", fault_.parameter_set);
     }
-    return lost_.missing(fault_.parameter_set, fault_.parameter_set_id, user);
+    return lost_->missing(fault_.parameter_set, fault_.parameter_set_id, user);
 }
 
 // Which parameter set is missing says by itself that `user` could not be read.

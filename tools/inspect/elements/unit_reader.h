@@ -39,33 +39,44 @@ struct parameter_set_stores {
 class unit_reader {
 public:
     explicit unit_reader(rule_set rules) : rules_(rules) {}
+    // Reads by the rules of one reader with the parameter sets of another, which it leaves as they
+    // are. What could not be read is lost for it and for the first one alike.
+    unit_reader(unit_reader& rules, unit_reader& sets)
+        : rules_(rules.rules_), sets_(&sets.own_sets_), keeps_sets_(false), lost_(rules.lost_) {}
     unit_reader(const unit_reader&) = delete;
     unit_reader& operator=(const unit_reader&) = delete;
 
     // Tells `sink` about the unit, and adds what is wrong to its faults. A unit of a layer above
     // the base layer is passed over.
     void read(nal_unit& unit, trace_sink& sink);
-    // The same by the parameter sets of another reader, which stay as they are, as do this one's.
-    void read_by_sets_of(unit_reader& other, nal_unit& unit, trace_sink& sink);
+
+    // The same in parts, for a caller that cannot hold all that is told of a unit. After begin(),
+    // each read_part() reads an SEI message, what follows the last one, or the whole of another
+    // unit. False when nothing is left. The unit must stay where it is.
+    void begin(nal_unit& unit);
+    // For a unit that another reader has just begun, whose payload and memory this one uses.
+    void begin(nal_unit& unit, unit_reader& other);
+    [[nodiscard]] bool read_part(trace_sink& sink);
 
     // Of the latest unit.
     [[nodiscard]] const unit_record& record() const { return record_; }
     [[nodiscard]] const h265_fault& fault() const { return fault_; }
-    [[nodiscard]] rbsp& payload() { return rbsp_; }
+    [[nodiscard]] rbsp& payload() { return *payload_; }
 
     [[nodiscard]] rule_set rules() const { return rules_; }
     [[nodiscard]] const parameter_set_stores& sets() const { return own_sets_; }
 
 private:
+    void begin_parts(nal_unit& unit);
     void read_unit(nal_unit& unit, trace_sink& sink);
     void read_vps(nal_unit& unit, trace_sink& sink);
     void read_sps(nal_unit& unit, trace_sink& sink);
     void read_pps(nal_unit& unit, trace_sink& sink);
     void read_aud(nal_unit& unit, trace_sink& sink);
     void read_slice(nal_unit& unit, trace_sink& sink);
-    void read_sei(nal_unit& unit, trace_sink& sink);
-    void read_message(nal_unit& unit, const h265_nal_sei_reader& message, trace_sink& sink);
-    [[nodiscard]] bool read_payload(const h265_nal_sei_reader& message, trace_sink& sink);
+    void read_message(trace_sink& sink);
+    [[nodiscard]] bool read_payload(trace_sink& sink);
+    void read_behind_messages(trace_sink& sink);
 
     template <class Record, class... Context>
     [[nodiscard]] bool parse(Record& record, h2645_common_bitreader reader, trace_sink& sink,
@@ -75,14 +86,20 @@ private:
     void add_trailing_bits_fault(nal_unit& unit, std::string_view what) const;
 
     rule_set rules_;
-    rbsp rbsp_;
+    rbsp own_payload_;
+    rbsp* payload_ = &own_payload_;
+    h265_trace own_trace_;
+    h265_trace* trace_ = &own_trace_;
     unit_record record_;
-    h265_trace trace_;
     h265_fault fault_;
     parameter_set_stores own_sets_;
     parameter_set_stores* sets_ = &own_sets_;
     bool keeps_sets_ = true;
-    lost_parameter_sets lost_;
+    lost_parameter_sets own_lost_;
+    lost_parameter_sets* lost_ = &own_lost_;
+
+    nal_unit* unit_ = nullptr;  // of which parts are left; null when none are
+    h265_nal_sei_reader messages_;
 };
 
 }  // namespace kovran::inspect

@@ -1,6 +1,7 @@
 #include "input/file_descriptor.h"
 
 #include "process/failure.h"
+#include "process/wait_to_retry.h"
 
 #include <cerrno>
 #include <utility>
@@ -29,17 +30,8 @@ int checked(int number, const std::string& name) {
     return number;
 }
 
-// After a read or write that failed. Somebody who shares a pipe or terminal may have made it
-// non-blocking.
 void wait_or_fail(const file_descriptor& file, short events) {
-    if (errno == EINTR) {
-        return;
-    }
-    if (errno != EAGAIN) {
-        throw system_failure(file.name(), errno);
-    }
-    pollfd ready{file.number(), events, 0};
-    if (::poll(&ready, 1, /*timeout=*/-1) < 0 && errno != EINTR) {
+    if (!wait_to_retry(file.number(), events)) {
         throw system_failure(file.name(), errno);
     }
 }

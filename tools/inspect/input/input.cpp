@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <utility>
 
+#include <fmt/format.h>
 #include <sys/stat.h>
 
 namespace kovran::inspect {
@@ -18,6 +19,11 @@ void input::move_window(unsigned char* begin, unsigned char* end, std::uint64_t 
     begin_ = begin;
     end_ = end;
     offset_ = offset;
+}
+
+failure input::unit_too_large(std::uint64_t place, std::size_t most) const {
+    return failure(fmt::format("{}: at {}: more than {} bytes without the end of a NAL unit",
+                               file_.name(), place, most));
 }
 
 std::unique_ptr<input> open_input(const std::string& path) {
@@ -33,9 +39,9 @@ std::unique_ptr<input> open_input(const std::string& path) {
     if (!S_ISREG(status.st_mode) || status.st_size == 0) {
         return std::make_unique<piped_input>(std::move(file));
     }
-    const auto size = static_cast<std::size_t>(status.st_size);
-    if (void* const mapping = map_file(file, size)) {
-        return std::make_unique<mapped_input>(std::move(file), mapping, size);
+    const auto size = static_cast<std::uint64_t>(status.st_size);
+    if (mapped_input::can_map(file, size)) {
+        return std::make_unique<mapped_input>(std::move(file), size);
     }
     return std::make_unique<piped_input>(std::move(file), size);
 }

@@ -2,6 +2,7 @@
 #define KOVRAN_TOOLS_INSPECT_INPUT_INPUT_H
 
 #include "input/file_descriptor.h"
+#include "process/failure.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -37,10 +38,16 @@ public:
         return offset_ + static_cast<std::uint64_t>(byte - begin_);
     }
 
+    // Of what begins at this place: more than `most` bytes, and no end.
+    [[nodiscard]] failure unit_too_large(std::uint64_t place, std::size_t most) const;
+
     // False at the end of the stream. Moves the window's bytes in memory.
     [[nodiscard]] virtual bool read_more() = 0;
     // Of size() bytes at most.
     virtual void drop(std::size_t count) = 0;
+    // When the window holds only zero bytes and more of them follow that need not be read, gives
+    // them up and says how many they were. A start code may begin with those that stay.
+    [[nodiscard]] virtual std::uint64_t skip_hole() { return 0; }
 
 protected:
     input(file_descriptor file, std::optional<std::uint64_t> total_size);

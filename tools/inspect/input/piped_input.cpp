@@ -1,11 +1,7 @@
 #include "input/piped_input.h"
 
-#include "process/failure.h"
-
 #include <algorithm>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace kovran::inspect {
 
@@ -41,8 +37,7 @@ void piped_input::make_room() {
         return;
     }
     if (held >= limits_.largest_window) {
-        throw failure(fmt::format("{}: at {}: more than {} bytes without the end of a NAL unit",
-                                  file().name(), offset(), limits_.largest_window));
+        throw unit_too_large(offset(), limits_.largest_window);
     }
     // Growing once the window fills half of the buffer keeps the bytes from being moved for ever.
     if (held > buffer_.size() / 2) {

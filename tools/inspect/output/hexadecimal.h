@@ -1,12 +1,12 @@
 #ifndef KOVRAN_TOOLS_INSPECT_OUTPUT_HEXADECIMAL_H
 #define KOVRAN_TOOLS_INSPECT_OUTPUT_HEXADECIMAL_H
 
-#include <string>
+#include "output/output.h"
 
 namespace kovran::inspect {
 
 // The bytes of [first, last) as digits: "0a80".
-[[nodiscard]] std::string hexadecimal(const unsigned char* first, const unsigned char* last);
+void write_hexadecimal(const unsigned char* first, const unsigned char* last, output& lines);
 
 }  // namespace kovran::inspect
 

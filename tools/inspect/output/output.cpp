@@ -1,5 +1,6 @@
 #include "output/output.h"
 
+#include "process/bus_error.h"
 #include "process/failure.h"
 
 #include <algorithm>
@@ -23,6 +24,7 @@ output::~output() {
 }
 
 void output::write(const unsigned char* bytes, std::size_t size) {
+    require_mapped_bytes();
     if (size > buffer_.size() - used_) {
         flush();
     }

@@ -17,9 +17,11 @@ class repeated_faults {
 public:
     // True when the text is new, so that this fault is to be told now. `place` is where it is.
     [[nodiscard]] bool add(std::string_view fault, const std::string& place);
+    // Faults whose texts are not known.
+    void add_others(std::uint64_t count) { others_ += count; }
 
     // A line for each text that came again, in the order of their first time, with the place of the
-    // last one; and a line for the faults whose texts are too many to be kept.
+    // last one; and a line for the number of the faults whose texts are not kept.
     [[nodiscard]] std::vector<std::string> summary() const;
 
 private:

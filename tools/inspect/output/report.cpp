@@ -23,6 +23,7 @@ void report::tell_faults(const nal_unit& unit, std::string_view consequence) {
     for (const std::string& fault : unit.faults) {
         tell(unit, unit.readable || unit.size == 0 ? fault : fault + std::string(consequence));
     }
+    repeated_.add_others(unit.faults.more());
 }
 
 void report::tell(const nal_unit& unit, std::string_view fault) {

@@ -12,6 +12,7 @@ namespace kovran::inspect {
 namespace {
 
 constexpr std::uint64_t iraps_listed = 8;
+constexpr std::size_t most_unnamed_types = 32;  // payload types have 32 bits
 
 bool is_irap(h265_nal_unit_type type) {
     return type >= BLA_W_LP && type <= RSV_IRAP_VCL23;
@@ -62,13 +63,16 @@ std::string rate_text(unsigned int time_scale, unsigned int num_units_in_tick, b
                        fields ? "fields" : "pictures", time_scale, num_units_in_tick);
 }
 
-std::string rate_text(const std::optional<h265_nal_vps>& vps, const h265_nal_sps& sps) {
+std::string rate_text(const std::map<unsigned int, h265_nal_vps>& vps_by_id,
+                      const h265_nal_sps& sps) {
     const h265_vui_parameters& vui = sps.vui_parameters;
     if (sps.vui_parameters_present_flag && vui.vui_timing_info_present_flag) {
         return rate_text(vui.vui_time_scale, vui.vui_num_units_in_tick, vui.field_seq_flag);
     }
-    if (vps && vps->vps_timing_info_present_flag) {
-        return rate_text(vps->vps_time_scale, vps->vps_num_units_in_tick, vui.field_seq_flag);
+    const auto vps = vps_by_id.find(sps.sps_video_parameter_set_id);
+    if (vps != vps_by_id.end() && vps->second.vps_timing_info_present_flag) {
+        return rate_text(vps->second.vps_time_scale, vps->second.vps_num_units_in_tick,
+                         vui.field_seq_flag);
     }
     return "not given";
 }
@@ -103,15 +107,15 @@ void line(std::string& text, std::string_view name, std::string_view value) {
 }  // namespace
 
 void stream_summary::add(const nal_unit& unit, const unit_record& record) {
-    faults_ += unit.faults.size();
+    faults_ += unit.faults.count();
     if (!unit.readable) {
         return;
     }
     ++units_.at(unit.header.nal_unit_type);
     higher_layer_units_ += unit.header.nuh_layer_id != 0 ? 1 : 0;
     if (const auto* const vps = std::get_if<h265_nal_vps>(&record); vps != nullptr) {
-        if (vps->valid && !vps_) {
-            vps_ = *vps;
+        if (vps->valid) {
+            vps_.emplace(vps->vps_video_parameter_set_id, *vps);
         }
     } else if (const auto* const sps = std::get_if<h265_nal_sps>(&record); sps != nullptr) {
         if (sps->valid && !sps_) {
@@ -153,7 +157,15 @@ void stream_summary::add_slice(const nal_unit& unit, const h265_slice_segment_he
 }
 
 void stream_summary::begin_message(const h265_nal_sei_reader& message) {
-    ++messages_[sei_name(message)];
+    const std::string name = sei_name(message);
+    if (!has_standard_name(message) && messages_.count(name) == 0) {
+        if (unnamed_types_ == most_unnamed_types) {
+            ++other_messages_;
+            return;
+        }
+        ++unnamed_types_;
+    }
+    ++messages_[name];
 }
 
 std::string stream_summary::text() const {
@@ -196,7 +208,10 @@ std::string stream_summary::text() const {
         iraps += "; " + distances_text(shortest_irap_distance_, longest_irap_distance_);
     }
     line(text, "IRAP", iraps);
-    line(text, "SEI", counts(messages_));
+    line(text, "SEI",
+         counts(messages_) + (other_messages_ != 0
+                                  ? fmt::format(", and {} of other types", other_messages_)
+                                  : std::string{}));
     line(text, "rules", name_of(rules_));
     line(text, "faults", faults_ == 0 ? "none" : fmt::format("{}", faults_));
     return text;

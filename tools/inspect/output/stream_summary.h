@@ -43,10 +43,13 @@ private:
     std::array<std::uint64_t, type_count> units_{};
     std::uint64_t faults_ = 0;
     std::uint64_t higher_layer_units_ = 0;
-    std::optional<h265_nal_vps> vps_;  // the first that could be read
-    std::optional<h265_nal_sps> sps_;
+    std::map<unsigned int, h265_nal_vps> vps_;  // by identifier, the first that could be read
+    std::optional<h265_nal_sps> sps_;           // likewise, of any identifier
     std::map<std::string, std::uint64_t> slices_;
+    // Of each payload type that the standard names, and of the first ones that it does not.
     std::map<std::string, std::uint64_t> messages_;
+    std::size_t unnamed_types_ = 0;
+    std::uint64_t other_messages_ = 0;
 
     std::uint64_t pictures_ = 0;
     std::uint64_t irap_pictures_ = 0;

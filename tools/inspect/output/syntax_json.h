@@ -2,25 +2,31 @@
 #define KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_JSON_H
 
 #include "elements/element_path.h"
+#include "elements/rule_set.h"
 #include "elements/trace_sink.h"
+#include "output/output.h"
+#include "output/spool.h"
+#include "units/nal_unit.h"
 
+#include <cstdint>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
 namespace kovran::inspect {
 
-// The syntax elements of a unit as JSON: structures are objects, indexed elements and structures
-// arrays, all values numbers. Entries of an array that are not in the stream are null. Beside them
-// the paths of those that the standard does not allow, and where reading stopped.
+// A unit as one line of JSON: its header, its syntax elements, and what is wrong with it.
+// Structures are objects, indexed elements and structures arrays, all values numbers. Entries of an
+// array that are not in the stream are null.
+//
+// The line is written as the unit is read: an SEI message when it ends, another unit at its end.
 class syntax_json : public trace_sink {
 public:
-    syntax_json() { open_.push_back(&root_); }
+    // `unit` is the one that is walked.
+    syntax_json(const nal_unit& unit, rule_set rules, output& lines);
 
-    [[nodiscard]] const nlohmann::ordered_json& root() const { return root_; }
-    [[nodiscard]] const nlohmann::ordered_json& out_of_range() const { return out_of_range_; }
-    // The first one, as a unit of SEI messages can have several; null when there is none.
-    [[nodiscard]] const nlohmann::ordered_json& first_fault() const { return fault_; }
+    // The rest of the line, when all of the unit was told.
+    void finish();
 
     void begin_structure(const h2645_common_element_name& name) override;
     void end_structure() override;
@@ -33,11 +39,16 @@ public:
 private:
     [[nodiscard]] nlohmann::ordered_json& at(const h2645_common_element_name& name);
 
-    nlohmann::ordered_json root_ = nlohmann::ordered_json::object();
-    std::vector<nlohmann::ordered_json*> open_;  // from the root to the structure that is walked
+    const nal_unit& unit_;
+    output& lines_;
+    // The message that is walked, or all of a unit without messages.
+    nlohmann::ordered_json object_ = nlohmann::ordered_json::object();
+    std::vector<nlohmann::ordered_json*> open_;  // from the object to the structure that is walked
     element_path path_;                          // the same by names
-    nlohmann::ordered_json out_of_range_ = nlohmann::ordered_json::array();
-    nlohmann::ordered_json fault_;
+    std::uint64_t messages_ = 0;
+    bool payload_written_ = false;  // with all of the message that stands before it
+    spool out_of_range_;            // paths in quotes, with commas in between
+    nlohmann::ordered_json fault_;  // the first one; null when there is none
 };
 
 }  // namespace kovran::inspect

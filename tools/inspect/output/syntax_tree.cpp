@@ -29,11 +29,6 @@ bool continues(const h2645_common_element_name& first, unsigned int innermost,
 
 }  // namespace
 
-const std::string& syntax_tree::text() {
-    end_run();
-    return text_;
-}
-
 void syntax_tree::begin_structure(const h2645_common_element_name& name) {
     end_run();
     line(to_string(name), {});
@@ -85,7 +80,15 @@ void syntax_tree::begin_message(const h265_nal_sei_reader& message) {
 }
 
 void syntax_tree::opaque_payload(const h265_nal_sei_reader& message) {
-    line("payload", hexadecimal(message.payload_begin, message.payload_end));
+    if (message.payload_begin == message.payload_end) {
+        line("payload", {});
+        return;
+    }
+    begin_line("payload", /*padded=*/true);
+    line_ += "  ";
+    lines_.write(line_);
+    write_hexadecimal(message.payload_begin, message.payload_end, lines_);
+    lines_.write("\n");
 }
 
 void syntax_tree::end_message() {
@@ -105,16 +108,22 @@ void syntax_tree::end_run() {
 }
 
 void syntax_tree::line(std::string_view name, std::string_view value, std::string_view meaning) {
-    const std::size_t indentation = 2 * depth_;
-    const std::size_t name_width = value.empty() && meaning.empty() ? 0 : 52 - 2 * depth_;
-    fmt::format_to(std::back_inserter(text_), "{:{}}{:<{}}", "", indentation, name, name_width);
+    begin_line(name, /*padded=*/!value.empty() || !meaning.empty());
     if (!value.empty()) {
-        fmt::format_to(std::back_inserter(text_), "  {}", value);
+        fmt::format_to(std::back_inserter(line_), "  {}", value);
     }
     if (!meaning.empty()) {
-        fmt::format_to(std::back_inserter(text_), "  ({})", meaning);
+        fmt::format_to(std::back_inserter(line_), "  ({})", meaning);
     }
-    text_ += '\n';
+    line_ += '\n';
+    lines_.write(line_);
+}
+
+void syntax_tree::begin_line(std::string_view name, bool padded) {
+    const std::size_t indentation = 2 * depth_;
+    line_.clear();
+    fmt::format_to(std::back_inserter(line_), "{:{}}{:<{}}", "", indentation, name,
+                   padded ? 52 - indentation : 0);
 }
 
 }  // namespace kovran::inspect

@@ -2,6 +2,7 @@
 #define KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_TREE_H
 
 #include "elements/trace_sink.h"
+#include "output/output.h"
 
 #include <cstddef>
 #include <string>
@@ -13,7 +14,10 @@ namespace kovran::inspect {
 // standard has one, their meaning.
 class syntax_tree : public trace_sink {
 public:
-    [[nodiscard]] const std::string& text();
+    explicit syntax_tree(output& lines) : lines_(lines) {}
+
+    // To be called when all of the unit was told.
+    void finish() { end_run(); }
 
     void begin_structure(const h2645_common_element_name& name) override;
     void end_structure() override;
@@ -26,9 +30,12 @@ public:
 private:
     void end_run();
     void line(std::string_view name, std::string_view value, std::string_view meaning = {});
+    // Up to the name, which is padded to the column of the values if there is to be one.
+    void begin_line(std::string_view name, bool padded);
 
-    std::string text_;
+    output& lines_;
     std::size_t depth_ = 1;
+    std::string line_;  // keeps its memory
 
     // Entries of one array that are not yet on a line; none when the values are empty.
     h2645_common_element_name run_begin_;

@@ -9,11 +9,6 @@
 #include <fmt/format.h>
 
 namespace kovran::inspect {
-namespace {
-
-constexpr const char* line = "{:>12}  {:>8}  {:>5}  {:<58}  {:<6}  {}\n";
-
-}  // namespace
 
 void trace_lines::begin_structure(const h2645_common_element_name& name) {
     path_.open(to_string(name));
@@ -24,11 +19,14 @@ void trace_lines::end_structure() {
 }
 
 void trace_lines::read(const shown_element& read_element) {
-    const std::string value =
-        is_extension_data(read_element) ? "not read" : fmt::format("{}", read_element.value);
-    fmt::format_to(std::back_inserter(text_), line, place(read_element.first_bit),
-                   read_element.first_bit, read_element.width,
-                   path_.to(to_string(read_element.name)), read_element.descriptor, value);
+    begin_line(to_string(read_element.name), read_element.descriptor, read_element.first_bit,
+               read_element.width);
+    if (is_extension_data(read_element)) {
+        line_ += "not read\n";
+    } else {
+        fmt::format_to(std::back_inserter(line_), "{}\n", read_element.value);
+    }
+    lines_.write(line_);
 }
 
 void trace_lines::begin_message(const h265_nal_sei_reader& message) {
@@ -36,19 +34,27 @@ void trace_lines::begin_message(const h265_nal_sei_reader& message) {
 }
 
 void trace_lines::opaque_payload(const h265_nal_sei_reader& message) {
-    const auto bit = static_cast<std::size_t>(8 * (message.payload_begin - payload_.begin()));
-    fmt::format_to(std::back_inserter(text_), line, place(bit), bit,
-                   8 * (message.payload_end - message.payload_begin), path_.to("payload"), "bytes",
-                   hexadecimal(message.payload_begin, message.payload_end));
+    const auto bits = [](const unsigned char* begin, const unsigned char* end) {
+        return 8 * static_cast<std::size_t>(end - begin);
+    };
+    begin_line("payload", "bytes", bits(payload_.begin(), message.payload_begin),
+               bits(message.payload_begin, message.payload_end));
+    lines_.write(line_);
+    write_hexadecimal(message.payload_begin, message.payload_end, lines_);
+    lines_.write("\n");
 }
 
 void trace_lines::end_message() {
     end_structure();
 }
 
-std::string trace_lines::place(std::size_t bit) {
+void trace_lines::begin_line(const std::string& name, const char* descriptor, std::size_t bit,
+                             std::size_t width) {
     const bit_place in_file = payload_.place_of(bit);
-    return fmt::format("{}.{}", in_file.byte, in_file.bit);
+    line_.clear();
+    fmt::format_to(std::back_inserter(line_), "{:>12}  {:>8}  {:>5}  {:<58}  {:<6}  ",
+                   fmt::format("{}.{}", in_file.byte, in_file.bit), bit, width, path_.to(name),
+                   descriptor);
 }
 
 }  // namespace kovran::inspect

@@ -4,7 +4,9 @@
 #include "elements/element_path.h"
 #include "elements/rbsp.h"
 #include "elements/trace_sink.h"
+#include "output/output.h"
 
+#include <cstddef>
 #include <string>
 
 namespace kovran::inspect {
@@ -14,9 +16,7 @@ namespace kovran::inspect {
 class trace_lines : public trace_sink {
 public:
     // `payload` is that of the unit that is walked.
-    explicit trace_lines(rbsp& payload) : payload_(payload) {}
-
-    [[nodiscard]] const std::string& text() const { return text_; }
+    trace_lines(rbsp& payload, output& lines) : payload_(payload), lines_(lines) {}
 
     void begin_structure(const h2645_common_element_name& name) override;
     void end_structure() override;
@@ -26,11 +26,14 @@ public:
     void end_message() override;
 
 private:
-    [[nodiscard]] std::string place(std::size_t bit);
+    // All of a line up to the value.
+    void begin_line(const std::string& name, const char* descriptor, std::size_t bit,
+                    std::size_t width);
 
     rbsp& payload_;
-    std::string text_;
+    output& lines_;
     element_path path_;
+    std::string line_;  // keeps its memory
 };
 
 }  // namespace kovran::inspect

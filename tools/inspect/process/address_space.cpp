@@ -16,7 +16,7 @@ namespace kovran::inspect {
 
 void cap_address_space() {
 #if !defined(KOVRAN_SANITIZED_ADDRESSES)     // which reserves terabytes of addresses
-    constexpr rlim_t cap = rlim_t{4} << 30;  // a piped unit of 1 GiB while its buffer grows
+    constexpr rlim_t cap = rlim_t{4} << 30;  // a unit of 1 GiB with its copies, or one of 3 GiB
     rlimit limit = {};
     if (getrlimit(RLIMIT_AS, &limit) == 0) {
         limit.rlim_cur = std::min(limit.rlim_cur, cap);

@@ -2,6 +2,7 @@
 
 #include "units/leading_bytes.h"
 #include "units/unit_faults.h"
+#include "units/zero_bytes.h"
 
 #include <cstddef>
 
@@ -10,14 +11,6 @@ namespace {
 
 constexpr std::size_t header_size = 2;
 constexpr std::size_t start_code_size = 3;
-
-// Trailing zero bytes belong to no unit (clause B.2.2).
-unsigned char* without_trailing_zeros(unsigned char* first, unsigned char* last) {
-    while (last != first && last[-1] == 0) {
-        --last;
-    }
-    return last;
-}
 
 }  // namespace
 
@@ -59,6 +52,9 @@ void annex_b_walk::take_leading_bytes(nal_unit& unit) {
     leading_bytes leading;
     bool found = false;
     do {
+        const std::uint64_t zeros = stream_.skip_hole();
+        leading.add_zeros(zeros);
+        searched_ += zeros;
         found = find_start_code_at_hand();
         leading.add(stream_, stream_.at(searched_));
         stream_.drop(static_cast<std::size_t>(searched_ - stream_.offset()));
@@ -68,33 +64,73 @@ void annex_b_walk::take_leading_bytes(nal_unit& unit) {
         stage_ = stage::last_bytes;
         return;
     }
-    stand_at_start_code(stream_.begin());
-    prefix_ += leading.zeros_at_end();
+    stand_at_start_code(leading.zeros_at_end());
 }
 
 void annex_b_walk::take_unit(nal_unit& unit) {
     stream_.drop(static_cast<std::size_t>(offset_ - stream_.offset()));
     searched_ = offset_ + header_size;
-    bool found = false;
-    do {
+    before_padding_ = {};
+    next_look_ = header_size + padding_;
+    bool found = find_start_code_at_hand();
+    while (!found) {
+        if (padding_follows()) {
+            take_out_of_window(stream_.at(searched_));
+            const std::uint64_t zeros = stream_.skip_hole();
+            before_padding_.add_zeros(zeros);
+            searched_ += zeros;
+        }
+        if (!stream_.read_more()) {
+            break;
+        }
         found = find_start_code_at_hand();
-    } while (!found && stream_.read_more());
+    }
 
-    unsigned char* const last = without_trailing_zeros(
-        stream_.begin() + header_size, found ? reader_.frame_begin : start_code_without_header());
+    unsigned char* const last = found ? reader_.frame_begin : start_code_without_header();
+    std::uint64_t zeros = 0;  // which belong to no unit (clause B.2.2)
+    if (before_padding_.is_empty()) {
+        zeros = trailing_zeros(stream_.begin() + header_size, last);
+        unit.bytes = stream_.begin();
+        unit.size = static_cast<std::uint64_t>(last - stream_.begin()) - zeros;
+    } else {
+        take_out_of_window(last);
+        zeros = before_padding_.zeros_behind();
+        unit.bytes = before_padding_.begin();
+        unit.size = before_padding_.size();
+    }
     unit.readable = true;
     unit.index = index_++;
     unit.offset = offset_;
     unit.prefix = prefix_;
-    unit.size = static_cast<std::uint64_t>(last - stream_.begin());
-    unit.bytes = stream_.begin();
     unit.header = header_;
     add_unit_faults(unit, nalfmt_annex_b);
     if (found) {
-        stand_at_start_code(last);
+        stand_at_start_code(zeros);
     } else {
         stage_ = stage::last_bytes;
     }
+}
+
+// At the end of the window. Looks at no byte twice.
+bool annex_b_walk::padding_follows() {
+    if (!before_padding_.is_empty()) {
+        return true;
+    }
+    const std::uint64_t held = searched_ - offset_;
+    if (held < next_look_ || held > unit_before_zeros::largest) {
+        return false;
+    }
+    next_look_ = held + padding_;
+    const unsigned char* const last = stream_.at(searched_);
+    return trailing_zeros(last - padding_, last) == padding_;
+}
+
+// The bytes of the unit up to `last`.
+void annex_b_walk::take_out_of_window(const unsigned char* last) {
+    if (!before_padding_.add(stream_.begin(), last)) {
+        throw stream_.unit_too_large(offset_, unit_before_zeros::largest);
+    }
+    stream_.drop(static_cast<std::size_t>(last - stream_.begin()));
 }
 
 void annex_b_walk::take_last_bytes(nal_unit& unit) {
@@ -107,11 +143,11 @@ void annex_b_walk::take_last_bytes(nal_unit& unit) {
     }
 }
 
-// On the start code that the reader found, whose zero bytes begin at `zero_bytes`.
-void annex_b_walk::stand_at_start_code(const unsigned char* zero_bytes) {
+// On the start code that the reader found.
+void annex_b_walk::stand_at_start_code(std::uint64_t zeros_before) {
     stage_ = stage::unit;
     offset_ = stream_.place_of(reader_.nal_begin);
-    prefix_ = static_cast<std::uint64_t>(reader_.nal_begin - zero_bytes);
+    prefix_ = zeros_before + start_code_size;
     header_ = reader_.nal;
 }
 

@@ -1,6 +1,7 @@
 #include "units/leading_bytes.h"
 
 #include "units/unit_faults.h"
+#include "units/zero_bytes.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -33,29 +34,19 @@ const unsigned char* find_start_code(const unsigned char* first, const unsigned 
     return last;
 }
 
-bool is_zero(unsigned char byte) {
-    return byte == 0;
-}
-
 }  // namespace
 
 void leading_bytes::add(const input& stream, const unsigned char* last) {
     const unsigned char* const first = stream.begin();
-    const auto size = static_cast<std::uint64_t>(last - first);
-    const unsigned char* const not_zero = std::find_if_not(first, last, is_zero);
-    if (zeros_at_begin_ == size_) {
-        zeros_at_begin_ += static_cast<std::uint64_t>(not_zero - first);
-    }
-    if (not_zero == last) {
-        zeros_at_end_ += size;
+    const auto size = static_cast<std::size_t>(last - first);
+    const std::size_t zeros = trailing_zeros(first, last);
+    if (zeros == size) {
+        add_zeros(size);
     } else {
-        const unsigned char* zeros = last;
-        while (zeros[-1] == 0) {
-            --zeros;
-        }
-        zeros_at_end_ = static_cast<std::uint64_t>(last - zeros);
+        zeros_at_begin_ += zeros_at_begin_ == size_ ? leading_zeros(first, last) : 0;
+        zeros_at_end_ = zeros;
+        size_ += size;
     }
-    size_ += size;
 
     const unsigned char* code = find_start_code(first, last, stream.end());
     for (; code != last; code = find_start_code(code + 1, last, stream.end())) {
@@ -63,6 +54,12 @@ void leading_bytes::add(const input& stream, const unsigned char* last) {
             first_passed_over_ = stream.place_of(code);
         }
     }
+}
+
+void leading_bytes::add_zeros(std::uint64_t count) {
+    zeros_at_begin_ += zeros_at_begin_ == size_ ? count : 0;
+    zeros_at_end_ += count;
+    size_ += count;
 }
 
 void leading_bytes::describe(nal_unit& unit, bool before_unit) const {

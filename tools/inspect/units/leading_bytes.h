@@ -13,6 +13,7 @@ class leading_bytes {
 public:
     // The bytes from the begin of the window to `last`, in which no start code can be used.
     void add(const input& stream, const unsigned char* last);
+    void add_zeros(std::uint64_t count);
 
     [[nodiscard]] std::uint64_t zeros_at_end() const { return zeros_at_end_; }
     // `before_unit`: a unit follows.

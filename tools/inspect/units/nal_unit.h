@@ -3,9 +3,9 @@
 
 #include <kovran/h265/h265_nal.h>
 
+#include "units/fault_list.h"
+
 #include <cstdint>
-#include <string>
-#include <vector>
 
 namespace kovran::inspect {
 
@@ -20,7 +20,7 @@ struct nal_unit {
     unsigned char* bytes = nullptr;
     h265_nal header;
 
-    std::vector<std::string> faults;
+    fault_list faults;
 };
 
 }  // namespace kovran::inspect

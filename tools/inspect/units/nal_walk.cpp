@@ -1,5 +1,6 @@
 #include "units/nal_walk.h"
 
+#include "process/bus_error.h"
 #include "units/annex_b_walk.h"
 #include "units/length_prefixed_walk.h"
 
@@ -11,7 +12,9 @@ bool nal_walk::next(nal_unit& unit) {
     if (at_end_) {
         return false;
     }
-    if (take_next(unit)) {
+    const bool taken = take_next(unit);
+    require_mapped_bytes();
+    if (taken) {
         any_unit_ = any_unit_ || unit.readable;
         return true;
     }

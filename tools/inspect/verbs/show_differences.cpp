@@ -2,6 +2,7 @@
 
 #include "elements/difference_cause.h"
 #include "elements/element_list.h"
+#include "elements/first_difference.h"
 #include "elements/unit_reader.h"
 #include "output/difference_summary.h"
 #include "output/output.h"
@@ -12,66 +13,55 @@
 #include "units/open_stream.h"
 #include "units/type_name.h"
 
-#include <algorithm>
 #include <memory>
-#include <utility>
+#include <optional>
+#include <string>
 
 #include <fmt/format.h>
 
 namespace kovran::inspect {
 namespace {
 
-// A unit in one of the readings.
-struct reading_of_unit {
-    nal_unit unit;
-    element_list elements;
-    h265_fault fault;
+// A unit in one of the readings, of which it holds a part.
+class reading_of_unit {
+public:
+    reading_of_unit(unit_reader& reader, const nal_unit& unit)
+        : reader_(reader), unit_(unit), faults_(unit.faults) {}
 
-    explicit reading_of_unit(nal_unit read) : unit(std::move(read)) {}
-
-    [[nodiscard]] const std::vector<element_list::entry>& entries() const {
-        return elements.entries();
+    void begin() { reader_.begin(unit_); }
+    void begin(reading_of_unit& other) { reader_.begin(unit_, other.reader_); }
+    [[nodiscard]] bool read_part() {
+        elements_.clear();
+        unit_.faults.clear();
+        const bool read = reader_.read_part(elements_);
+        faults_.append(unit_.faults);
+        return read;
     }
+
+    [[nodiscard]] first_difference::part part() const {
+        return {elements_.entries(), unit_.faults};
+    }
+    // Of all parts up to this one, and of the framing.
+    [[nodiscard]] const fault_list& faults() const { return faults_; }
+
+private:
+    unit_reader& reader_;
+    nal_unit unit_;  // has the faults of the part
+    element_list elements_;
+    fault_list faults_;
 };
 
-bool same(const reading_of_unit& a, const reading_of_unit& b, std::size_t first) {
-    return first == a.entries().size() && first == b.entries().size() &&
-           a.unit.faults == b.unit.faults;
-}
-
-std::size_t first_difference(const reading_of_unit& a, const reading_of_unit& b) {
-    const auto mismatch = std::mismatch(
-        a.entries().begin(), a.entries().end(), b.entries().begin(), b.entries().end(),
-        [](const auto& one, const auto& other) { return one.reads_like(other); });
-    return static_cast<std::size_t>(mismatch.first - a.entries().begin());
-}
-
-// Whether one of them has at this place what the other has, be it the end.
-bool alike_at(const reading_of_unit& a, const reading_of_unit& b, std::size_t element) {
-    const std::size_t difference = first_difference(a, b);
-    return difference > element || same(a, b, difference);
-}
-
-// The rule that decided on an element, or on the end of the list: the latest one up to there, as
-// some change what stands further on.
-const char* rule_at(const reading_of_unit& reading, std::size_t element) {
-    std::size_t i = std::min(element + 1, reading.entries().size());
-    while (i > 0 && reading.entries()[i - 1].rule == nullptr) {
-        --i;
-    }
-    return i > 0 ? reading.entries()[i - 1].rule : nullptr;
-}
-
-// The first element that differs, or what there is in its place.
-std::string shown(const reading_of_unit& reading, rule_set rules, std::size_t first) {
+// What one of the readings has in the place of the difference.
+std::string shown(const std::optional<first_difference::element>& element,
+                  const reading_of_unit& reading, rule_set rules) {
     std::string text = fmt::format("  {:<8}", name_of(rules));
-    if (first < reading.entries().size()) {
-        const auto& each = reading.entries()[first];
-        return text + fmt::format("  {:>8}  {:>5}  {:<58}  {:<6}  {}\n", each.bit, each.width,
-                                  each.path, each.descriptor, each.value);
+    if (element) {
+        return text + fmt::format("  {:>8}  {:>5}  {:<58}  {:<6}  {}\n", element->bit,
+                                  element->width, element->path, element->descriptor,
+                                  element->value);
     }
     text += "  ends here";
-    for (const std::string& fault : reading.unit.faults) {
+    for (const std::string& fault : reading.faults().texts()) {
         text += fmt::format(": {}", fault);
     }
     return text + '\n';
@@ -91,7 +81,8 @@ std::string shown(const difference_cause& cause, const nal_unit& unit) {
 // else than the third in the place of the first difference, a parameter set is the cause.
 class comparison {
 public:
-    comparison() : standard_(rule_set::standard), own_(rule_set::own) {}
+    comparison()
+        : standard_(rule_set::standard), own_(rule_set::own), rules_alone_(own_, standard_) {}
 
     struct result {
         bool differs = false;
@@ -99,43 +90,56 @@ public:
         std::string text;
     };
 
-    result compare(const nal_unit& unit, std::vector<std::string>& standard_faults) {
-        reading_of_unit by_rules_alone(unit);
-        own_.read_by_sets_of(standard_, by_rules_alone.unit, by_rules_alone.elements);
-        reading_of_unit by_standard(unit);
-        standard_.read(by_standard.unit, by_standard.elements);
-        reading_of_unit by_own(unit);
-        own_.read(by_own.unit, by_own.elements);
-        by_own.fault = own_.fault();
-        standard_faults = by_standard.unit.faults;
+    // Leaves the unit with the faults that the standard's reading finds.
+    result compare(nal_unit& unit) {
+        reading_of_unit by_standard(standard_, unit);
+        reading_of_unit by_own(own_, unit);
+        reading_of_unit by_rules_alone(rules_alone_, unit);
+        by_standard.begin();
+        by_own.begin(by_standard);
+        by_rules_alone.begin(by_standard);
+
+        first_difference first;
+        // By the rules alone before the standard's reading of the part changes the parameter sets.
+        while (by_rules_alone.read_part() && by_standard.read_part() && by_own.read_part()) {
+            first.compare(by_standard.part(), by_own.part(), by_rules_alone.part());
+        }
+        unit.faults = by_standard.faults();
 
         result found;
-        const std::size_t first = first_difference(by_standard, by_own);
-        found.differs = !same(by_standard, by_own, first);
-        if (alike_at(by_own, by_rules_alone, first)) {
-            found.cause = {rule_at(by_rules_alone, first), unit.index};
-            if (found.differs && found.cause.rule == nullptr &&
-                standard_.fault().kind == h265_fault_kind::data_ended) {
-                found.cause.rule = "data_may_end";  // elements behind the end are not listed
-            }
-        }
-        if (found.differs && found.cause.rule == nullptr) {
-            found.cause = causes_.of_sets_used_by(standard_, by_own.fault);
-        }
+        found.differs = first.differs();
+        found.cause = cause_of(first, unit);
         // Of a set that reads alike, too: a rule may change what it means.
         causes_.remember(standard_, own_, found.cause);
         if (found.differs) {
             found.text =
                 fmt::format("{}: {}\n", place_of(unit), type_name(unit.header.nal_unit_type)) +
-                shown(by_standard, rule_set::standard, first) +
-                shown(by_own, rule_set::own, first) + shown(found.cause, unit);
+                shown(first.standard(), by_standard, rule_set::standard) +
+                shown(first.own(), by_own, rule_set::own) + shown(found.cause, unit);
         }
         return found;
     }
 
 private:
+    [[nodiscard]] difference_cause cause_of(const first_difference& first,
+                                            const nal_unit& unit) const {
+        difference_cause cause;
+        if (first.is_of_rules_alone()) {
+            cause = {first.rule(), unit.index};
+            if (first.differs() && cause.rule == nullptr &&
+                standard_.fault().kind == h265_fault_kind::data_ended) {
+                cause.rule = "data_may_end";  // elements behind the end are not listed
+            }
+        }
+        if (first.differs() && cause.rule == nullptr) {
+            cause = causes_.of_sets_used_by(standard_, own_.fault());
+        }
+        return cause;
+    }
+
     unit_reader standard_;
     unit_reader own_;
+    unit_reader rules_alone_;
     difference_causes causes_;
 };
 
@@ -153,7 +157,7 @@ exit_status show_differences(const differences_options& options) {
     spool shown_units;
     nal_unit unit;
     while (units->next(unit)) {
-        const comparison::result found = readings.compare(unit, unit.faults);
+        const comparison::result found = readings.compare(unit);
         faults.tell_faults(unit);
         if (unit.readable) {
             summary.count_unit();

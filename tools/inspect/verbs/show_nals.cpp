@@ -32,7 +32,7 @@ std::string as_json(const nal_unit& unit) {
         line["nuh_temporal_id_plus1"] = unit.header.nuh_temporal_id_plus1;
     }
     if (!unit.faults.empty()) {
-        line["faults"] = unit.faults;
+        line["faults"] = unit.faults.texts();
     }
     return line.dump() + '\n';
 }

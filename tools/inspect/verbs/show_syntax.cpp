@@ -35,48 +35,29 @@ std::string heading(const nal_unit& unit) {
                        unit.header.nuh_temporal_id_plus1 - 1);
 }
 
-std::string as_json(const nal_unit& unit, rule_set rules, const syntax_json& syntax) {
-    nlohmann::ordered_json line;
-    line["schema"] = "kovran-dump-1";
-    line["rules"] = name_of(rules);
-    line["index"] = unit.index;
-    line["offset"] = unit.offset;
-    line["size"] = unit.size;
-    line["nal_unit_type"] = static_cast<unsigned int>(unit.header.nal_unit_type);
-    line["name"] = type_name(unit.header.nal_unit_type);
-    line["nuh_layer_id"] = unit.header.nuh_layer_id;
-    line["nuh_temporal_id_plus1"] = unit.header.nuh_temporal_id_plus1;
-    line["syntax"] = syntax.root();
-    if (!syntax.out_of_range().empty()) {
-        line["out_of_range"] = syntax.out_of_range();
-    }
-    if (!syntax.first_fault().is_null()) {
-        line["fault"] = syntax.first_fault();
-    }
-    if (!unit.faults.empty()) {
-        line["faults"] = unit.faults;
-    }
-    return line.dump() + '\n';
-}
-
-std::string shown(unit_reader& reader, nal_unit& unit, syntax_style style) {
+void show(unit_reader& reader, nal_unit& unit, syntax_style style, output& lines) {
     switch (style) {
         case syntax_style::tree: {
-            syntax_tree tree;
+            lines.write(heading(unit));
+            syntax_tree tree(lines);
             reader.read(unit, tree);
-            return heading(unit) + tree.text() + '\n';
+            tree.finish();
+            lines.write("\n");
+            break;
         }
         case syntax_style::json: {
-            syntax_json json;
+            syntax_json json(unit, reader.rules(), lines);
             reader.read(unit, json);
-            return as_json(unit, reader.rules(), json);
-        }
-        case syntax_style::trace:
+            json.finish();
             break;
+        }
+        case syntax_style::trace: {
+            lines.write(heading(unit));
+            trace_lines trace(reader.payload(), lines);
+            reader.read(unit, trace);
+            break;
+        }
     }
-    trace_lines trace(reader.payload());
-    reader.read(unit, trace);
-    return heading(unit) + trace.text();
 }
 
 }  // namespace
@@ -97,7 +78,7 @@ exit_status show_syntax(const syntax_options& options) {
     while (!selector.is_done() && units->next(unit)) {
         if (selector.selects(unit)) {
             shown_progress.clear();
-            lines.write(shown(reader, unit, options.style));
+            show(reader, unit, options.style, lines);
         } else {
             no_output nothing;
             reader.read(unit, nothing);

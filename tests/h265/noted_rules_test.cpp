@@ -1,0 +1,140 @@
+// Where the library's own rules decide otherwise than the standard's, a traced parse() names the
+// rule at the element that is read by it; behind the last element, at that.
+#include <kovran/h265/h265_nal_pps.h>
+#include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_nal_vps.h>
+#include <kovran/h265/h265_slice_segment_header.h>
+#include <kovran/h265/h265_trace.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/bit_writer.h"
+#include "support/parameter_sets.h"
+#include "support/rbsp.h"
+
+namespace kovran {
+namespace {
+
+// The elements that name a rule, with it.
+using notes = std::vector<std::pair<std::string, std::string>>;
+
+notes notes_of(const h265_trace& trace) {
+    notes found;
+    for (const h265_traced_element& element : trace.elements) {
+        if (element.rule != nullptr) {
+            found.emplace_back(to_string(name_of(trace, element)), element.rule);
+        }
+    }
+    return found;
+}
+
+// PPS 0 of SPS 0 of VPS 0; pictures of one coding tree block of 64x64, order counts of 4 bits.
+struct host {
+    host() {
+        vps_store[0];
+        h265_nal_sps& sps = sps_store[0];
+        sps.chroma_format_idc = 1;
+        sps.pic_width_in_luma_samples = 64;
+        sps.pic_height_in_luma_samples = 64;
+        sps.log2_diff_max_min_luma_coding_block_size = 3;
+        pps_store[0];
+    }
+
+    h265_nal_sps& sps() { return sps_store.at(0); }
+
+    notes notes_of_slice(const test::bit_writer& bits) {
+        test::bit_writer padded = bits;
+        test::rbsp input{padded.u<32>(0xFFFFFFFF).bytes()};
+        h265_trace trace;
+        static_cast<void>(
+            slice.parse(input.reader, pps_store, sps_store, vps_store, TRAIL_R, trace));
+        return notes_of(trace);
+    }
+
+    h265_slice_segment_header slice;
+    h2645_common_base_store<h265_nal_vps> vps_store;
+    h2645_common_base_store<h265_nal_sps> sps_store;
+    h2645_common_base_store<h265_nal_pps> pps_store;
+};
+
+constexpr unsigned int slice_p = 1;
+constexpr unsigned int slice_i = 2;
+
+// Of the first segment: up to slice_pic_order_cnt_lsb.
+test::bit_writer slice_of(unsigned int slice_type) {
+    return test::bit_writer().u<1>(1).ue(0).ue(slice_type).u<4>(9);
+}
+
+TEST(NotedRules, AreNoneWhereTheReadingsAgree) {
+    host stream;
+    EXPECT_EQ(stream.notes_of_slice(slice_of(slice_i).u<1>(0).ue(0).ue(0)), notes());
+}
+
+TEST(NotedRules, NameTheWidthOfAnIndex) {
+    host stream;
+    stream.sps().num_short_term_ref_pic_sets = 4;
+    stream.sps().st_ref_pic_set.resize(4);
+    EXPECT_EQ(stream.notes_of_slice(slice_of(slice_i).u<1>(1).u<3>(3)),
+              (notes{{"short_term_ref_pic_set_idx", "index_width"}}));
+    stream.sps().num_short_term_ref_pic_sets = 3;
+    EXPECT_EQ(stream.notes_of_slice(slice_of(slice_i).u<1>(1).u<2>(2)), notes());
+}
+
+TEST(NotedRules, NameASetThatTheSpsDoesNotHave) {
+    host stream;
+    stream.sps().num_short_term_ref_pic_sets = 3;
+    stream.sps().st_ref_pic_set.resize(3);
+    EXPECT_EQ(stream.notes_of_slice(slice_of(slice_i).u<1>(1).u<2>(3)),
+              (notes{{"short_term_ref_pic_set_idx", "has_set"}}));
+}
+
+TEST(NotedRules, NameAnUnknownSliceType) {
+    host stream;
+    EXPECT_EQ(stream.notes_of_slice(slice_of(3).u<1>(0).ue(0).ue(0)),
+              (notes{{"slice_pic_order_cnt_lsb", "is_slice_type"}}));
+}
+
+TEST(NotedRules, NameWhatMotionVectorPredictionLeavesOut) {
+    host stream;
+    stream.sps().sps_temporal_mvp_enabled_flag = true;
+    EXPECT_EQ(stream.notes_of_slice(slice_of(slice_p).u<1>(0).ue(0).ue(0).u<1>(0)),
+              (notes{{"num_ref_idx_active_override_flag", "has_temporal_mvp_flag"}}));
+}
+
+// A dependent segment first; the flag that it leaves ends the header of the next picture.
+TEST(NotedRules, NameAFlagThatIsLeftOver) {
+    host stream;
+    stream.sps().pic_width_in_luma_samples = 192;
+    stream.pps_store.at(0).dependent_slice_segments_enabled_flag = true;
+    EXPECT_EQ(stream.notes_of_slice(test::bit_writer().u<1>(0).ue(0).u<1>(1).u<2>(1)), notes());
+    EXPECT_TRUE(stream.slice.dependent_slice_segment_flag);
+    EXPECT_EQ(stream.notes_of_slice(slice_of(slice_i).u<1>(0).ue(0).ue(0)),
+              (notes{{"slice_pic_parameter_set_id", "is_dependent"}}));
+}
+
+TEST(NotedRules, NameAParameterSetThatIsMissing) {
+    test::rbsp input{test::sps_syntax().rbsp().bytes()};
+    h2645_common_base_store<h265_nal_vps> store;
+    h265_nal_sps sps;
+    h265_trace trace;
+    EXPECT_FALSE(sps.parse(input.reader, store, trace));
+    EXPECT_EQ(notes_of(trace), (notes{{"sps_video_parameter_set_id", "has_named_set"}}));
+}
+
+TEST(NotedRules, NameABoundThatTheStandardHas) {
+    test::sps_syntax syntax;
+    syntax.sps_seq_parameter_set_id = test::bit_writer().ue(16);
+    test::rbsp input{syntax.rbsp().bytes()};
+    auto store = test::vps_store_with(0);
+    h265_nal_sps sps;
+    h265_trace trace;
+    EXPECT_TRUE(sps.parse(input.reader, store, trace));
+    EXPECT_EQ(notes_of(trace), (notes{{"chroma_format_idc", "max_sps_id"}}));
+}
+
+}  // namespace
+}  // namespace kovran
