@@ -15,6 +15,7 @@
 #include <kovran/h265/h265_trace.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace kovran {
@@ -166,6 +167,16 @@ struct h265_slice_segment_header {
                                    h2645_common_base_store<h265_nal_vps>& vps_store,
                                    h265_nal_unit_type nal_unit_type, h265_trace& trace,
                                    h265_fault* fault = nullptr);
+
+    // In a dependent slice segment that parse_standard() has read: the fields that its header does
+    // not have, with the values of the independent one before it in the same picture.
+    KOVRAN_API void take_over(const h265_slice_segment_header& independent);
+
+    // SliceQpY, equation 7-54, by the PPS of the slice.
+    [[nodiscard]] KOVRAN_API std::int64_t SliceQpY(const h265_nal_pps& pps) const;
+
+    // MaxNumMergeCand, equation 7-53; 0 where five_minus_max_num_merge_cand is above 5.
+    [[nodiscard]] KOVRAN_API unsigned int MaxNumMergeCand() const;
 
     // "B", "P" or "I" by slice_type, "?" for any other value; never null.
     [[nodiscard]] KOVRAN_API const char* slice_type_to_str() const;

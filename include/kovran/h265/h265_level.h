@@ -1,0 +1,37 @@
+#ifndef KOVRAN_H265_H265_LEVEL_H
+#define KOVRAN_H265_H265_LEVEL_H
+
+#include <kovran/export.h>
+#include <kovran/h265/h265_nal_sps.h>
+
+#include <cstdint>
+
+namespace kovran {
+
+// The limits of a level, tables A.8 and A.9. Those of a tier are for the Main tier and the High
+// tier; 0 where the level has no High tier.
+struct h265_level_limits {
+    unsigned char level_idc;  // 30 times the number of the level
+
+    std::uint64_t MaxLumaPs;  // luma samples of a picture
+    std::uint64_t MaxCPB[2];  // in CpbVclFactor or CpbNalFactor bits
+    unsigned int MaxSliceSegmentsPerPicture;
+    unsigned int MaxTileRows;
+    unsigned int MaxTileCols;
+    std::uint64_t MaxLumaSr;  // luma samples in a second
+    std::uint64_t MaxBR[2];   // in BrVclFactor or BrNalFactor bits in a second
+    unsigned int MinCrBase[2];
+};
+
+// Null for a value that is no level; level 8.5 (255) has no limits and is null as well. The result
+// stays for good.
+[[nodiscard]] KOVRAN_API const h265_level_limits* h265_find_level_limits(unsigned char level_idc);
+
+// MaxDpbSize, clause A.4.2: pictures that the decoded picture buffer holds at most, of the size and
+// at the general level of the SPS; 16 for a level without limits, 6 (or 7, where the current
+// picture may be a reference) for pictures that are too large for the level.
+[[nodiscard]] KOVRAN_API unsigned int h265_max_dpb_size(const h265_nal_sps& sps);
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H265_H265_LEVEL_H

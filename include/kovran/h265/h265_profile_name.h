@@ -1,0 +1,18 @@
+#ifndef KOVRAN_H265_H265_PROFILE_NAME_H
+#define KOVRAN_H265_H265_PROFILE_NAME_H
+
+#include <kovran/export.h>
+#include <kovran/h265/h265_profile_tier_level.h>
+
+namespace kovran {
+
+// The profile that profile_idc and the constraint flags of a layer stand for, as Annex A calls it:
+// "Main 10", "Main 4:2:2 10 Intra". Flags that no profile has exactly stand for the least capable
+// one that allows all that they allow; where there is none, or profile_idc is 0, the name is that
+// of the lowest profile_compatibility_flag that is set. "" when nothing is known; never null.
+[[nodiscard]] KOVRAN_API const char* h265_profile_name(
+    const h265_profile_tier_level::layer_t& layer);
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H265_H265_PROFILE_NAME_H
