@@ -1,0 +1,5 @@
+#include <kovran/h265/h265_picture_format.h>
+
+int main() {
+    return 0;
+}
