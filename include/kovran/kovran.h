@@ -36,6 +36,8 @@
 #include <kovran/h265/h265_rules.h>
 #include <kovran/h265/h265_scaling_list_data.h>
 #include <kovran/h265/h265_slice_segment_header.h>
+#include <kovran/h265/h265_sps_3d_extension.h>
+#include <kovran/h265/h265_sps_multilayer_extension.h>
 #include <kovran/h265/h265_sps_range_extension.h>
 #include <kovran/h265/h265_sps_scc_extension.h>
 #include <kovran/h265/h265_st_ref_pic_set.h>

@@ -58,8 +58,40 @@ template <class Walker, class Extension, class Sps>
     return true;
 }
 
-// What follows sps_extension_present_flag, clause 7.3.2.2.1. Extensions of more than one layer are
-// not known: they, and what stands behind them, are extension data.
+// sps_multilayer_extension(), clause F.7.3.2.2.4.
+template <class Walker, class Extension>
+[[nodiscard]] bool sps_multilayer_extension(Walker& walk, Extension& extension) {
+    walk.u(1, ELEMENT(extension, inter_view_mv_vert_constraint_flag));
+    return true;
+}
+
+// sps_3d_extension(), clause I.7.3.2.2.5.
+template <class Walker, class Extension, class Sps>
+[[nodiscard]] bool sps_3d_extension(Walker& walk, Extension& extension, const Sps& sps) {
+    constexpr unsigned int texture = 0;
+    constexpr unsigned int depth = 1;
+    const value_range sub_block = between(min_cb_log2_size(sps) - 3, ctb_log2_size(sps) - 3);
+    walk.u(1, ELEMENT(extension, iv_di_mc_enabled_flag)[texture]);
+    walk.u(1, ELEMENT(extension, iv_mv_scal_enabled_flag)[texture]);
+    walk.ue(ELEMENT(extension, log2_ivmc_sub_pb_size_minus3)[texture], sub_block);
+    walk.u(1, ELEMENT(extension, iv_res_pred_enabled_flag)[texture]);
+    walk.u(1, ELEMENT(extension, depth_ref_enabled_flag)[texture]);
+    walk.u(1, ELEMENT(extension, vsp_mc_enabled_flag)[texture]);
+    walk.u(1, ELEMENT(extension, dbbp_enabled_flag)[texture]);
+
+    walk.u(1, ELEMENT(extension, iv_di_mc_enabled_flag)[depth]);
+    walk.u(1, ELEMENT(extension, iv_mv_scal_enabled_flag)[depth]);
+    walk.u(1, ELEMENT(extension, tex_mc_enabled_flag)[depth]);
+    walk.ue(ELEMENT(extension, log2_texmc_sub_pb_size_minus3)[depth], sub_block);
+    walk.u(1, ELEMENT(extension, intra_contour_enabled_flag)[depth]);
+    walk.u(1, ELEMENT(extension, intra_dc_only_wedge_enabled_flag)[depth]);
+    walk.u(1, ELEMENT(extension, cqt_cu_part_pred_enabled_flag)[depth]);
+    walk.u(1, ELEMENT(extension, inter_dc_only_enabled_flag)[depth]);
+    walk.u(1, ELEMENT(extension, skip_intra_enabled_flag)[depth]);
+    return true;
+}
+
+// What follows sps_extension_present_flag, clause 7.3.2.2.1.
 template <class Walker, class Sps>
 [[nodiscard]] bool sps_extensions(Walker& walk, Sps& sps) {
     walk.u(1, ELEMENT(sps, sps_range_extension_flag));
@@ -72,8 +104,16 @@ template <class Walker, class Sps>
                         [&](auto& extension) { return sps_range_extension(walk, extension); })) {
         return false;
     }
-    if (sps.sps_multilayer_extension_flag || sps.sps_3d_extension_flag) {
-        return walk.extension_data(ELEMENT(sps, sps_extension_data_flag));
+    if (sps.sps_multilayer_extension_flag &&
+        !walk.structure(ELEMENT(sps, sps_multilayer_extension), [&](auto& extension) {
+            return sps_multilayer_extension(walk, extension);
+        })) {
+        return false;
+    }
+    if (sps.sps_3d_extension_flag &&
+        !walk.structure(ELEMENT(sps, sps_3d_extension),
+                        [&](auto& extension) { return sps_3d_extension(walk, extension, sps); })) {
+        return false;
     }
     if (sps.sps_scc_extension_flag &&
         !walk.structure(ELEMENT(sps, sps_scc_extension),

@@ -37,6 +37,8 @@ inline void start_afresh(h265_st_ref_pic_set& record);
 inline void start_afresh(h265_nal_vps& record);
 inline void start_afresh(h265_sps_range_extension& record);
 inline void start_afresh(h265_sps_scc_extension& record);
+inline void start_afresh(h265_sps_multilayer_extension& record);
+inline void start_afresh(h265_sps_3d_extension& record);
 inline void start_afresh(h265_nal_sps& record);
 inline void start_afresh(h265_pps_range_extension& record);
 inline void start_afresh(h265_pps_scc_extension& record);
@@ -263,6 +265,25 @@ inline void start_afresh(h265_sps_scc_extension& record) {
         motion_vector_resolution_control_idc, intra_boundary_filtering_disabled_flag);
 }
 
+inline void start_afresh(h265_sps_multilayer_extension& record) {
+    auto& [inter_view_mv_vert_constraint_flag] = record;
+    start_all_afresh(inter_view_mv_vert_constraint_flag);
+}
+
+inline void start_afresh(h265_sps_3d_extension& record) {
+    auto& [iv_di_mc_enabled_flag, iv_mv_scal_enabled_flag, log2_ivmc_sub_pb_size_minus3,
+           iv_res_pred_enabled_flag, depth_ref_enabled_flag, vsp_mc_enabled_flag, dbbp_enabled_flag,
+           tex_mc_enabled_flag, log2_texmc_sub_pb_size_minus3, intra_contour_enabled_flag,
+           intra_dc_only_wedge_enabled_flag, cqt_cu_part_pred_enabled_flag,
+           inter_dc_only_enabled_flag, skip_intra_enabled_flag] = record;
+    start_all_afresh(iv_di_mc_enabled_flag, iv_mv_scal_enabled_flag, log2_ivmc_sub_pb_size_minus3,
+                     iv_res_pred_enabled_flag, depth_ref_enabled_flag, vsp_mc_enabled_flag,
+                     dbbp_enabled_flag, tex_mc_enabled_flag, log2_texmc_sub_pb_size_minus3,
+                     intra_contour_enabled_flag, intra_dc_only_wedge_enabled_flag,
+                     cqt_cu_part_pred_enabled_flag, inter_dc_only_enabled_flag,
+                     skip_intra_enabled_flag);
+}
+
 inline void start_afresh(h265_nal_sps& record) {
     auto& [sps_video_parameter_set_id, sps_max_sub_layers_minus1, sps_temporal_id_nesting_flag,
            profile_tier_level, sps_seq_parameter_set_id, chroma_format_idc,
@@ -285,7 +306,8 @@ inline void start_afresh(h265_nal_sps& record) {
            strong_intra_smoothing_enabled_flag, vui_parameters_present_flag, vui_parameters,
            sps_extension_flag, valid, sps_range_extension_flag, sps_multilayer_extension_flag,
            sps_3d_extension_flag, sps_scc_extension_flag, sps_extension_4bits, sps_range_extension,
-           sps_scc_extension, sps_extension_data_flag] = record;
+           sps_multilayer_extension, sps_3d_extension, sps_scc_extension, sps_extension_data_flag] =
+        record;
     start_all_afresh(
         sps_video_parameter_set_id, sps_max_sub_layers_minus1, sps_temporal_id_nesting_flag,
         profile_tier_level, sps_seq_parameter_set_id, chroma_format_idc, separate_colour_plane_flag,
@@ -307,7 +329,7 @@ inline void start_afresh(h265_nal_sps& record) {
         strong_intra_smoothing_enabled_flag, vui_parameters_present_flag, vui_parameters,
         sps_extension_flag, valid, sps_range_extension_flag, sps_multilayer_extension_flag,
         sps_3d_extension_flag, sps_scc_extension_flag, sps_extension_4bits, sps_range_extension,
-        sps_scc_extension, sps_extension_data_flag);
+        sps_multilayer_extension, sps_3d_extension, sps_scc_extension, sps_extension_data_flag);
 }
 
 inline void start_afresh(h265_pps_range_extension& record) {
@@ -484,7 +506,8 @@ inline void start_matrices_afresh(h265_scaling_list_data& lists) {
 inline void drop_extensions(h265_nal_sps& sps) {
     start_all_afresh(sps.sps_range_extension_flag, sps.sps_multilayer_extension_flag,
                      sps.sps_3d_extension_flag, sps.sps_scc_extension_flag, sps.sps_extension_4bits,
-                     sps.sps_range_extension, sps.sps_scc_extension);
+                     sps.sps_range_extension, sps.sps_multilayer_extension, sps.sps_3d_extension,
+                     sps.sps_scc_extension);
 }
 inline void drop_extensions(h265_nal_pps& pps) {
     start_all_afresh(pps.pps_range_extension_flag, pps.pps_multilayer_extension_flag,

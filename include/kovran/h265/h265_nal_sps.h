@@ -8,6 +8,8 @@
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_profile_tier_level.h>
 #include <kovran/h265/h265_scaling_list_data.h>
+#include <kovran/h265/h265_sps_3d_extension.h>
+#include <kovran/h265/h265_sps_multilayer_extension.h>
 #include <kovran/h265/h265_sps_range_extension.h>
 #include <kovran/h265/h265_sps_scc_extension.h>
 #include <kovran/h265/h265_st_ref_pic_set.h>
@@ -88,14 +90,16 @@ struct h265_nal_sps {
     bool valid = false;  // the latest parse succeeded
 
     // Behind sps_extension_present_flag; only parse_standard() reads these.
-    bool sps_range_extension_flag = false;         // u(1)
-    bool sps_multilayer_extension_flag = false;    // u(1)
-    bool sps_3d_extension_flag = false;            // u(1)
-    bool sps_scc_extension_flag = false;           // u(1)
-    unsigned char sps_extension_4bits = 0;         // u(4)
-    h265_sps_range_extension sps_range_extension;  // when sps_range_extension_flag
-    h265_sps_scc_extension sps_scc_extension;      // when sps_scc_extension_flag
-    std::vector<bool> sps_extension_data_flag;     // u(1), what is read as nothing else
+    bool sps_range_extension_flag = false;                   // u(1)
+    bool sps_multilayer_extension_flag = false;              // u(1)
+    bool sps_3d_extension_flag = false;                      // u(1)
+    bool sps_scc_extension_flag = false;                     // u(1)
+    unsigned char sps_extension_4bits = 0;                   // u(4)
+    h265_sps_range_extension sps_range_extension;            // when sps_range_extension_flag
+    h265_sps_multilayer_extension sps_multilayer_extension;  // when sps_multilayer_extension_flag
+    h265_sps_3d_extension sps_3d_extension;                  // when sps_3d_extension_flag
+    h265_sps_scc_extension sps_scc_extension;                // when sps_scc_extension_flag
+    std::vector<bool> sps_extension_data_flag;               // u(1), what is read as nothing else
 
     // Reads one RBSP; `reader` stands right after the two NAL unit header bytes. Nothing is
     // inserted into `vps_store`. Fields of absent elements keep their values.
