@@ -15,6 +15,7 @@
 #include "support/bit_writer.h"
 #include "support/parameter_sets.h"
 #include "support/rbsp.h"
+#include "support/slice_stores.h"
 
 namespace kovran {
 namespace {
@@ -32,20 +33,7 @@ notes notes_of(const h265_trace& trace) {
     return found;
 }
 
-// PPS 0 of SPS 0 of VPS 0; pictures of one coding tree block of 64x64, order counts of 4 bits.
-struct host {
-    host() {
-        vps_store[0];
-        h265_nal_sps& sps = sps_store[0];
-        sps.chroma_format_idc = 1;
-        sps.pic_width_in_luma_samples = 64;
-        sps.pic_height_in_luma_samples = 64;
-        sps.log2_diff_max_min_luma_coding_block_size = 3;
-        pps_store[0];
-    }
-
-    h265_nal_sps& sps() { return sps_store.at(0); }
-
+struct host : test::slice_stores {
     notes notes_of_slice(const test::bit_writer& bits) {
         test::bit_writer padded = bits;
         test::rbsp input{padded.u<32>(0xFFFFFFFF).bytes()};
@@ -56,9 +44,6 @@ struct host {
     }
 
     h265_slice_segment_header slice;
-    h2645_common_base_store<h265_nal_vps> vps_store;
-    h2645_common_base_store<h265_nal_sps> sps_store;
-    h2645_common_base_store<h265_nal_pps> pps_store;
 };
 
 constexpr unsigned int slice_p = 1;
@@ -109,7 +94,7 @@ TEST(NotedRules, NameWhatMotionVectorPredictionLeavesOut) {
 TEST(NotedRules, NameAFlagThatIsLeftOver) {
     host stream;
     stream.sps().pic_width_in_luma_samples = 192;
-    stream.pps_store.at(0).dependent_slice_segments_enabled_flag = true;
+    stream.pps().dependent_slice_segments_enabled_flag = true;
     EXPECT_EQ(stream.notes_of_slice(test::bit_writer().u<1>(0).ue(0).u<1>(1).u<2>(1)), notes());
     EXPECT_TRUE(stream.slice.dependent_slice_segment_flag);
     EXPECT_EQ(stream.notes_of_slice(slice_of(slice_i).u<1>(0).ue(0).ue(0)),

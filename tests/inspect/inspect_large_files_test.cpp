@@ -13,6 +13,7 @@
 #include "nal_splitter.h"
 #include "program.h"
 #include "readings.h"
+#include "sanitized.h"
 #include "temporary_folder.h"
 
 namespace kovran::test {
@@ -23,13 +24,6 @@ namespace {
 constexpr std::uint64_t mebibyte = std::uint64_t{1} << 20;
 constexpr std::uint64_t gibibyte = std::uint64_t{1} << 30;
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool sanitized = true;
-#elif defined(__has_feature)
-constexpr bool sanitized = __has_feature(address_sanitizer);
-#else
-constexpr bool sanitized = false;
-#endif
 // As in inspect_memory_test.cpp.
 constexpr std::size_t memory_bound = (sanitized ? 96 : 40) * mebibyte;
 
