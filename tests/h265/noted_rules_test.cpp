@@ -15,6 +15,7 @@
 #include "support/bit_writer.h"
 #include "support/parameter_sets.h"
 #include "support/rbsp.h"
+#include "support/slice_stores.h"
 
 namespace kovran {
 namespace {
@@ -32,20 +33,7 @@ notes notes_of(const h265_trace& trace) {
     return found;
 }
 
-// PPS 0 of SPS 0 of VPS 0; pictures of one coding tree block of 64x64, order counts of 4 bits.
-struct host {
-    host() {
-        vps_store[0];
-        h265_nal_sps& sps = sps_store[0];
-        sps.chroma_format_idc = 1;
-        sps.pic_width_in_luma_samples = 64;
-        sps.pic_height_in_luma_samples = 64;
-        sps.log2_diff_max_min_luma_coding_block_size = 3;
-        pps_store[0];
-    }
-
-    h265_nal_sps& sps() { return sps_store.at(0); }
-
+struct host : test::slice_stores {
     notes notes_of_slice(const test::bit_writer& bits) {
         test::bit_writer padded = bits;
         test::rbsp input{padded.u<32>(0xFFFFFFFF).bytes()};
@@ -56,9 +44,6 @@ struct host {
     }
 
     h265_slice_segment_header slice;
-    h2645_common_base_store<h265_nal_vps> vps_store;
-    h2645_common_base_store<h265_nal_sps> sps_store;
-    h2645_common_base_store<h265_nal_pps> pps_store;
 };
 
 constexpr unsigned int slice_p = 1;
@@ -109,7 +94,7 @@ TEST(NotedRules, NameWhatMotionVectorPredictionLeavesOut) {
 TEST(NotedRules, NameAFlagThatIsLeftOver) {
     host stream;
     stream.sps().pic_width_in_luma_samples = 192;
-    stream.pps_store.at(0).dependent_slice_segments_enabled_flag = true;
+    stream.pps().dependent_slice_segments_enabled_flag = true;
     EXPECT_EQ(stream.notes_of_slice(test::bit_writer().u<1>(0).ue(0).u<1>(1).u<2>(1)), notes());
     EXPECT_TRUE(stream.slice.dependent_slice_segment_flag);
     EXPECT_EQ(stream.notes_of_slice(slice_of(slice_i).u<1>(0).ue(0).ue(0)),
@@ -123,6 +108,49 @@ TEST(NotedRules, NameAParameterSetThatIsMissing) {
     h265_trace trace;
     EXPECT_FALSE(sps.parse(input.reader, store, trace));
     EXPECT_EQ(notes_of(trace), (notes{{"sps_video_parameter_set_id", "has_named_set"}}));
+}
+
+// The first structure has no common information by the library's own rules, the second has its own,
+// with NAL or VCL parameters, and the third has none: by the standard's rules that of the second.
+TEST(NotedRules, NameCommonInformationThatIsNotTakenOver) {
+    for (const bool nal : {true, false}) {
+        SCOPED_TRACE(nal ? "NAL" : "VCL");
+        const test::bit_writer sub_layer = test::bit_writer().u<1>(1).ue(0).ue(0);
+        test::vps_syntax syntax;
+        syntax.layer_sets = test::bit_writer().u<6>(0).ue(2).u<1>(1).u<1>(1);
+        test::bit_writer& bits = syntax.timing_info;
+        bits = test::bit_writer().u<1>(1).u<32>(1).u<32>(50).u<1>(0).ue(3);
+        test::append(bits.ue(0), sub_layer);
+        bits.ue(1).u<1>(1).u<1>(nal ? 1 : 0).u<1>(nal ? 0 : 1).u<1>(0).u<8>(0).u<15>(0);
+        test::append(bits, sub_layer).ue(4).ue(5).u<1>(0);
+        test::append(bits.ue(2).u<1>(0), sub_layer);
+        test::rbsp input{syntax.rbsp().bytes()};
+        h265_nal_vps vps;
+        h265_trace trace;
+        EXPECT_TRUE(vps.parse(input.reader, trace));
+        EXPECT_EQ(notes_of(trace),
+                  (notes{{"hrd_layer_set_idx[0]", "infer_first_cprms_present_flag"},
+                         {"fixed_pic_rate_general_flag[0]", "infer_common_information"}}));
+    }
+}
+
+TEST(NotedRules, NameMoreCandidatesThanTheSpsHas) {
+    host stream;
+    stream.sps().long_term_ref_pics_present_flag = true;
+    stream.sps().num_long_term_ref_pics_sps = 1;
+    stream.sps().lt_ref_pic_poc_lsb_sps = {3};
+    stream.sps().used_by_curr_pic_lt_sps_flag = {true};
+    // An empty set of the slice's own; two candidates, 17 more pictures.
+    const test::bit_writer up_to_counts = slice_of(slice_i).u<1>(0).ue(0).ue(0);
+    test::bit_writer candidates = up_to_counts;
+    EXPECT_EQ(stream.notes_of_slice(candidates.ue(2).ue(0).u<2>(0)),
+              (notes{{"delta_poc_msb_present_flag[0]", "max_long_term_sps"}}));
+    test::bit_writer pictures = up_to_counts;
+    pictures.ue(0).ue(17);
+    for (unsigned int i = 0; i < 17; ++i) {
+        pictures.u<4>(i % 16).u<1>(0).u<1>(0);
+    }
+    EXPECT_EQ(stream.notes_of_slice(pictures), (notes{{"poc_lsb_lt[0]", "max_long_term_pics"}}));
 }
 
 TEST(NotedRules, NameABoundThatTheStandardHas) {

@@ -10,6 +10,7 @@
 #include "support/rbsp.h"
 #include "support/same_fields.h"
 #include "support/slice_record_fields.h"
+#include "support/slice_stores.h"
 
 namespace kovran {
 namespace {
@@ -21,21 +22,7 @@ constexpr unsigned int slice_b = 0;
 constexpr unsigned int slice_p = 1;
 constexpr unsigned int slice_i = 2;
 
-// PPS 0 of SPS 0 of VPS 0; the picture has one coding tree block of 64x64, and counts of 4 bits.
-struct host {
-    host() {
-        vps_store[0];
-        h265_nal_sps& sps = sps_store[0];
-        sps.chroma_format_idc = 1;
-        sps.pic_width_in_luma_samples = 64;
-        sps.pic_height_in_luma_samples = 64;
-        sps.log2_diff_max_min_luma_coding_block_size = 3;
-        pps_store[0];
-    }
-
-    h265_nal_pps& pps() { return pps_store.at(0); }
-    h265_nal_sps& sps() { return sps_store.at(0); }
-
+struct host : test::slice_stores {
     // Empty sets, so many.
     void have_sets(unsigned int count) {
         sps().num_short_term_ref_pic_sets = count;
@@ -85,10 +72,6 @@ struct host {
     static std::vector<unsigned char> followed(test::bit_writer bits) {
         return bits.u<32>(0xFFFFFFFF).u<32>(0xFFFFFFFF).bytes();
     }
-
-    h2645_common_base_store<h265_nal_vps> vps_store;
-    h2645_common_base_store<h265_nal_sps> sps_store;
-    h2645_common_base_store<h265_nal_pps> pps_store;
 };
 
 // Up to slice_type, of a picture that is not an IRAP.

@@ -29,15 +29,6 @@ struct difference {
     std::string rule;
 };
 
-std::vector<std::string> lines_of(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    return lines;
-}
-
 // With one space for a row of them.
 std::string narrowed(const std::string& line) {
     std::string narrow;
@@ -55,7 +46,7 @@ struct differences {
 };
 
 differences differences_in(const std::string& text) {
-    const std::vector<std::string> lines = lines_of(text);
+    const std::vector<std::string> lines = lines_of_text(text);
     differences found;
     found.total = lines.empty() ? "" : lines.front();
     auto line = std::find_if(lines.begin(), lines.end(),
@@ -182,7 +173,8 @@ TEST_P(InspectDifferencesOfStreams, AreCountedByRuleAndType) {
         ++counts[rule_alone(each)][each.place.substr(each.place.rfind(' ') + 1)];
     }
     std::string rule;
-    for (const std::string& line : lines_of(run({"differences", stream_path(GetParam())}).out)) {
+    for (const std::string& line :
+         lines_of_text(run({"differences", stream_path(GetParam())}).out)) {
         if (line.rfind("  units: ", 0) != 0) {
             rule = line.rfind("  ", 0) == 0 ? rule : line.substr(0, line.find(' '));
             continue;

@@ -277,6 +277,14 @@ bit_writer timing(std::uint32_t num_units_in_tick, std::uint32_t time_scale) {
     return bit_writer().u<1>(1).u<32>(num_units_in_tick).u<32>(time_scale).u<1>(0);
 }
 
+// VPS 1.
+vps_syntax other_vps_with(const bit_writer& timing_of_vps) {
+    vps_syntax vps;
+    vps.header = bit_writer().u<4>(1).u<1>(1).u<1>(1).u<6>(0).u<3>(0).u<1>(1).u<16>(0xFFFF);
+    vps.timing_info = timing_of_vps;
+    return vps;
+}
+
 std::string rate_of(const bit_writer& timing_of_vui, const bit_writer& timing_of_vps,
                     bool fields = false) {
     sps_syntax sps;
@@ -300,21 +308,17 @@ TEST(InspectInfo, TakesTheRateFromTheVuiBeforeTheVps) {
 
 // SPS 0 names VPS 1, which comes second.
 TEST(InspectInfo, TakesTheRateFromTheVpsThatTheSpsNames) {
-    vps_syntax other_vps;
-    other_vps.timing_info = timing(1, 50).ue(0);
     vps_syntax vps;
-    vps.header = bit_writer().u<4>(1).u<1>(1).u<1>(1).u<6>(0).u<3>(0).u<1>(1).u<16>(0xFFFF);
-    vps.timing_info = timing(1, 60).ue(0);
+    vps.timing_info = timing(1, 50).ue(0);
     sps_syntax sps;
     sps.header = bit_writer().u<4>(1).u<3>(0).u<1>(1);
-    const std::string first = annex_b_unit(VPS_NUT, other_vps.rbsp());
-    const std::string second = annex_b_unit(VPS_NUT, vps.rbsp());
+    const std::string first = annex_b_unit(VPS_NUT, vps.rbsp());
+    const std::string second = annex_b_unit(VPS_NUT, other_vps_with(timing(1, 60).ue(0)).rbsp());
     const std::string names_1 = annex_b_unit(SPS_NUT, sps.rbsp());
     EXPECT_EQ(fact(info_of_bytes(first + second + names_1).out, "rate"),
               "60 pictures per second (60/1)");
     EXPECT_EQ(fact(info_of_bytes(first + names_1).out, "rate"), "not given");
-    vps.timing_info = timing(1, 70).ue(0);
-    const std::string again = annex_b_unit(VPS_NUT, vps.rbsp());
+    const std::string again = annex_b_unit(VPS_NUT, other_vps_with(timing(1, 70).ue(0)).rbsp());
     EXPECT_EQ(fact(info_of_bytes(second + names_1 + again).out, "rate"),
               "60 pictures per second (60/1)");
 }
@@ -354,9 +358,7 @@ TEST(InspectInfo, TellsTheColours) {
 TEST(InspectInfo, TellsOfTheFirstParameterSets) {
     vps_syntax first_vps;
     first_vps.timing_info = timing(1, 50).ue(0);
-    vps_syntax other_vps;
-    other_vps.header = bit_writer().u<4>(1).u<1>(1).u<1>(1).u<6>(0).u<3>(0).u<1>(1).u<16>(0xFFFF);
-    other_vps.timing_info = timing(1, 60).ue(0);
+    const vps_syntax other_vps = other_vps_with(timing(1, 60).ue(0));
     sps_syntax other_sps;
     other_sps.sps_seq_parameter_set_id = bit_writer().ue(1);
     other_sps.picture_size = bit_writer().ue(128).ue(96);

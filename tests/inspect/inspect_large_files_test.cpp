@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -13,6 +12,7 @@
 #include "nal_splitter.h"
 #include "program.h"
 #include "readings.h"
+#include "sanitized.h"
 #include "temporary_folder.h"
 
 namespace kovran::test {
@@ -23,13 +23,6 @@ namespace {
 constexpr std::uint64_t mebibyte = std::uint64_t{1} << 20;
 constexpr std::uint64_t gibibyte = std::uint64_t{1} << 30;
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool sanitized = true;
-#elif defined(__has_feature)
-constexpr bool sanitized = __has_feature(address_sanitizer);
-#else
-constexpr bool sanitized = false;
-#endif
 // As in inspect_memory_test.cpp.
 constexpr std::size_t memory_bound = (sanitized ? 96 : 40) * mebibyte;
 
@@ -67,15 +60,6 @@ private:
     std::uint64_t size_ = 0;
 };
 
-std::vector<std::string> lines_of(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    return lines;
-}
-
 // Between the two pictures of each large stream. The second begins above 4 GiB.
 constexpr std::uint64_t padding = 4097 * mebibyte;
 
@@ -105,7 +89,7 @@ std::string write_length_prefixed(const temporary_folder& folder) {
 void expect_units(const outcome& result, std::uint64_t second_begin, bool annex_b) {
     const nlohmann::json picture_units = units_of_reading(name);
     std::vector<nlohmann::json> units;
-    for (const std::string& line : lines_of(result.out)) {
+    for (const std::string& line : lines_of_text(result.out)) {
         const nlohmann::json unit = nlohmann::json::parse(line);
         if (unit.contains("index")) {
             units.push_back(unit);
@@ -140,8 +124,8 @@ void expect_units(const outcome& result, std::uint64_t second_begin, bool annex_
 // The trace of the first unit of the second picture. Its places are those of the first picture's,
 // moved by `distance`.
 void expect_trace(const outcome& of_second, const outcome& of_first, std::uint64_t distance) {
-    const std::vector<std::string> lines = lines_of(of_second.out);
-    const std::vector<std::string> expected = lines_of(of_first.out);
+    const std::vector<std::string> lines = lines_of_text(of_second.out);
+    const std::vector<std::string> expected = lines_of_text(of_first.out);
     ASSERT_EQ(lines.size(), expected.size());
     ASSERT_GT(lines.size(), 50U);
     for (std::size_t i = 2; i < lines.size(); ++i) {  // after rules and heading
@@ -254,7 +238,7 @@ TEST(InspectLargeFiles, LengthPrefixedUnitsAreReadFromAPipe) {
                                })
                                .run();
     EXPECT_EQ(result.status, 0);
-    const std::vector<std::string> lines = lines_of(result.out);
+    const std::vector<std::string> lines = lines_of_text(result.out);
     ASSERT_EQ(lines.size(), units + 4);
     EXPECT_EQ(nlohmann::json::parse(lines.back()).at("offset"), units * 8000004 + 87);
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <csignal>
 #include <cstdlib>
+#include <sstream>
 #include <stdexcept>
 #include <thread>
 
@@ -260,6 +261,15 @@ void program::become_program(int in, int out, int err) const {
 
 outcome run(std::vector<std::string> arguments) {
     return program(std::move(arguments)).run();
+}
+
+std::vector<std::string> lines_of_text(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    return lines;
 }
 
 }  // namespace kovran::test

@@ -67,6 +67,9 @@ private:
 // kovran with these arguments and nothing else.
 [[nodiscard]] outcome run(std::vector<std::string> arguments);
 
+// What a program has written, line by line.
+[[nodiscard]] std::vector<std::string> lines_of_text(const std::string& text);
+
 }  // namespace kovran::test
 
 #endif  // KOVRAN_TESTS_INSPECT_PROGRAM_H

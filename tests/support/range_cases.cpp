@@ -1,6 +1,5 @@
 #include "support/range_cases.h"
 
-#include <array>
 #include <cstddef>
 #include <utility>
 
@@ -137,17 +136,20 @@ void add_sizes(case_list<sps_values>& list) {
         sps.conf_win_bottom_offset = value;
     });
     // 4:0:0, 4:2:2 and 4:4:4 have other units across, down or both.
-    for (const auto& [format, last_column, last_row] :
-         {std::array{0, 383, 255}, std::array{2, 191, 255}, std::array{3, 383, 255}}) {
-        list.at_most("conf_win_left_offset", 0, last_column, [=](auto& sps, auto value) {
+    const auto add_window = [&list](element_value format, std::int64_t last_column,
+                                    std::int64_t last_row) {
+        list.at_most("conf_win_left_offset", 0, last_column, [format](auto& sps, auto value) {
             sps.chroma_format_idc = format;
             sps.conf_win_left_offset = value;
         });
-        list.at_most("conf_win_top_offset", 0, last_row, [=](auto& sps, auto value) {
+        list.at_most("conf_win_top_offset", 0, last_row, [format](auto& sps, auto value) {
             sps.chroma_format_idc = format;
             sps.conf_win_top_offset = value;
         });
-    }
+    };
+    add_window(0, 383, 255);
+    add_window(2, 191, 255);
+    add_window(3, 383, 255);
     list.at_most("bit_depth_luma_minus8", 0, 8,
                  [](auto& sps, auto value) { sps.bit_depth_luma_minus8 = value; });
     list.at_most("bit_depth_chroma_minus8", 0, 8,

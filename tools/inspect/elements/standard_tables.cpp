@@ -44,13 +44,15 @@ std::string tier_name(std::int64_t tier_flag) {
 
 std::string level_name(std::int64_t level_idc) {
     // Ten times the numbers of the levels in clause A.4.
-    static constexpr int levels[] = {10, 20, 21, 30, 31, 40, 41, 50, 51, 52, 60, 61, 62, 63, 85};
-    const auto* const level = std::find_if(std::begin(levels), std::end(levels),
-                                           [&](int each) { return 3 * each == level_idc; });
+    static constexpr std::int64_t levels[] = {10, 20, 21, 30, 31, 40, 41, 50,
+                                              51, 52, 60, 61, 62, 63, 85};
+    const auto* const level =
+        std::find_if(std::begin(levels), std::end(levels),
+                     [&](std::int64_t each) { return 3 * each == level_idc; });
     if (level == std::end(levels)) {
         return "no level of the standard";
     }
-    const int minor = *level % 10;
+    const std::int64_t minor = *level % 10;
     return minor == 0 ? fmt::format("level {}", *level / 10)
                       : fmt::format("level {}.{}", *level / 10, minor);
 }
