@@ -6,10 +6,8 @@
 #include "h265/slice_ranges.h"
 #include "h265/slice_type.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 namespace kovran {
 
@@ -33,18 +31,12 @@ template <class Slice>
 
 // The weights of one list, clause 7.3.6.3. `has_flags` tells of an entry whether its flags are
 // coded.
-template <class Walker, class HasFlags>
-[[nodiscard]] bool list_weights(Walker& walk, unsigned int last_entry, const HasFlags& has_flags,
-                                const weight_ranges& ranges, element<std::vector<bool>&> luma_flag,
-                                element<std::vector<bool>&> chroma_flag,
-                                element<std::vector<int>&> luma_weight,
-                                element<std::vector<int>&> luma_offset,
-                                element<std::vector<std::array<int, 2>>&> chroma_weight,
-                                element<std::vector<std::array<int, 2>>&> chroma_offset) {
-    if (!walk.grow(last_entry + 1, luma_flag.field, chroma_flag.field, luma_weight.field,
-                   luma_offset.field, chroma_weight.field, chroma_offset.field)) {
-        return false;
-    }
+template <class Walker, class HasFlags, class Flags, class Values, class PairsOfValues>
+void list_weights(Walker& walk, unsigned int last_entry, const HasFlags& has_flags,
+                  const weight_ranges& ranges, element<Flags&> luma_flag,
+                  element<Flags&> chroma_flag, element<Values&> luma_weight,
+                  element<Values&> luma_offset, element<PairsOfValues&> chroma_weight,
+                  element<PairsOfValues&> chroma_offset) {
     for (unsigned int i = 0; i <= last_entry; ++i) {
         if (has_flags(i)) {
             walk.u(1, luma_flag[i]);
@@ -69,10 +61,9 @@ template <class Walker, class HasFlags>
             }
         }
     }
-    return true;
 }
 
-// pred_weight_table(), clause 7.3.6.3.
+// pred_weight_table(), clause 7.3.6.3. The numbers of entries have been compared with their bound.
 template <class Walker, class Table, class Slice, class Pps, class Sps>
 [[nodiscard]] bool pred_weight_table(Walker& walk, Table& table, const Slice& slice, const Pps& pps,
                                      const Sps& sps) {
@@ -89,19 +80,18 @@ template <class Walker, class Table, class Slice, class Pps, class Sps>
             return !may_be_current || !is_current_picture(slice, is_list_1, entry);
         };
     };
-    if (!list_weights(walk, slice.num_ref_idx_l0_active_minus1, has_flags(/*is_list_1=*/false),
-                      ranges, ELEMENT(table, luma_weight_l0_flag),
-                      ELEMENT(table, chroma_weight_l0_flag), ELEMENT(table, delta_luma_weight_l0),
-                      ELEMENT(table, luma_offset_l0), ELEMENT(table, delta_chroma_weight_l0),
-                      ELEMENT(table, delta_chroma_offset_l0))) {
-        return false;
+    list_weights(walk, slice.num_ref_idx_l0_active_minus1, has_flags(/*is_list_1=*/false), ranges,
+                 ELEMENT(table, luma_weight_l0_flag), ELEMENT(table, chroma_weight_l0_flag),
+                 ELEMENT(table, delta_luma_weight_l0), ELEMENT(table, luma_offset_l0),
+                 ELEMENT(table, delta_chroma_weight_l0), ELEMENT(table, delta_chroma_offset_l0));
+    if (slice.slice_type == slice_type_b) {
+        list_weights(walk, slice.num_ref_idx_l1_active_minus1, has_flags(/*is_list_1=*/true),
+                     ranges, ELEMENT(table, luma_weight_l1_flag),
+                     ELEMENT(table, chroma_weight_l1_flag), ELEMENT(table, delta_luma_weight_l1),
+                     ELEMENT(table, luma_offset_l1), ELEMENT(table, delta_chroma_weight_l1),
+                     ELEMENT(table, delta_chroma_offset_l1));
     }
-    return slice.slice_type != slice_type_b ||
-           list_weights(walk, slice.num_ref_idx_l1_active_minus1, has_flags(/*is_list_1=*/true),
-                        ranges, ELEMENT(table, luma_weight_l1_flag),
-                        ELEMENT(table, chroma_weight_l1_flag), ELEMENT(table, delta_luma_weight_l1),
-                        ELEMENT(table, luma_offset_l1), ELEMENT(table, delta_chroma_weight_l1),
-                        ELEMENT(table, delta_chroma_offset_l1));
+    return walk.finish(table.valid);
 }
 
 }  // namespace kovran

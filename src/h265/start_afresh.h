@@ -73,11 +73,6 @@ void start_afresh(std::array<Value, Count>& entries) {
     }
 }
 
-template <class Value, std::size_t Count>
-void start_afresh(std::vector<std::array<Value, Count>>& array) {
-    array.clear();
-}
-
 template <class Array>
 struct full_array {
     Array& array;
@@ -406,16 +401,20 @@ inline void start_afresh(h265_ref_pic_lists_modification& record) {
                      ref_pic_list_modification_flag_l1, list_entry_l1, valid);
 }
 
+// Only a slice that has the table writes it, and most have not: its 800 bytes need not be cleared
+// for each of them.
 inline void start_afresh(h265_pred_weight_table& record) {
     auto& [luma_log2_weight_denom, delta_chroma_log2_weight_denom, luma_weight_l0_flag,
            chroma_weight_l0_flag, delta_luma_weight_l0, luma_offset_l0, delta_chroma_weight_l0,
            delta_chroma_offset_l0, luma_weight_l1_flag, chroma_weight_l1_flag, delta_luma_weight_l1,
-           luma_offset_l1, delta_chroma_weight_l1, delta_chroma_offset_l1] = record;
-    start_all_afresh(luma_log2_weight_denom, delta_chroma_log2_weight_denom, luma_weight_l0_flag,
-                     chroma_weight_l0_flag, delta_luma_weight_l0, luma_offset_l0,
-                     delta_chroma_weight_l0, delta_chroma_offset_l0, luma_weight_l1_flag,
-                     chroma_weight_l1_flag, delta_luma_weight_l1, luma_offset_l1,
-                     delta_chroma_weight_l1, delta_chroma_offset_l1);
+           luma_offset_l1, delta_chroma_weight_l1, delta_chroma_offset_l1, valid] = record;
+    if (valid) {
+        start_all_afresh(luma_log2_weight_denom, delta_chroma_log2_weight_denom,
+                         luma_weight_l0_flag, chroma_weight_l0_flag, delta_luma_weight_l0,
+                         luma_offset_l0, delta_chroma_weight_l0, delta_chroma_offset_l0,
+                         luma_weight_l1_flag, chroma_weight_l1_flag, delta_luma_weight_l1,
+                         luma_offset_l1, delta_chroma_weight_l1, delta_chroma_offset_l1, valid);
+    }
 }
 
 inline void start_afresh(h265_slice_segment_header& record) {

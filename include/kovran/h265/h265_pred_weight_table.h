@@ -6,33 +6,43 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 namespace kovran {
 
 // pred_weight_table(), clause 7.3.6.3, as h265_slice_segment_header::parse_standard() reads it.
-// Each array of list 0 has num_ref_idx_l0_active_minus1 + 1 entries; those of list 1 are likewise
-// in a B slice, and empty in a P slice. Chroma has Cb, then Cr.
+// An entry of an array belongs to the same entry of the reference picture list: the first
+// num_ref_idx_l0_active_minus1 + 1 are in use, and in a B slice the first
+// num_ref_idx_l1_active_minus1 + 1 of list 1. The others, and what the stream does not have, are 0
+// or false. Chroma has Cb, then Cr.
 struct h265_pred_weight_table {
+    // Of a reference picture list, by num_ref_idx_l0_active_minus1 and
+    // num_ref_idx_l1_active_minus1.
+    static constexpr std::size_t most_entries = 15;
+
+    template <class Value>
+    using entries = std::array<Value, most_entries>;
+
     unsigned int luma_log2_weight_denom = 0;  // ue(v)
     int delta_chroma_log2_weight_denom = 0;   // se(v), unless ChromaArrayType is 0
 
     // The flags of an entry that is the current picture itself are not in the stream.
-    std::vector<bool> luma_weight_l0_flag;                   // u(1)
-    std::vector<bool> chroma_weight_l0_flag;                 // u(1), unless ChromaArrayType is 0
-    std::vector<int> delta_luma_weight_l0;                   // se(v), with luma_weight_l0_flag
-    std::vector<int> luma_offset_l0;                         // se(v), likewise
-    std::vector<std::array<int, 2>> delta_chroma_weight_l0;  // se(v), with chroma_weight_l0_flag
-    std::vector<std::array<int, 2>> delta_chroma_offset_l0;  // se(v), likewise
+    entries<bool> luma_weight_l0_flag{};                   // u(1)
+    entries<bool> chroma_weight_l0_flag{};                 // u(1), unless ChromaArrayType is 0
+    entries<int> delta_luma_weight_l0{};                   // se(v), with luma_weight_l0_flag
+    entries<int> luma_offset_l0{};                         // se(v), likewise
+    entries<std::array<int, 2>> delta_chroma_weight_l0{};  // se(v), with chroma_weight_l0_flag
+    entries<std::array<int, 2>> delta_chroma_offset_l0{};  // se(v), likewise
 
-    std::vector<bool> luma_weight_l1_flag;
-    std::vector<bool> chroma_weight_l1_flag;
-    std::vector<int> delta_luma_weight_l1;
-    std::vector<int> luma_offset_l1;
-    std::vector<std::array<int, 2>> delta_chroma_weight_l1;
-    std::vector<std::array<int, 2>> delta_chroma_offset_l1;
+    entries<bool> luma_weight_l1_flag{};
+    entries<bool> chroma_weight_l1_flag{};
+    entries<int> delta_luma_weight_l1{};
+    entries<int> luma_offset_l1{};
+    entries<std::array<int, 2>> delta_chroma_weight_l1{};
+    entries<std::array<int, 2>> delta_chroma_offset_l1{};
 
-    // The variables of clause 7.4.7.3 for an entry that the arrays have, `component` being 0 for Cb
+    bool valid = false;  // the slice has the table, and it was read
+
+    // The variables of clause 7.4.7.3 for an entry below most_entries, `component` being 0 for Cb
     // and 1 for Cr. A denominator above 2^7, which the standard does not allow, counts as 2^7.
 
     [[nodiscard]] KOVRAN_API std::int64_t LumaWeightL0(std::size_t entry) const;
