@@ -101,7 +101,7 @@ inline bool hand_written_vps(h265_nal_vps& vps, inlined_bitreader& bits) {
     if (vps.vps_timing_info_present_flag || vps.vps_extension_flag) {
         return false;
     }
-    vps.valid = h2645_common_skip_rbsp_trailing_bits(bits);
+    vps.valid = bits.rbsp_trailing_bits();
     return vps.valid;
 }
 
@@ -186,8 +186,8 @@ inline bool hand_written_vui(h265_vui_parameters& vui, unsigned int highest,
     }
     vui.vui_timing_info_present_flag = bits.get<unsigned int>(1) != 0;
     if (vui.vui_timing_info_present_flag) {
-        vui.vui_num_units_in_tick = bits.get_wide(32);
-        vui.vui_time_scale = bits.get_wide(32);
+        vui.vui_num_units_in_tick = bits.get<unsigned int>(32);
+        vui.vui_time_scale = bits.get<unsigned int>(32);
         vui.vui_poc_proportional_to_timing_flag = bits.get<unsigned int>(1) != 0;
         if (vui.vui_poc_proportional_to_timing_flag) {
             vui.vui_num_ticks_poc_diff_one_minus1 = bits.ue();
@@ -272,7 +272,7 @@ inline bool hand_written_sps(h265_nal_sps& sps, inlined_bitreader& bits,
     if (sps.sps_extension_flag) {
         return false;
     }
-    sps.valid = h2645_common_skip_rbsp_trailing_bits(bits);
+    sps.valid = bits.rbsp_trailing_bits();
     return sps.valid;
 }
 
@@ -329,7 +329,7 @@ inline bool hand_written_pps(h265_nal_pps& pps, inlined_bitreader& bits,
     if (pps.pps_extension_present_flag) {
         return false;
     }
-    pps.valid = h2645_common_skip_rbsp_trailing_bits(bits);
+    pps.valid = bits.rbsp_trailing_bits();
     return pps.valid;
 }
 

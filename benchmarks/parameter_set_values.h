@@ -18,7 +18,10 @@ inline values values_of(const h265_nal_vps& vps) {
         vps.vps_timing_info_present_flag, vps.vps_num_units_in_tick, vps.vps_time_scale);
 }
 
+// Values that are not in the stream are left out: by the standard some are inferred, which not
+// every contender does.
 inline values values_of(const h265_nal_sps& sps) {
+    const h265_vui_parameters& vui = sps.vui_parameters;
     values all = values_in(
         sps.sps_seq_parameter_set_id, sps.sps_max_sub_layers_minus1,
         sps.profile_tier_level.general.level_idc, sps.pic_width_in_luma_samples,
@@ -27,11 +30,10 @@ inline values values_of(const h265_nal_sps& sps) {
         sps.log2_diff_max_min_luma_coding_block_size, sps.scaling_list_enabled_flag,
         sps.sample_adaptive_offset_enabled_flag, sps.num_short_term_ref_pic_sets,
         sps.num_long_term_ref_pics_sps, sps.strong_intra_smoothing_enabled_flag,
-        sps.vui_parameters_present_flag, sps.vui_parameters.colour_primaries,
-        sps.vui_parameters.vui_num_units_in_tick, sps.vui_parameters.vui_time_scale,
-        sps.vui_parameters.vui_hrd_parameters_present_flag,
-        sps.vui_parameters.bitstream_restriction_flag,
-        sps.vui_parameters.log2_max_mv_length_vertical);
+        sps.vui_parameters_present_flag,
+        vui.colour_description_present_flag ? vui.colour_primaries : 0, vui.vui_num_units_in_tick,
+        vui.vui_time_scale, vui.vui_hrd_parameters_present_flag, vui.bitstream_restriction_flag,
+        vui.bitstream_restriction_flag ? vui.log2_max_mv_length_vertical : 0);
     for (const h265_st_ref_pic_set& set : sps.st_ref_pic_set) {
         all.push_back(set.num_negative_pics);
         all.push_back(set.num_positive_pics);
@@ -43,7 +45,7 @@ inline values values_of(const h265_nal_sps& sps) {
             all.insert(all.end(), list.begin(), list.end());
         }
     }
-    const h265_hrd_parameters& hrd = sps.vui_parameters.hrd_parameters;
+    const h265_hrd_parameters& hrd = vui.hrd_parameters;
     for (const h265_nal_sub_layer_hrd_parameters& sub_layer : hrd.nal_sub_layer_hrd) {
         all.insert(all.end(), sub_layer.bit_rate_value_minus1.begin(),
                    sub_layer.bit_rate_value_minus1.end());

@@ -68,7 +68,9 @@ int h2645_common_bitreader::se() {
 }
 
 bool h2645_common_more_rbsp_data(h2645_common_bitreader& reader) {
-    if (inlined_bitreader(reader).bits_left() <= 0) {
+    if (distance(reader.current, reader.end) * 8 +
+            (h2645_common_bitreader::word_bits - reader.vacant) <=
+        0) {
         return false;
     }
     h2645_common_bitreader ahead = reader;

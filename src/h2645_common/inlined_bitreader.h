@@ -4,6 +4,7 @@
 #include <kovran/h2645_common/h2645_common_bitreader.h>
 
 #include <cstddef>
+#include <cstdint>
 
 namespace kovran {
 
@@ -13,47 +14,145 @@ inline int signed_value(unsigned int code_number) {
     return (code_number & 1U) != 0 ? static_cast<int>(half + 1) : -static_cast<int>(half);
 }
 
-// The bit reader with Exp-Golomb codes read in place where they are short, as nearly all are. With
-// a call for each of them the next read would wait for the state that the call has just stored.
-struct inlined_bitreader : h2645_common_bitreader {
+// The bits of a bit reader's data for a walk through a description: the same values from the same
+// positions, past the end as well. All that changes from one element to the next is the position,
+// so the next element need not wait for what the last one left in a reservoir.
+class inlined_bitreader {
+public:
     explicit inlined_bitreader(const h2645_common_bitreader& source)
-        : h2645_common_bitreader(source) {}
-
-    [[nodiscard, gnu::always_inline]] unsigned int ue() {
-        constexpr unsigned int most_zeros = (widest_get - 1) / 2;  // of a code that take() can give
-        refill();
-        if (reservoir >> (word_bits - 1 - most_zeros) == 0) {
-            return h2645_common_bitreader::ue();
+        : start_(source.start),
+          size_(source.address(source.end) - source.address(source.start)),
+          position_(source.bit_position()),
+          last_word_at_(size_ < word_bytes ? 0 : size_ - word_bytes) {
+        if (size_ >= word_bytes) {
+            last_word_ = word_at(last_word_at_);
+            return;
         }
-        const auto zeros = static_cast<unsigned int>(__builtin_clz(reservoir));
-        return take(static_cast<unsigned char>(2 * zeros + 1)) - 1;
+        for (std::size_t i = 0; i < size_; ++i) {
+            last_word_ |= std::uint64_t{start_[i]} << (8 * (word_bytes - 1 - i));
+        }
     }
 
+    // A bit reader of the same data at the same position.
+    [[nodiscard]] h2645_common_bitreader bitreader() const {
+        h2645_common_bitreader reader(start_, start_ + size_);
+        reader.advance(static_cast<std::size_t>(position_ / 8));
+        if (position_ % 8 != 0) {
+            reader.skip(position_ % 8);
+        }
+        return reader;
+    }
+
+    // u(n) and f(n), clause 7.2. Of more than 32 bits the value is the last 32.
+    template <class Result>
+    [[nodiscard, gnu::always_inline]] Result get(unsigned char n) {
+        if (__builtin_constant_p(n) != 0 && n == 1) {
+            return static_cast<Result>(flag());
+        }
+        if (n > 32) {
+            position_ += n - 32U;
+            n = 32;
+        }
+        if (n == 0) {
+            return Result{0};
+        }
+        const std::uint64_t value = window() >> (word_bits - n);
+        position_ += n;
+        return static_cast<Result>(value);
+    }
+
+    // ue(v) and se(v), clause 9.2.
+    [[nodiscard, gnu::always_inline]] unsigned int ue() {
+        constexpr unsigned int most_zeros = (window_bits - 1) / 2;
+        const std::uint64_t bits = window();
+        if (bits >> (word_bits - 1 - most_zeros) == 0) {
+            return long_ue();
+        }
+        const auto zeros = static_cast<unsigned int>(__builtin_clzll(bits));
+        position_ += 2 * zeros + 1;
+        return static_cast<unsigned int>(bits >> (word_bits - 1 - 2 * zeros)) - 1;
+    }
     [[nodiscard, gnu::always_inline]] int se() { return signed_value(ue()); }
 
-    // The bits of the data that are not consumed yet; negative past the end. Positions there are
-    // addresses only, and must not be subtracted as pointers.
-    [[nodiscard]] std::ptrdiff_t bits_left() const {
-        return 8 * (static_cast<std::ptrdiff_t>(address(end)) -
-                    static_cast<std::ptrdiff_t>(address(current))) +
-               (word_bits - vacant);
+    void skip(unsigned int n) { position_ += n; }
+    void align() { position_ += bits_to_byte_boundary(); }
+    [[nodiscard]] unsigned char bits_to_byte_boundary() const {
+        return static_cast<unsigned char>((0 - position_) & 7U);
+    }
+
+    // rbsp_trailing_bits(), clause 7.3.2.11: false when they are malformed; consumed even then.
+    [[nodiscard]] bool rbsp_trailing_bits() {
+        const bool stop_bit = get<unsigned int>(1) != 0;
+        return get<unsigned int>(bits_to_byte_boundary()) == 0 && stop_bit;
+    }
+
+    [[nodiscard]] std::size_t bit_position() const { return static_cast<std::size_t>(position_); }
+
+    // The bits of the data that are not consumed yet; negative past the end.
+    [[nodiscard]] std::int64_t bits_left() const {
+        return static_cast<std::int64_t>(std::uint64_t{8} * size_ - position_);
     }
 
     // The bits before the last 1 bit of the data, which begins the trailing bits of an RBSP;
     // negative behind it, and where there is none.
-    [[nodiscard]] std::ptrdiff_t bits_to_stop_bit() const {
-        const unsigned char* last = end;
-        std::ptrdiff_t behind = 0;
-        while (last != start && last[-1] == 0) {
+    [[nodiscard]] std::int64_t bits_to_stop_bit() const {
+        std::size_t last = size_;
+        while (last != 0 && start_[last - 1] == 0) {
             --last;
-            behind += 8;
         }
-        if (last == start) {
+        if (last == 0) {
             return -1;
         }
-        behind += __builtin_ctz(last[-1]) + 1;
-        return bits_left() - behind;
+        const auto behind = static_cast<unsigned int>(__builtin_ctz(start_[last - 1])) + 1;
+        return static_cast<std::int64_t>(std::uint64_t{8} * last - behind - position_);
     }
+
+private:
+    static constexpr std::size_t word_bytes = 8;
+    static constexpr unsigned int word_bits = 64;
+    static constexpr unsigned int window_bits = word_bits - 7;
+
+    [[nodiscard, gnu::always_inline]] unsigned int flag() {
+        const std::uint64_t at = position_ / 8;
+        const unsigned int byte = at < size_ ? start_[at] : 0;
+        const unsigned int value = byte >> (7 - position_ % 8) & 1U;
+        ++position_;
+        return value;
+    }
+
+    // The bits from the position on, left aligned; the 57 first of them are the stream's.
+    [[nodiscard, gnu::always_inline]] std::uint64_t window() const {
+        const std::uint64_t at = position_ / 8;
+        std::uint64_t word = 0;
+        if (at < last_word_at_) {
+            word = word_at(static_cast<std::size_t>(at));
+        } else if (at - last_word_at_ < word_bytes) {
+            word = last_word_ << (8 * (at - last_word_at_));
+        }
+        return word << (position_ % 8);
+    }
+
+    // Written out so that compilers make one load of it.
+    [[nodiscard, gnu::always_inline]] std::uint64_t word_at(std::size_t at) const {
+        const unsigned char* const byte = start_ + at;
+        return std::uint64_t{byte[0]} << 56U | std::uint64_t{byte[1]} << 48U |
+               std::uint64_t{byte[2]} << 40U | std::uint64_t{byte[3]} << 32U |
+               std::uint64_t{byte[4]} << 24U | std::uint64_t{byte[5]} << 16U |
+               std::uint64_t{byte[6]} << 8U | std::uint64_t{byte[7]};
+    }
+
+    [[gnu::noinline]] unsigned int long_ue() {
+        h2645_common_bitreader reader = bitreader();
+        const unsigned int value = reader.ue();
+        position_ = reader.bit_position();
+        return value;
+    }
+
+    const unsigned char* start_;
+    std::size_t size_;
+    std::uint64_t position_;
+    std::size_t last_word_at_;     // where the last whole word begins, or 0
+    std::uint64_t last_word_ = 0;  // that word, or all bytes and zeros behind them
 };
 
 }  // namespace kovran

@@ -31,7 +31,7 @@ public:
     explicit reading(h2645_common_bitreader& source) : reader(source), source_(source) {}
     reading(const reading&) = delete;
     reading& operator=(const reading&) = delete;
-    ~reading() { source_ = reader; }
+    ~reading() { source_ = reader.bitreader(); }
 
     // Back to where the walk began.
     void go_back() { reader = inlined_bitreader(source_); }
@@ -68,9 +68,11 @@ public:
 
     // All extension data flags: whatever stands before the trailing bits.
     void extension_data(const char* /*name*/) {
-        while (more_rbsp_data()) {
-            reader.skip(1);
+        h2645_common_bitreader ahead = reader.bitreader();
+        while (h2645_common_more_rbsp_data(ahead)) {
+            ahead.skip(1);
         }
+        reader = inlined_bitreader(ahead);
     }
     // The same, bit by bit into a field; false when there is no memory.
     template <class Flags>
@@ -102,8 +104,11 @@ public:
     void unknown_extension() {}
 
     void align() { reader.align(); }
-    [[nodiscard]] bool more_rbsp_data() { return h2645_common_more_rbsp_data(reader); }
-    [[nodiscard]] bool rbsp_trailing_bits() { return h2645_common_skip_rbsp_trailing_bits(reader); }
+    [[nodiscard]] bool more_rbsp_data() {
+        h2645_common_bitreader ahead = reader.bitreader();
+        return h2645_common_more_rbsp_data(ahead);
+    }
+    [[nodiscard]] bool rbsp_trailing_bits() { return reader.rbsp_trailing_bits(); }
 
     // A structure inside this one: `walk_fields` walks the record that it is given.
     template <class Structure, class WalkFields>
@@ -207,13 +212,13 @@ protected:
 
     // Whether what was read ends in the data, and leaves so many bits.
     [[nodiscard]] bool holds(std::uint64_t entries, unsigned int fewest_bits) const {
-        const std::ptrdiff_t left = reader.bits_left();
+        const std::int64_t left = reader.bits_left();
         return left >= 0 && entries * fewest_bits <= static_cast<std::uint64_t>(left);
     }
 
     // The bits up to the last 1 bit of the data, which begins the trailing bits.
     [[nodiscard]] std::size_t payload_bits_left() const {
-        const std::ptrdiff_t left = reader.bits_to_stop_bit();
+        const std::int64_t left = reader.bits_to_stop_bit();
         return left > 0 ? static_cast<std::size_t>(left) : 0;
     }
     [[nodiscard]] bool payload_holds_all() const { return reader.bits_to_stop_bit() >= 0; }

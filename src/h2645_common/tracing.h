@@ -197,8 +197,8 @@ public:
         if (Rules::data_may_end || holds) {
             return true;
         }
-        const std::ptrdiff_t left = this->reader.bits_left();
-        const auto held = left < 0 ? 0 : static_cast<std::int64_t>(left) / fewest_bits;
+        const std::int64_t left = this->reader.bits_left();
+        const std::int64_t held = left < 0 ? 0 : left / fewest_bits;
         refuse(announced_by, static_cast<std::int64_t>(announced_by.field) -
                                  (static_cast<std::int64_t>(entries) - held));
         return false;
@@ -421,7 +421,7 @@ private:
         std::int64_t value = 0;
         for (unsigned int left = width; left != 0;) {
             const auto part = static_cast<unsigned char>(left < 32 ? left : 32);
-            value = value << part | this->reader.get_wide(part);
+            value = value << part | this->reader.template get<unsigned int>(part);
             left -= part;
         }
         tell(name, indices, "u(n)", width, value, any_value);
