@@ -66,7 +66,9 @@ public:
         constexpr unsigned int most_zeros = (window_bits - 1) / 2;
         const std::uint64_t bits = window();
         if (bits >> (word_bits - 1 - most_zeros) == 0) {
-            return long_ue();
+            const long_code code = read_long_code(*this);
+            position_ = code.end;
+            return code.value;
         }
         const auto zeros = static_cast<unsigned int>(__builtin_clzll(bits));
         position_ += 2 * zeros + 1;
@@ -141,11 +143,15 @@ private:
                std::uint64_t{byte[6]} << 8U | std::uint64_t{byte[7]};
     }
 
-    [[gnu::noinline]] unsigned int long_ue() {
-        h2645_common_bitreader reader = bitreader();
+    struct long_code {
+        unsigned int value;
+        std::uint64_t end;
+    };
+    // Takes a copy: a reader whose address nobody takes can stay in registers.
+    [[gnu::noinline]] static long_code read_long_code(inlined_bitreader at) {
+        h2645_common_bitreader reader = at.bitreader();
         const unsigned int value = reader.ue();
-        position_ = reader.bit_position();
-        return value;
+        return {value, reader.bit_position()};
     }
 
     const unsigned char* start_;

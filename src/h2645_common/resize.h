@@ -4,8 +4,27 @@
 #include <cstddef>
 #include <new>
 #include <stdexcept>
+#include <vector>
 
 namespace kovran {
+
+template <class Array>
+void resize(Array& array, std::size_t count) {
+    array.resize(count);
+}
+
+// A vector of flags takes as long to insert the first entry as to push several.
+inline void resize(std::vector<bool>& flags, std::size_t count) {
+    constexpr std::size_t few = 8;
+    const std::size_t size = flags.size();
+    if (count <= size || count - size > few || count > flags.capacity()) {
+        flags.resize(count);
+        return;
+    }
+    for (std::size_t i = size; i < count; ++i) {
+        flags.push_back(false);
+    }
+}
 
 // Both give every array `count` entries, in the order of the arguments: entries that are there
 // stay, new ones are zero, those too many go.
@@ -15,7 +34,7 @@ namespace kovran {
 template <class... Arrays>
 [[nodiscard]] bool try_resize(std::size_t count, Arrays&... arrays) {
     try {
-        (arrays.resize(count), ...);
+        (resize(arrays, count), ...);
         return true;
     } catch (const std::bad_alloc&) {
         return false;
@@ -36,7 +55,7 @@ void resize_or_throw(std::size_t count, Arrays&... arrays) {
     if (count > largest_unbounded_array) {
         throw std::bad_alloc();
     }
-    (arrays.resize(count), ...);
+    (resize(arrays, count), ...);
 }
 
 }  // namespace kovran

@@ -32,11 +32,11 @@ template <class Slice>
 // The weights of one list, clause 7.3.6.3. `has_flags` tells of an entry whether its flags are
 // coded.
 template <class Walker, class HasFlags, class Flags, class Values, class PairsOfValues>
-void list_weights(Walker& walk, unsigned int last_entry, const HasFlags& has_flags,
-                  const weight_ranges& ranges, element<Flags&> luma_flag,
-                  element<Flags&> chroma_flag, element<Values&> luma_weight,
-                  element<Values&> luma_offset, element<PairsOfValues&> chroma_weight,
-                  element<PairsOfValues&> chroma_offset) {
+[[gnu::always_inline]] inline void list_weights(
+    Walker& walk, unsigned int last_entry, const HasFlags& has_flags, const weight_ranges& ranges,
+    element<Flags&> luma_flag, element<Flags&> chroma_flag, element<Values&> luma_weight,
+    element<Values&> luma_offset, element<PairsOfValues&> chroma_weight,
+    element<PairsOfValues&> chroma_offset) {
     for (unsigned int i = 0; i <= last_entry; ++i) {
         if (has_flags(i)) {
             walk.u(1, luma_flag[i]);
@@ -65,8 +65,9 @@ void list_weights(Walker& walk, unsigned int last_entry, const HasFlags& has_fla
 
 // pred_weight_table(), clause 7.3.6.3. The numbers of entries have been compared with their bound.
 template <class Walker, class Table, class Slice, class Pps, class Sps>
-[[nodiscard]] bool pred_weight_table(Walker& walk, Table& table, const Slice& slice, const Pps& pps,
-                                     const Sps& sps) {
+[[nodiscard, gnu::always_inline]] inline bool pred_weight_table(Walker& walk, Table& table,
+                                                                const Slice& slice, const Pps& pps,
+                                                                const Sps& sps) {
     const weight_ranges ranges = weight_ranges_of(sps);
     walk.ue(ELEMENT(table, luma_log2_weight_denom), up_to(7));
     if (ranges.has_chroma) {

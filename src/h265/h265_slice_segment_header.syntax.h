@@ -218,7 +218,8 @@ template <class Walker, class Slice, class Pps, class Sps>
 
 // Quantization and loop filters, clause 7.3.6.1.
 template <class Walker, class Slice, class Pps, class Sps>
-void slice_quantization_and_filters(Walker& walk, Slice& slice, const Pps& pps, const Sps& sps) {
+[[gnu::always_inline]] inline void slice_quantization_and_filters(Walker& walk, Slice& slice,
+                                                                  const Pps& pps, const Sps& sps) {
     walk.se(ELEMENT(slice, slice_qp_delta), slice_qp_delta_range(pps, sps));
     if (pps.pps_slice_chroma_qp_offsets_present_flag) {
         walk.se(ELEMENT(slice, slice_cb_qp_offset), slice_offset_range(pps.pps_cb_qp_offset, 0));

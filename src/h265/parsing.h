@@ -29,6 +29,17 @@ template <class Describe>
     return walk.end(describe(walk));
 }
 
+template <class Record, class Walk, class Describe>
+[[nodiscard, gnu::noinline, gnu::cold]] bool walk_once_more(Record& record, Walk& walk,
+                                                            const Describe& describe) {
+    record = Record{};
+    if (walk.ran_out_of_memory()) {
+        return false;
+    }
+    walk.go_back();
+    return describe(walk);
+}
+
 // Into a record that starts afresh and keeps the memory of its arrays. A walk that fails has not
 // come to all of them: the record then gives up what it had, and is read once more, up to the
 // fault; where memory has run out, it stays empty.
@@ -44,12 +55,7 @@ template <class Record, class Walk, class Describe>
         record = Record{};
         throw;
     }
-    record = Record{};
-    if (walk.ran_out_of_memory()) {
-        return false;
-    }
-    walk.go_back();
-    return describe(walk);
+    return walk_once_more(record, walk, describe);
 }
 
 template <class Record, class Describe>
