@@ -53,7 +53,7 @@ struct weight_ranges {
     value_range delta_chroma_offset;
 };
 
-// WpOffsetHalfRangeY or WpOffsetHalfRangeC, equations 7-31 and 7-33.
+// WpOffsetHalfRangeY or WpOffsetHalfRangeC, clause 7.4.3.2.2.
 [[nodiscard]] inline std::int64_t wp_offset_half_range(bool high_precision,
                                                        unsigned int bit_depth_minus8) {
     constexpr unsigned int deepest_minus8 = 8;
