@@ -17,6 +17,7 @@
 #include "support/bit_writer.h"
 #include "support/full_values.h"
 #include "support/rbsp.h"
+#include "support/slice_stores.h"
 
 namespace kovran {
 namespace {
@@ -227,6 +228,25 @@ TEST(DataEnd, OfASliceSegmentHeaderIsTold) {
         [&](auto& reader, auto& trace, auto& fault) {
             return h265_slice_segment_header().parse_standard(reader, pps_store, sps_store,
                                                               vps_store, TRAIL_R, trace, &fault);
+        });
+}
+
+TEST(DataEnd, OfADependentSliceSegmentIsTold) {
+    test::slice_stores stream;
+    stream.sps().pic_height_in_luma_samples = 256;
+    stream.pps().dependent_slice_segments_enabled_flag = true;
+    stream.pps().entropy_coding_sync_enabled_flag = true;
+    stream.pps().slice_segment_header_extension_present_flag = true;
+    test::bit_writer bits = test::bit_writer().u<1>(0).ue(0).u<1>(1).u<2>(3);
+    bits.ue(2).ue(31).u<32>(0x01234567).u<32>(0x89ABCDEF).ue(3).u<24>(0xABCDEF);
+    expect_every_end_is_told(
+        bits.trailing_bits(),
+        {{"num_entry_point_offsets", "offset_len_minus1", 0, 32},
+         {"slice_segment_header_extension_length", "slice_segment_header_extension_length", 0, 8}},
+        [&](auto& reader, auto& trace, auto& fault) {
+            return h265_slice_segment_header().parse_standard(reader, stream.pps_store,
+                                                              stream.sps_store, stream.vps_store,
+                                                              TRAIL_R, trace, &fault);
         });
 }
 
