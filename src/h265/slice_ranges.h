@@ -48,7 +48,7 @@ template <class Pps, class Sps>
 
 // Of prediction weights, clause 7.4.7.3.
 struct weight_ranges {
-    bool has_chroma;
+    bool has_chroma = false;
     value_range luma_offset;
     value_range delta_chroma_offset;
 };

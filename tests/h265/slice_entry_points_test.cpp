@@ -207,7 +207,8 @@ TEST(SliceEntryPoints, AreNoMoreThanTheDataHold) {
             bits.u<1>(0);
         }
         const test::bit_writer codes = i_slice().ue(entries).ue(7);
-        const auto left = static_cast<std::int64_t>(64 * 8 + bits.size() - codes.size());
+        const auto left =
+            static_cast<std::int64_t>(std::size_t{64} * 8 + bits.size() - codes.size());
         const h265_fault fault = stream.refused(bits, 64);
         expect_value(fault, "num_entry_point_offsets", entries, left / 8);
     }

@@ -634,10 +634,11 @@ range_table weight_ranges_of_list(const std::string& list_name, std::int64_t sli
                 [](auto& slice, auto value) { slice.weights.delta_luma_weight = value; });
     list.within("luma_offset_" + list_name + "[0]", -128, 127,
                 [](auto& slice, auto value) { slice.weights.luma_offset = value; });
-    for (const std::string component : {"[0][0]", "[0][1]"}) {
-        list.within("delta_chroma_weight_" + list_name + component, -128, 127,
+    for (const char* const entry : {"[0][0]", "[0][1]"}) {
+        const std::string component = list_name + entry;
+        list.within("delta_chroma_weight_" + component, -128, 127,
                     [](auto& slice, auto value) { slice.weights.delta_chroma_weight = value; });
-        list.within("delta_chroma_offset_" + list_name + component, -512, 511,
+        list.within("delta_chroma_offset_" + component, -512, 511,
                     [](auto& slice, auto value) { slice.weights.delta_chroma_offset = value; });
     }
     return {"pred_weight_table", parameter_sets_of(base), TRAIL_R, list.cases()};
