@@ -42,7 +42,7 @@ struct h265_pred_weight_table {
     [[nodiscard]] KOVRAN_API std::int64_t ChromaWeightL1(std::size_t entry,
                                                          std::size_t component) const;
 
-    // `wpOffsetHalfRangeC` is that of the SPS.
+    // `wpOffsetHalfRangeC` is h265_wp_offset_half_range_chroma() of the SPS.
     [[nodiscard]] KOVRAN_API int ChromaOffsetL0(std::size_t entry, std::size_t component,
                                                 int wpOffsetHalfRangeC) const;
     [[nodiscard]] KOVRAN_API int ChromaOffsetL1(std::size_t entry, std::size_t component,
