@@ -30,8 +30,7 @@ int chroma_offset(std::int64_t log2_denom, int delta_weight, int delta_offset,
                   int wpOffsetHalfRangeC) {
     const std::int64_t half = wpOffsetHalfRangeC;
     const std::int64_t scaled = (half * weight(log2_denom, delta_weight)) >> log2_denom;
-    return static_cast<int>(
-        std::clamp<std::int64_t>(half + delta_offset - scaled, -half, half - 1));
+    return static_cast<int>(std::max(-half, std::min(half - 1, half + delta_offset - scaled)));
 }
 
 }  // namespace

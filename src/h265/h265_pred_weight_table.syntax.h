@@ -30,22 +30,26 @@ template <class Slice>
 }
 
 // The weights of one list, clause 7.3.6.3. `has_flags` tells of an entry whether its flags are
-// coded.
+// coded; `weights_left` counts down what the slice may have.
 template <class Walker, class HasFlags, class Flags, class Values, class PairsOfValues>
 [[gnu::always_inline]] inline void list_weights(
     Walker& walk, unsigned int last_entry, const HasFlags& has_flags, const weight_ranges& ranges,
-    element<Flags&> luma_flag, element<Flags&> chroma_flag, element<Values&> luma_weight,
-    element<Values&> luma_offset, element<PairsOfValues&> chroma_weight,
-    element<PairsOfValues&> chroma_offset) {
+    int& weights_left, element<Flags&> luma_flag, element<Flags&> chroma_flag,
+    element<Values&> luma_weight, element<Values&> luma_offset,
+    element<PairsOfValues&> chroma_weight, element<PairsOfValues&> chroma_offset) {
+    const auto weight_flag = [&walk, &weights_left](auto flag, int weights) {
+        walk.u(1, flag, up_to(weights <= weights_left ? 1 : 0));
+        weights_left -= flag.field ? weights : 0;
+    };
     for (unsigned int i = 0; i <= last_entry; ++i) {
         if (has_flags(i)) {
-            walk.u(1, luma_flag[i]);
+            weight_flag(luma_flag[i], 1);
         }
     }
     if (ranges.has_chroma) {
         for (unsigned int i = 0; i <= last_entry; ++i) {
             if (has_flags(i)) {
-                walk.u(1, chroma_flag[i]);
+                weight_flag(chroma_flag[i], 2);
             }
         }
     }
@@ -65,9 +69,9 @@ template <class Walker, class HasFlags, class Flags, class Values, class PairsOf
 
 // pred_weight_table(), clause 7.3.6.3. The numbers of entries have been compared with their bound.
 template <class Walker, class Table, class Slice, class Pps, class Sps>
-[[nodiscard, gnu::always_inline]] inline bool pred_weight_table(Walker& walk, Table& table,
-                                                                const Slice& slice, const Pps& pps,
-                                                                const Sps& sps) {
+[[gnu::always_inline]] inline void pred_weight_table(Walker& walk, Table& table, const Slice& slice,
+                                                     const Pps& pps, const Sps& sps) {
+    walk.set(table.present);
     const weight_ranges ranges = weight_ranges_of(sps);
     walk.ue(ELEMENT(table, luma_log2_weight_denom), up_to(7));
     if (ranges.has_chroma) {
@@ -76,23 +80,24 @@ template <class Walker, class Table, class Slice, class Pps, class Sps>
                         7 - std::int64_t{table.luma_log2_weight_denom}));
     }
     const bool may_be_current = pps.pps_scc_extension.pps_curr_pic_ref_enabled_flag;
-    const auto has_flags = [&](bool is_list_1) {
+    const auto has_flags = [&slice, may_be_current](bool is_list_1) {
         return [&slice, may_be_current, is_list_1](unsigned int entry) {
             return !may_be_current || !is_current_picture(slice, is_list_1, entry);
         };
     };
+    int weights_left = 24;  // of both lists together, clause 7.4.7.3
     list_weights(walk, slice.num_ref_idx_l0_active_minus1, has_flags(/*is_list_1=*/false), ranges,
-                 ELEMENT(table, luma_weight_l0_flag), ELEMENT(table, chroma_weight_l0_flag),
-                 ELEMENT(table, delta_luma_weight_l0), ELEMENT(table, luma_offset_l0),
-                 ELEMENT(table, delta_chroma_weight_l0), ELEMENT(table, delta_chroma_offset_l0));
+                 weights_left, ELEMENT(table, luma_weight_l0_flag),
+                 ELEMENT(table, chroma_weight_l0_flag), ELEMENT(table, delta_luma_weight_l0),
+                 ELEMENT(table, luma_offset_l0), ELEMENT(table, delta_chroma_weight_l0),
+                 ELEMENT(table, delta_chroma_offset_l0));
     if (slice.slice_type == slice_type_b) {
         list_weights(walk, slice.num_ref_idx_l1_active_minus1, has_flags(/*is_list_1=*/true),
-                     ranges, ELEMENT(table, luma_weight_l1_flag),
+                     ranges, weights_left, ELEMENT(table, luma_weight_l1_flag),
                      ELEMENT(table, chroma_weight_l1_flag), ELEMENT(table, delta_luma_weight_l1),
                      ELEMENT(table, luma_offset_l1), ELEMENT(table, delta_chroma_weight_l1),
                      ELEMENT(table, delta_chroma_offset_l1));
     }
-    return walk.finish(table.valid);
 }
 
 }  // namespace kovran

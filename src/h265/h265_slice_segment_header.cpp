@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <utility>
 
 namespace kovran {
 namespace {
@@ -63,20 +62,31 @@ bool h265_slice_segment_header::parse_standard(h2645_common_bitreader& reader,
 }
 
 void h265_slice_segment_header::take_over(const h265_slice_segment_header& independent) {
-    const h265_slice_segment_header segment = std::move(*this);
-    *this = independent;
-    first_slice_segment_in_pic_flag = segment.first_slice_segment_in_pic_flag;
-    no_output_of_prior_pics_flag = segment.no_output_of_prior_pics_flag;
-    slice_pic_parameter_set_id = segment.slice_pic_parameter_set_id;
-    dependent_slice_segment_flag = segment.dependent_slice_segment_flag;
-    slice_segment_address = segment.slice_segment_address;
-    num_entry_point_offsets = segment.num_entry_point_offsets;
-    offset_len_minus1 = segment.offset_len_minus1;
-    entry_point_offset_minus1 = segment.entry_point_offset_minus1;
-    slice_segment_header_extension_length = segment.slice_segment_header_extension_length;
-    slice_segment_header_extension_data_byte = segment.slice_segment_header_extension_data_byte;
-    slice_data_begin = segment.slice_data_begin;
-    valid = segment.valid;
+    using header = h265_slice_segment_header;
+    const auto take = [&](auto... fields) { ((this->*fields = independent.*fields), ...); };
+    const bool was_valid = valid;
+    valid = false;  // should an array find no memory
+    take(&header::slice_type, &header::pic_output_flag, &header::colour_plane_id);
+    take(&header::slice_pic_order_cnt_lsb, &header::short_term_ref_pic_set_sps_flag,
+         &header::st_ref_pic_set, &header::short_term_ref_pic_set_idx);
+    take(&header::num_long_term_sps, &header::num_long_term_pics, &header::lt_idx_sps,
+         &header::poc_lsb_lt, &header::used_by_curr_pic_lt_flag,
+         &header::delta_poc_msb_present_flag, &header::delta_poc_msb_cycle_lt);
+    take(&header::slice_temporal_mvp_enabled_flag, &header::slice_sao_luma_flag,
+         &header::slice_sao_chroma_flag);
+    take(&header::num_ref_idx_active_override_flag, &header::num_ref_idx_l0_active_minus1,
+         &header::num_ref_idx_l1_active_minus1, &header::ref_pic_lists_modification,
+         &header::NumPicTotalCurr, &header::CurrRpsIdx);
+    take(&header::mvd_l1_zero_flag, &header::cabac_init_flag, &header::collocated_from_l0_flag,
+         &header::collocated_ref_idx, &header::pred_weight_table,
+         &header::five_minus_max_num_merge_cand, &header::use_integer_mv_flag);
+    take(&header::slice_qp_delta, &header::slice_cb_qp_offset, &header::slice_cr_qp_offset,
+         &header::slice_act_y_qp_offset, &header::slice_act_cb_qp_offset,
+         &header::slice_act_cr_qp_offset, &header::cu_chroma_qp_offset_enabled_flag);
+    take(&header::deblocking_filter_override_flag, &header::slice_deblocking_filter_disabled_flag,
+         &header::slice_beta_offset_div2, &header::slice_tc_offset_div2,
+         &header::slice_loop_filter_across_slices_enabled_flag);
+    valid = was_valid;
 }
 
 std::int64_t h265_slice_segment_header::SliceQpY(const h265_nal_pps& pps) const {

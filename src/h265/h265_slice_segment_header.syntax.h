@@ -178,8 +178,7 @@ template <class Walker, class Slice, class Pps, class Sps>
 
 // The rest of what P and B slices have of their own, clause 7.3.6.1.
 template <class Walker, class Slice, class Pps, class Sps>
-[[nodiscard]] bool slice_inter_prediction(Walker& walk, Slice& slice, const Pps& pps,
-                                          const Sps& sps) {
+void slice_inter_prediction(Walker& walk, Slice& slice, const Pps& pps, const Sps& sps) {
     const bool is_b = slice.slice_type == slice_type_b;
     if (is_b) {
         walk.u(1, ELEMENT(slice, mvd_l1_zero_flag));
@@ -199,11 +198,10 @@ template <class Walker, class Slice, class Pps, class Sps>
         }
     }
     if (is_b ? pps.weighted_bipred_flag : pps.weighted_pred_flag) {
-        if (!walk.structure(ELEMENT(slice, pred_weight_table), [&](auto& table) {
-                return pred_weight_table(walk, table, slice, pps, sps);
-            })) {
-            return false;
-        }
+        static_cast<void>(walk.structure(ELEMENT(slice, pred_weight_table), [&](auto& table) {
+            pred_weight_table(walk, table, slice, pps, sps);
+            return true;
+        }));
     }
     walk.ue(ELEMENT(slice, five_minus_max_num_merge_cand), up_to(4));
     constexpr unsigned int by_slice = 2;
@@ -213,7 +211,6 @@ template <class Walker, class Slice, class Pps, class Sps>
     } else {
         walk.assign(slice.use_integer_mv_flag, resolution != 0);
     }
-    return true;
 }
 
 // Quantization and loop filters, clause 7.3.6.1.
@@ -299,9 +296,11 @@ template <class Walker, class Slice, class Pps, class Sps>
             walk.u(8, ELEMENT(slice, slice_segment_header_extension_data_byte)[i]);
         }
     }
-    const bool read = walk.finish_aligned(slice.valid);
+    if (!walk.finish_aligned(slice.valid)) {
+        return false;
+    }
     walk.assign(slice.slice_data_begin, walk.byte_position());
-    return read;
+    return true;
 }
 
 // slice_segment_header(), clause 7.3.6.1.
@@ -391,8 +390,8 @@ template <class Walker, class Slice, class PpsStore, class SpsStore, class VpsSt
         return walk.finish(slice.valid);
     }
     walk.set(slice.collocated_from_l0_flag);
-    if (is_inter && !slice_inter_prediction(walk, slice, *pps, *sps)) {
-        return false;
+    if (is_inter) {
+        slice_inter_prediction(walk, slice, *pps, *sps);
     }
     slice_quantization_and_filters(walk, slice, *pps, *sps);
     return slice_segment_end(walk, slice, *pps, *sps);

@@ -48,12 +48,12 @@ template <class Pps, class Sps>
 
 // Of prediction weights, clause 7.4.7.3.
 struct weight_ranges {
-    bool has_chroma;
+    bool has_chroma = false;
     value_range luma_offset;
     value_range delta_chroma_offset;
 };
 
-// WpOffsetHalfRangeY or WpOffsetHalfRangeC, equations 7-31 and 7-33.
+// WpOffsetHalfRangeY or WpOffsetHalfRangeC, clause 7.4.3.2.2.
 [[nodiscard]] inline std::int64_t wp_offset_half_range(bool high_precision,
                                                        unsigned int bit_depth_minus8) {
     constexpr unsigned int deepest_minus8 = 8;

@@ -407,13 +407,13 @@ inline void start_afresh(h265_pred_weight_table& record) {
     auto& [luma_log2_weight_denom, delta_chroma_log2_weight_denom, luma_weight_l0_flag,
            chroma_weight_l0_flag, delta_luma_weight_l0, luma_offset_l0, delta_chroma_weight_l0,
            delta_chroma_offset_l0, luma_weight_l1_flag, chroma_weight_l1_flag, delta_luma_weight_l1,
-           luma_offset_l1, delta_chroma_weight_l1, delta_chroma_offset_l1, valid] = record;
-    if (valid) {
+           luma_offset_l1, delta_chroma_weight_l1, delta_chroma_offset_l1, present] = record;
+    if (present) {
         start_all_afresh(luma_log2_weight_denom, delta_chroma_log2_weight_denom,
                          luma_weight_l0_flag, chroma_weight_l0_flag, delta_luma_weight_l0,
                          luma_offset_l0, delta_chroma_weight_l0, delta_chroma_offset_l0,
                          luma_weight_l1_flag, chroma_weight_l1_flag, delta_luma_weight_l1,
-                         luma_offset_l1, delta_chroma_weight_l1, delta_chroma_offset_l1, valid);
+                         luma_offset_l1, delta_chroma_weight_l1, delta_chroma_offset_l1, present);
     }
 }
 

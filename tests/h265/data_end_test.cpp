@@ -17,6 +17,7 @@
 #include "support/bit_writer.h"
 #include "support/full_values.h"
 #include "support/rbsp.h"
+#include "support/slice_stores.h"
 
 namespace kovran {
 namespace {
@@ -109,7 +110,8 @@ std::string place_of(const h265_fault& fault) {
     return place + to_string(fault.element);
 }
 
-// Up to the trailing bits. parse(reader, trace, fault) reads a fresh record.
+// Up to the trailing bits, or the first bit of byte_alignment(). parse(reader, trace, fault) reads
+// a fresh record.
 template <class Parse>
 void expect_every_end_is_told(const test::bit_writer& whole,
                               const std::vector<announcement>& announcements, Parse parse) {
@@ -121,7 +123,8 @@ void expect_every_end_is_told(const test::bit_writer& whole,
     std::size_t end = 0;
     for (const h265_traced_element& element : trace.elements) {
         if (base_name(element) != "rbsp_stop_one_bit" &&
-            base_name(element) != "rbsp_alignment_zero_bit") {
+            base_name(element) != "rbsp_alignment_zero_bit" &&
+            base_name(element) != "alignment_bit_equal_to_zero") {
             end = end_of(element);
         }
     }
@@ -219,9 +222,31 @@ TEST(DataEnd, OfASliceSegmentHeaderIsTold) {
     test::rbsp pps_input{test::bits_of(values.pps).bytes()};
     ASSERT_TRUE(pps_store[0].parse_standard(pps_input.reader, sps_store));
     expect_every_end_is_told(
-        test::bits_of(values), {}, [&](auto& reader, auto& trace, auto& fault) {
+        test::bits_of(values),
+        {{"num_entry_point_offsets", "offset_len_minus1", 0, 11},
+         {"slice_segment_header_extension_length", "slice_segment_header_extension_length", 0, 8}},
+        [&](auto& reader, auto& trace, auto& fault) {
             return h265_slice_segment_header().parse_standard(reader, pps_store, sps_store,
                                                               vps_store, TRAIL_R, trace, &fault);
+        });
+}
+
+TEST(DataEnd, OfADependentSliceSegmentIsTold) {
+    test::slice_stores stream;
+    stream.sps().pic_height_in_luma_samples = 256;
+    stream.pps().dependent_slice_segments_enabled_flag = true;
+    stream.pps().entropy_coding_sync_enabled_flag = true;
+    stream.pps().slice_segment_header_extension_present_flag = true;
+    test::bit_writer bits = test::bit_writer().u<1>(0).ue(0).u<1>(1).u<2>(3);
+    bits.ue(2).ue(31).u<32>(0x01234567).u<32>(0x89ABCDEF).ue(3).u<24>(0xABCDEF);
+    expect_every_end_is_told(
+        bits.trailing_bits(),
+        {{"num_entry_point_offsets", "offset_len_minus1", 0, 32},
+         {"slice_segment_header_extension_length", "slice_segment_header_extension_length", 0, 8}},
+        [&](auto& reader, auto& trace, auto& fault) {
+            return h265_slice_segment_header().parse_standard(reader, stream.pps_store,
+                                                              stream.sps_store, stream.vps_store,
+                                                              TRAIL_R, trace, &fault);
         });
 }
 

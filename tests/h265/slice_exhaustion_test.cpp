@@ -94,12 +94,34 @@ struct slice_syntax {
 };
 
 // The same slice by the standard's rules, where one bit chooses between two sets, and between the
-// two pictures that this slice refers to.
+// two pictures that this slice refers to, and where the header goes on.
 test::bit_writer slice_read_by_the_standard() {
     slice_syntax syntax;
     syntax.short_term_set = test::bit_writer().u<1>(1).u<1>(1);
     syntax.lists = test::bit_writer().u<1>(1).u<1>(1).u<1>(0).u<1>(1).u<1>(1).u<1>(0).u<1>(1);
-    return syntax.bits();
+    test::bit_writer bits = syntax.bits();
+    bits.u<1>(0).u<1>(1).ue(0);                                 // the collocated picture
+    bits.ue(3).se(-1);                                          // weights, of luma and then chroma
+    bits.u<2>(2).u<2>(1).se(5).se(-3).se(1).se(2).se(3).se(4);  // in list 0
+    bits.u<3>(1).u<3>(0).se(6).se(-2);                          // in list 1
+    bits.ue(0).se(0);  // five_minus_max_num_merge_cand, slice_qp_delta
+    bits.ue(2).ue(6).u<7>(1).u<7>(2);
+    return bits.ue(3).u<24>(0xABCDEF).trailing_bits();
+}
+
+bool parse_slice_by_the_standard(h265_slice_segment_header& slice, h2645_common_bitreader& reader) {
+    static host stream = [] {
+        host going_on;
+        going_on.sps_store.at(5).lt_ref_pic_poc_lsb_sps = {1, 2, 3};
+        h265_nal_pps& pps = going_on.pps_store.at(2);
+        pps.weighted_pred_flag = true;
+        pps.weighted_bipred_flag = true;
+        pps.entropy_coding_sync_enabled_flag = true;
+        pps.slice_segment_header_extension_present_flag = true;
+        return going_on;
+    }();
+    return slice.parse_standard(reader, stream.pps_store, stream.sps_store, stream.vps_store,
+                                CRA_NUT);
 }
 
 // short_term_ref_pic_set_sps_flag 0, and a set with one picture before and one after.
@@ -356,14 +378,63 @@ TEST(SliceExhaustion, LeavesValidOfABufferingPeriod) {
 
 TEST(SliceExhaustion, ReachesTheCallerOfASliceReadByTheStandard) {
     expect_ending_at_every_allocation<h265_slice_segment_header>(
-        slice_read_by_the_standard(), ending::exception,
-        [](auto& slice, auto& reader) {
-            static host stream;
-            stream.sps_store.at(5).lt_ref_pic_poc_lsb_sps = {1, 2, 3};
-            return slice.parse_standard(reader, stream.pps_store, stream.sps_store,
-                                        stream.vps_store, CRA_NUT);
-        },
+        slice_read_by_the_standard(), ending::exception, parse_slice_by_the_standard,
         becomes_false);
+}
+
+TEST(SliceExhaustion, FailsInTheSetOfASliceReadByTheStandard) {
+    test::bit_writer bits;
+    bits.u<1>(0).u<1>(1).ue(2).u<6>(59).ue(2).u<4>(11);
+    bits.u<1>(0).u<1>(0).ue(1).ue(1).ue(2).u<1>(1).ue(3).u<1>(0);
+    bits.ue(0).ue(0).u<1>(1).u<1>(1).u<1>(0);
+    bits.se(0).ue(0).ue(0).trailing_bits();
+    expect_ending_at_every_allocation<h265_slice_segment_header>(
+        bits, ending::failure, parse_slice_by_the_standard, becomes_false);
+}
+
+TEST(SliceExhaustion, LeavesAFreshRecordOfASliceReadByTheStandard) {
+    const test::bit_writer bits = slice_read_by_the_standard();
+    std::size_t failures = 0;
+    for (bool exhausted = true; exhausted; failures += exhausted ? 1 : 0) {
+        h265_slice_segment_header slice;
+        slice.slice_qp_delta = 5;
+        slice.entry_point_offset_minus1 = {7};
+        test::rbsp input{bits.bytes()};
+        {
+            const test::allocation_failure failure(failures + 1);
+            ending_of(slice, input.reader, parse_slice_by_the_standard);
+            exhausted = failure.happened();
+        }
+        if (exhausted) {
+            EXPECT_TRUE(test::same_fields(slice, h265_slice_segment_header()));
+        }
+    }
+    // The long-term arrays, two lists, six arrays of weights for each, entry points and extension.
+    EXPECT_EQ(failures, 5U + 2U + 6U + 6U + 1U + 1U);
+}
+
+TEST(SliceExhaustion, LeavesNoValidSliceThatTakesOver) {
+    h265_slice_segment_header independent;
+    test::rbsp input{slice_read_by_the_standard().bytes()};
+    ASSERT_TRUE(parse_slice_by_the_standard(independent, input.reader));
+    std::size_t failures = 0;
+    for (bool exhausted = true; exhausted; failures += exhausted ? 1 : 0) {
+        h265_slice_segment_header segment;
+        segment.valid = true;
+        bool thrown = false;
+        {
+            const test::allocation_failure failure(failures + 1);
+            try {
+                segment.take_over(independent);
+            } catch (const std::bad_alloc&) {
+                thrown = true;
+            }
+            exhausted = failure.happened();
+        }
+        EXPECT_EQ(thrown, exhausted);
+        EXPECT_EQ(segment.valid, !exhausted);
+    }
+    EXPECT_EQ(failures, 5U + 2U + 6U + 6U);  // its entry points and extension are its own
 }
 
 TEST(SliceExhaustion, ClearsValidOfAMessageReadByTheStandard) {
@@ -558,6 +629,11 @@ TEST(SliceReuse, AllocatesNothingForALikeSlice) {
     expect_no_allocation_when_parsed_again<h265_slice_segment_header>(syntax.bits(), parse_slice);
 }
 
+TEST(SliceReuse, AllocatesNothingForALikeSliceReadByTheStandard) {
+    expect_no_allocation_when_parsed_again<h265_slice_segment_header>(slice_read_by_the_standard(),
+                                                                      parse_slice_by_the_standard);
+}
+
 TEST(SliceReuse, AllocatesNothingForALikeMessage) {
     expect_no_allocation_when_parsed_again<h265_nal_sei_active_parameter_sets>(
         active_parameter_sets(), parse_active_parameter_sets);
@@ -601,6 +677,41 @@ TEST(SliceReuse, SurvivesExhaustionInASlice) {
     expect_sound_reuse(content_of<h265_slice_segment_header>(small.bits(), parse_slice),
                        content_of<h265_slice_segment_header>(large.bits(), parse_slice),
                        exhaustion::throws, clears_valid<h265_slice_segment_header>);
+}
+
+// P slices with so many weights and so many bytes of an extension; the smaller one has one entry
+// point, the larger one five.
+test::bit_writer weighted_slice(unsigned int entries) {
+    test::bit_writer bits = test::bit_writer().u<1>(0).u<1>(1).ue(2).u<6>(59).ue(1).u<4>(11);
+    bits.u<1>(1).u<1>(0).ue(0).ue(0).u<1>(0);          // set 0, no long-term pictures
+    bits.u<2>(0).u<1>(1).ue(entries - 1).ue(0).se(0);  // denominators
+    for (unsigned int i = 0; i < entries; ++i) {
+        bits.u<1>(1);
+    }
+    for (unsigned int i = 0; i < entries; ++i) {
+        bits.u<1>(0);
+    }
+    for (unsigned int i = 0; i < entries; ++i) {
+        bits.se(1).se(2);
+    }
+    bits.ue(0).se(0);
+    const unsigned int entry_points = entries == 1 ? 1 : 5;
+    bits.ue(entry_points).ue(2);
+    for (unsigned int i = 0; i < entry_points; ++i) {
+        bits.u<3>(i);
+    }
+    bits.ue(entries);
+    for (unsigned int i = 0; i < entries; ++i) {
+        bits.u<8>(i);
+    }
+    return bits.trailing_bits();
+}
+
+TEST(SliceReuse, SurvivesExhaustionInASliceReadByTheStandard) {
+    expect_sound_reuse(
+        content_of<h265_slice_segment_header>(weighted_slice(1), parse_slice_by_the_standard),
+        content_of<h265_slice_segment_header>(weighted_slice(15), parse_slice_by_the_standard),
+        exhaustion::throws, clears_valid<h265_slice_segment_header>);
 }
 
 TEST(SliceReuse, SurvivesExhaustionInTheSetOfASlice) {

@@ -29,14 +29,37 @@ struct host : test::slice_stores {
         sps().st_ref_pic_set.assign(count, {});
     }
 
-    // Exactly these bits are to be consumed; ones follow.
+    // Exactly these bits are to be consumed before the rest of the header, which is added.
     h265_slice_segment_header parsed(const test::bit_writer& bits,
                                      h265_nal_unit_type type = TRAIL_R) {
         h265_slice_segment_header slice;
-        const outcome result = parse(slice, bits, type);
-        EXPECT_TRUE(result.read);
-        EXPECT_EQ(result.bits, bits.size());
+        expect_whole(slice, bits, type);
         return slice;
+    }
+
+    void expect_whole(h265_slice_segment_header& slice, const test::bit_writer& bits,
+                      h265_nal_unit_type type) {
+        h265_slice_segment_header with_ones;
+        EXPECT_TRUE(parse(with_ones, bits, type).read);
+        const bool is_dependent = with_ones.dependent_slice_segment_flag;
+        const bool is_inter = !is_dependent && with_ones.slice_type != slice_i;
+        test::bit_writer whole = bits;
+        if (is_inter && with_ones.slice_type == slice_b) {
+            whole.u<1>(1);  // mvd_l1_zero_flag
+        }
+        if (is_inter) {
+            whole.ue(3);  // five_minus_max_num_merge_cand
+        }
+        if (!is_dependent) {
+            whole.se(-11);  // slice_qp_delta
+        }
+        whole.trailing_bits();  // byte_alignment() is the same
+        const outcome result = parse(slice, whole, type);
+        EXPECT_TRUE(result.read);
+        EXPECT_EQ(result.bits, whole.size());
+        EXPECT_EQ(slice.slice_data_begin, whole.size() / 8);
+        EXPECT_EQ(slice.five_minus_max_num_merge_cand, is_inter ? 3U : 0U);
+        EXPECT_EQ(slice.slice_qp_delta, is_dependent ? 0 : -11);
     }
 
     bool takes(const test::bit_writer& bits, h265_nal_unit_type type = TRAIL_R) {
@@ -318,14 +341,14 @@ TEST(StandardSlice, IsDependentOnlyWhereTheFlagIsRead) {
     stream.sps().pic_width_in_luma_samples = 192;
     h265_slice_segment_header slice;
     const test::bit_writer dependent = test::bit_writer().u<1>(0).ue(0).u<1>(1).u<2>(2);
-    EXPECT_EQ(stream.parse(slice, dependent, TRAIL_R).bits, dependent.size());
+    stream.expect_whole(slice, dependent, TRAIL_R);
     EXPECT_TRUE(slice.valid);
     EXPECT_TRUE(slice.dependent_slice_segment_flag);
     EXPECT_EQ(slice.slice_segment_address, 2U);
 
     h265_slice_segment_header own = slice;
     const auto first = with_set_of_sps(slice_i);
-    EXPECT_EQ(stream.parse(slice, first, TRAIL_R).bits, first.size());
+    stream.expect_whole(slice, first, TRAIL_R);
     EXPECT_FALSE(slice.dependent_slice_segment_flag);
     EXPECT_EQ(slice.slice_type, slice_i);
     EXPECT_EQ(slice.slice_segment_address, 0U);
@@ -445,12 +468,12 @@ TEST(StandardSlice, ShowsNothingStale) {
     full.u<1>(1).ue(0);    // one reference index
     full.u<1>(1).u<2>(3);  // NumPicTotalCurr is 4
     h265_slice_segment_header slice;
-    EXPECT_EQ(stream.parse(slice, full, TRAIL_R).bits, full.size());
+    stream.expect_whole(slice, full, TRAIL_R);
     EXPECT_EQ(slice.NumPicTotalCurr, 4U);
 
     const test::bit_writer idr =
         test::bit_writer().u<1>(1).u<1>(1).ue(0).ue(slice_i).u<1>(0).u<1>(0);
-    EXPECT_TRUE(stream.parse(slice, idr, IDR_N_LP).read);
+    stream.expect_whole(slice, idr, IDR_N_LP);
     h265_slice_segment_header expected;
     expected.first_slice_segment_in_pic_flag = true;
     expected.no_output_of_prior_pics_flag = true;
@@ -459,50 +482,10 @@ TEST(StandardSlice, ShowsNothingStale) {
     expected.num_ref_idx_l0_active_minus1 = 2;
     expected.CurrRpsIdx = 1;
     expected.valid = true;
+    expected.collocated_from_l0_flag = true;
+    expected.slice_qp_delta = -11;
+    expected.slice_data_begin = 3;  // 8 bits, 9 for the difference, and those of the alignment
     EXPECT_TRUE(test::same_fields(slice, expected));
-}
-
-// Whether the current picture is one of two then, as pps_curr_pic_ref_enabled_flag may say, is not
-// known.
-TEST(StandardSlice, FailsWhereOnlyTheExtensionOfThePpsTellsOfAListModification) {
-    host stream;
-    stream.pps().lists_modification_present_flag = true;
-    stream.pps().pps_extension_present_flag = true;
-    h265_profile_tier_level::layer_t& general = stream.sps().profile_tier_level.general;
-    general.profile_compatibility_flag.assign(32, false);
-    test::bit_writer one_picture = first_segment(slice_p).u<4>(9).u<1>(0);
-    one_picture.u<1>(0).ue(1).ue(0).ue(0).u<1>(1);  // the set
-    one_picture.u<1>(0);                            // num_ref_idx_active_override_flag
-    const test::bit_writer no_picture =
-        first_segment(slice_p).u<4>(9).u<1>(0).u<1>(0).ue(0).ue(0).u<1>(0);
-    const auto expect_failure = [&](bool fails, unsigned int profile) {
-        EXPECT_EQ(stream.takes(one_picture), !fails) << profile;
-        EXPECT_TRUE(stream.takes(no_picture)) << profile;
-        EXPECT_TRUE(stream.takes(with_set_of_sps(slice_i))) << profile;
-        EXPECT_EQ(stream.bits_by_own_rules(one_picture), one_picture.size()) << profile;
-    };
-    stream.have_sets(1);
-    for (unsigned int profile = 0; profile < 32; ++profile) {
-        const bool of_screen_content = profile == 9 || profile == 11;
-        general.profile_idc = static_cast<unsigned char>(profile);
-        expect_failure(of_screen_content, profile);
-        general.profile_idc = 4;
-        general.profile_compatibility_flag[profile] = true;
-        expect_failure(of_screen_content, profile);
-        general.profile_compatibility_flag[profile] = false;
-    }
-    general.profile_idc = 9;
-    stream.pps().pps_extension_present_flag = false;
-    expect_failure(false, 9);
-    stream.pps().pps_extension_present_flag = true;
-    stream.pps().lists_modification_present_flag = false;
-    expect_failure(false, 9);
-    // A record that was never read has no compatibility flags.
-    stream.pps().lists_modification_present_flag = true;
-    general.profile_compatibility_flag.clear();
-    expect_failure(true, 9);
-    general.profile_idc = 4;
-    expect_failure(false, 4);
 }
 
 // ---- The modification by itself

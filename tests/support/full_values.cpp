@@ -67,6 +67,23 @@ slice_values full_slice_values() {
     values.list_entry_l0 = {4, 0, 1};  // of three short-term pictures and two long-term ones
     values.list_entry_l1 = {3, 2};
     values.list_entry_width = 3;
+    values.sps.sps_temporal_mvp_enabled_flag = true;
+    values.collocated_from_l0_flag = false;
+    values.collocated_ref_idx = 1;
+    values.pps.weighted_bipred_flag = true;
+    values.weights = {5, -1, -20, 30, 40, -500};
+    values.pps.pps_slice_chroma_qp_offsets_present_flag = true;
+    values.slice_cb_qp_offset = 7;
+    values.slice_cr_qp_offset = -7;
+    values.pps.deblocking_filter_control_present_flag = true;
+    values.pps.deblocking_filter_override_enabled_flag = true;
+    values.slice_beta_offset_div2 = -2;
+    values.slice_tc_offset_div2 = 3;
+    values.pps.entropy_coding_sync_enabled_flag = true;
+    values.num_entry_point_offsets = 3;
+    values.offset_len_minus1 = 10;
+    values.pps.slice_segment_header_extension_present_flag = true;
+    values.slice_segment_header_extension_length = 4;
     return values;
 }
 

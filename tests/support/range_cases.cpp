@@ -554,6 +554,96 @@ range_table list_modification_ranges() {
     return {"ref_pic_lists_modification", parameter_sets_of(base), TRAIL_R, list.cases()};
 }
 
+// P slices with two entries in each list, of 10 bits of luma and a PPS with offsets of its own.
+range_table slice_end_ranges() {
+    slice_values base;
+    base.sps.st_ref_pic_set = {pictures_before(1)};
+    base.sps.bit_depth_luma_minus8 = 2;
+    base.sps.sps_temporal_mvp_enabled_flag = true;
+    base.pps.init_qp_minus26 = 4;
+    base.pps.pps_cb_qp_offset = 5;
+    base.pps.pps_cr_qp_offset = -3;
+    base.pps.pps_slice_chroma_qp_offsets_present_flag = true;
+    base.pps.deblocking_filter_control_present_flag = true;
+    base.pps.deblocking_filter_override_enabled_flag = true;
+    base.pps.slice_segment_header_extension_present_flag = true;
+    base.num_ref_idx_l0_active_minus1 = 1;
+    base.num_ref_idx_l1_active_minus1 = 2;
+    case_list<slice_values> list(base);
+    list.at_most("collocated_ref_idx", 0, 1,
+                 [](auto& slice, auto value) { slice.collocated_ref_idx = value; });
+    list.at_most("collocated_ref_idx", 0, 2, [](auto& slice, auto value) {
+        slice.slice_type = 0;
+        slice.collocated_from_l0_flag = false;
+        slice.collocated_ref_idx = value;
+    });
+    list.at_most("five_minus_max_num_merge_cand", 0, 4,
+                 [](auto& slice, auto value) { slice.five_minus_max_num_merge_cand = value; });
+    // 26 + 4 are added to it, for -12 to 51.
+    list.within("slice_qp_delta", -42, 21,
+                [](auto& slice, auto value) { slice.slice_qp_delta = value; });
+    list.within("slice_cb_qp_offset", -12, 7,
+                [](auto& slice, auto value) { slice.slice_cb_qp_offset = value; });
+    list.within("slice_cr_qp_offset", -9, 12,
+                [](auto& slice, auto value) { slice.slice_cr_qp_offset = value; });
+    list.within("slice_beta_offset_div2", -6, 6,
+                [](auto& slice, auto value) { slice.slice_beta_offset_div2 = value; });
+    list.within("slice_tc_offset_div2", -6, 6,
+                [](auto& slice, auto value) { slice.slice_tc_offset_div2 = value; });
+    list.at_most("slice_segment_header_extension_length", 0, 256, [](auto& slice, auto value) {
+        slice.slice_segment_header_extension_length = value;
+    });
+    return {"slice_segment_header", parameter_sets_of(base), TRAIL_R, list.cases()};
+}
+
+// Of 6 by 4 coding tree blocks.
+range_table entry_point_ranges(bool tiles, bool wavefronts, std::int64_t most) {
+    slice_values base;
+    base.sps.st_ref_pic_set = {pictures_before(1)};
+    base.pps.tiles_enabled_flag = tiles;
+    base.pps.num_tile_columns_minus1 = 2;
+    base.pps.num_tile_rows_minus1 = 1;
+    base.pps.entropy_coding_sync_enabled_flag = wavefronts;
+    case_list<slice_values> list(base);
+    list.at_most("num_entry_point_offsets", 0, most,
+                 [](auto& slice, auto value) { slice.num_entry_point_offsets = value; });
+    list.at_most("offset_len_minus1", 0, 31, [](auto& slice, auto value) {
+        slice.num_entry_point_offsets = 1;
+        slice.offset_len_minus1 = value;
+    });
+    return {"slice_segment_header", parameter_sets_of(base), TRAIL_R, list.cases()};
+}
+
+// Of 8 bits; denominators are 3 and what is added to it.
+range_table weight_ranges_of_list(const std::string& list_name, std::int64_t slice_type) {
+    slice_values base;
+    base.sps.st_ref_pic_set = {pictures_before(1)};
+    base.pps.weighted_pred_flag = true;
+    base.pps.weighted_bipred_flag = true;
+    base.slice_type = slice_type;
+    base.weights.luma_log2_weight_denom = 3;
+    case_list<slice_values> list(base);
+    list.at_most("luma_log2_weight_denom", 0, 7, [](auto& slice, auto value) {
+        slice.weights.luma_log2_weight_denom = value;
+        slice.weights.delta_chroma_log2_weight_denom = -1;
+    });
+    list.within("delta_chroma_log2_weight_denom", -3, 4, [](auto& slice, auto value) {
+        slice.weights.delta_chroma_log2_weight_denom = value;
+    });
+    list.within("delta_luma_weight_" + list_name + "[0]", -128, 127,
+                [](auto& slice, auto value) { slice.weights.delta_luma_weight = value; });
+    list.within("luma_offset_" + list_name + "[0]", -128, 127,
+                [](auto& slice, auto value) { slice.weights.luma_offset = value; });
+    for (const char* const entry : {"[0][0]", "[0][1]"}) {
+        const std::string component = list_name + entry;
+        list.within("delta_chroma_weight_" + component, -128, 127,
+                    [](auto& slice, auto value) { slice.weights.delta_chroma_weight = value; });
+        list.within("delta_chroma_offset_" + component, -512, 511,
+                    [](auto& slice, auto value) { slice.weights.delta_chroma_offset = value; });
+    }
+    return {"pred_weight_table", parameter_sets_of(base), TRAIL_R, list.cases()};
+}
+
 range_table colour_plane_ranges() {
     slice_values base;
     base.sps.chroma_format_idc = 3;
@@ -640,6 +730,12 @@ std::vector<range_table> range_tables() {
             pps_scaling_list_ranges(),
             slice_ranges(),
             list_modification_ranges(),
+            slice_end_ranges(),
+            entry_point_ranges(/*tiles=*/true, /*wavefronts=*/false, 5),
+            entry_point_ranges(/*tiles=*/false, /*wavefronts=*/true, 3),
+            entry_point_ranges(/*tiles=*/true, /*wavefronts=*/true, 11),
+            weight_ranges_of_list("l0", /*slice_type=*/1),
+            weight_ranges_of_list("l1", /*slice_type=*/0),
             colour_plane_ranges(),
             aud_ranges(),
             buffering_period_ranges(),

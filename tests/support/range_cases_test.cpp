@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -28,22 +29,34 @@ using elements = std::vector<test::element>;
 // What a unit was read as; nothing when it could not be read.
 using reading = std::optional<elements>;
 
+template <class Record>
+elements fields_of(const Record& record);
+
+// A number, or what an array or a record has of them.
+template <class Field>
+elements numbers_in(const std::string& name, const Field& field) {
+    if constexpr (std::is_arithmetic_v<Field>) {
+        return {{name, static_cast<std::int64_t>(field)}};
+    } else if constexpr (test::is_record<Field>::value) {
+        return fields_of(field);
+    } else {
+        elements all;
+        for (std::size_t i = 0; i < field.size(); ++i) {
+            const std::decay_t<typename Field::value_type> entry = field[i];
+            const elements nested = numbers_in(name + "[" + std::to_string(i) + "]", entry);
+            all.insert(all.end(), nested.begin(), nested.end());
+        }
+        return all;
+    }
+}
+
 // The fields of a record, and of the records in it.
 template <class Record>
 elements fields_of(const Record& record) {
     elements all;
     test::for_each_field(record, [&](const char* name, const auto& field) {
-        using type = std::decay_t<decltype(field)>;
-        if constexpr (std::is_arithmetic_v<type>) {
-            all.push_back({name, field});
-        } else if constexpr (std::is_same_v<type, std::vector<unsigned int>>) {
-            for (std::size_t i = 0; i < field.size(); ++i) {
-                all.push_back({std::string(name) + "[" + std::to_string(i) + "]", field[i]});
-            }
-        } else if constexpr (test::is_record<type>::value) {
-            const elements nested = fields_of(field);
-            all.insert(all.end(), nested.begin(), nested.end());
-        }
+        const elements nested = numbers_in(name, field);
+        all.insert(all.end(), nested.begin(), nested.end());
     });
     return all;
 }

@@ -6,9 +6,12 @@
 #include <kovran/h265/h265_nal_sei_buffering_period.h>
 #include <kovran/h265/h265_nal_sei_pic_timing.h>
 #include <kovran/h265/h265_nal_sei_reader.h>
+#include <kovran/h265/h265_pred_weight_table.h>
 #include <kovran/h265/h265_ref_pic_lists_modification.h>
 #include <kovran/h265/h265_slice_segment_header.h>
 
+#include <array>
+#include <cstddef>
 #include <tuple>
 
 #include "support/record_fields.h"
@@ -38,6 +41,30 @@ struct fields_of<h265_ref_pic_lists_modification> : field_types {
         FIELD(bool, ref_pic_list_modification_flag_l1),
         FIELD(array<u32>, list_entry_l1),
         FIELD(bool, valid));
+};
+
+template <>
+struct fields_of<h265_pred_weight_table> : field_types {
+    using record = h265_pred_weight_table;
+    template <class Value>
+    using entries = record::entries<Value>;
+    using cb_and_cr = entries<std::array<i32, 2>>;
+    static constexpr auto list = std::make_tuple(
+        FIELD(u32, luma_log2_weight_denom),
+        FIELD(i32, delta_chroma_log2_weight_denom),
+        FIELD(entries<bool>, luma_weight_l0_flag),
+        FIELD(entries<bool>, chroma_weight_l0_flag),
+        FIELD(entries<i32>, delta_luma_weight_l0),
+        FIELD(entries<i32>, luma_offset_l0),
+        FIELD(cb_and_cr, delta_chroma_weight_l0),
+        FIELD(cb_and_cr, delta_chroma_offset_l0),
+        FIELD(entries<bool>, luma_weight_l1_flag),
+        FIELD(entries<bool>, chroma_weight_l1_flag),
+        FIELD(entries<i32>, delta_luma_weight_l1),
+        FIELD(entries<i32>, luma_offset_l1),
+        FIELD(cb_and_cr, delta_chroma_weight_l1),
+        FIELD(cb_and_cr, delta_chroma_offset_l1),
+        FIELD(bool, present));
 };
 
 template <>
@@ -72,7 +99,32 @@ struct fields_of<h265_slice_segment_header> : field_types {
         FIELD(h265_ref_pic_lists_modification, ref_pic_lists_modification),
         FIELD(u32, NumPicTotalCurr),
         FIELD(u32, CurrRpsIdx),
-        FIELD(bool, valid));
+        FIELD(bool, valid),
+        FIELD(bool, mvd_l1_zero_flag),
+        FIELD(bool, cabac_init_flag),
+        FIELD(bool, collocated_from_l0_flag),
+        FIELD(u32, collocated_ref_idx),
+        FIELD(h265_pred_weight_table, pred_weight_table),
+        FIELD(u32, five_minus_max_num_merge_cand),
+        FIELD(bool, use_integer_mv_flag),
+        FIELD(i32, slice_qp_delta),
+        FIELD(i32, slice_cb_qp_offset),
+        FIELD(i32, slice_cr_qp_offset),
+        FIELD(i32, slice_act_y_qp_offset),
+        FIELD(i32, slice_act_cb_qp_offset),
+        FIELD(i32, slice_act_cr_qp_offset),
+        FIELD(bool, cu_chroma_qp_offset_enabled_flag),
+        FIELD(bool, deblocking_filter_override_flag),
+        FIELD(bool, slice_deblocking_filter_disabled_flag),
+        FIELD(i32, slice_beta_offset_div2),
+        FIELD(i32, slice_tc_offset_div2),
+        FIELD(bool, slice_loop_filter_across_slices_enabled_flag),
+        FIELD(u32, num_entry_point_offsets),
+        FIELD(u32, offset_len_minus1),
+        FIELD(array<u32>, entry_point_offset_minus1),
+        FIELD(u32, slice_segment_header_extension_length),
+        FIELD(array<u8>, slice_segment_header_extension_data_byte),
+        FIELD(std::size_t, slice_data_begin));
 };
 
 template <>

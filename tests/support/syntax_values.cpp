@@ -167,6 +167,88 @@ void vui_parameters(value_writer& bits, const vui_values& vui,
     bits.ue(vui.log2_max_mv_length_horizontal).ue(vui.log2_max_mv_length_vertical);
 }
 
+constexpr element_value type_b = 0;
+constexpr element_value type_p = 1;
+
+void list_weights(value_writer& bits, const weight_values& weights, bool has_chroma,
+                  element_value num_ref_idx_active_minus1) {
+    const auto others = static_cast<unsigned int>(num_ref_idx_active_minus1);
+    bits.flag(true).zeros(others);
+    if (has_chroma) {
+        bits.flag(true).zeros(others);
+    }
+    bits.se(weights.delta_luma_weight).se(weights.luma_offset);
+    for (int component = 0; has_chroma && component < 2; ++component) {
+        bits.se(weights.delta_chroma_weight).se(weights.delta_chroma_offset);
+    }
+}
+
+void pred_weight_table(value_writer& bits, const slice_values& slice) {
+    const bool has_chroma =
+        slice.sps.chroma_format_idc != 0 && !slice.sps.separate_colour_plane_flag;
+    bits.ue(slice.weights.luma_log2_weight_denom);
+    if (has_chroma) {
+        bits.se(slice.weights.delta_chroma_log2_weight_denom);
+    }
+    list_weights(bits, slice.weights, has_chroma, slice.num_ref_idx_l0_active_minus1);
+    if (slice.slice_type == type_b) {
+        list_weights(bits, slice.weights, has_chroma, slice.num_ref_idx_l1_active_minus1);
+    }
+}
+
+void inter_prediction(value_writer& bits, const slice_values& slice) {
+    if (slice.slice_type != type_b && slice.slice_type != type_p) {
+        return;
+    }
+    const bool is_b = slice.slice_type == type_b;
+    if (is_b) {
+        bits.flag(false);  // mvd_l1_zero_flag
+    }
+    if (slice.sps.sps_temporal_mvp_enabled_flag) {
+        if (is_b) {
+            bits.flag(slice.collocated_from_l0_flag);
+        }
+        if ((slice.collocated_from_l0_flag ? slice.num_ref_idx_l0_active_minus1
+                                           : slice.num_ref_idx_l1_active_minus1) > 0) {
+            bits.ue(slice.collocated_ref_idx);
+        }
+    }
+    if (is_b ? slice.pps.weighted_bipred_flag : slice.pps.weighted_pred_flag) {
+        pred_weight_table(bits, slice);
+    }
+    bits.ue(slice.five_minus_max_num_merge_cand);
+}
+
+void quantization_and_filters(value_writer& bits, const slice_values& slice) {
+    const pps_values& pps = slice.pps;
+    bits.se(slice.slice_qp_delta);
+    if (pps.pps_slice_chroma_qp_offsets_present_flag) {
+        bits.se(slice.slice_cb_qp_offset).se(slice.slice_cr_qp_offset);
+    }
+    if (pps.deblocking_filter_control_present_flag && pps.deblocking_filter_override_enabled_flag) {
+        bits.flag(true).flag(false);
+        bits.se(slice.slice_beta_offset_div2).se(slice.slice_tc_offset_div2);
+    }
+}
+
+void slice_segment_end(value_writer& bits, const slice_values& slice) {
+    if (slice.pps.tiles_enabled_flag || slice.pps.entropy_coding_sync_enabled_flag) {
+        bits.ue(slice.num_entry_point_offsets);
+        if (slice.num_entry_point_offsets > 0) {
+            bits.ue(slice.offset_len_minus1);
+        }
+        for (element_value i = 0; i < slice.num_entry_point_offsets; ++i) {
+            bits.u(static_cast<unsigned int>(slice.offset_len_minus1 + 1), i % 2);
+        }
+    }
+    if (slice.pps.slice_segment_header_extension_present_flag) {
+        bits.ue(slice.slice_segment_header_extension_length);
+        for (element_value i = 0; i < slice.slice_segment_header_extension_length; ++i) {
+            bits.u(8, i % 256);
+        }
+    }
+}
+
 std::size_t pic_size_in_ctbs(const sps_values& sps) {
     const element_value log2_size = 3 + sps.log2_min_luma_coding_block_size_minus3 +
                                     sps.log2_diff_max_min_luma_coding_block_size;
@@ -243,7 +325,8 @@ bit_writer bits_of(const sps_values& sps) {
             bits.flag(true);
         }
     }
-    bits.flag(false).flag(false).flag(sps.vui_parameters_present_flag);
+    bits.flag(sps.sps_temporal_mvp_enabled_flag).flag(false);
+    bits.flag(sps.vui_parameters_present_flag);
     if (sps.vui_parameters_present_flag) {
         vui_parameters(bits, sps.vui, sps.sps_max_sub_layers_minus1);
     }
@@ -261,7 +344,9 @@ bit_writer bits_of(const pps_values& pps) {
         bits.ue(pps.diff_cu_qp_delta_depth);
     }
     bits.se(pps.pps_cb_qp_offset).se(pps.pps_cr_qp_offset);
-    bits.flag(false).flag(false).flag(false).flag(false).flag(pps.tiles_enabled_flag).flag(false);
+    bits.flag(pps.pps_slice_chroma_qp_offsets_present_flag);
+    bits.flag(pps.weighted_pred_flag).flag(pps.weighted_bipred_flag).flag(false);
+    bits.flag(pps.tiles_enabled_flag).flag(pps.entropy_coding_sync_enabled_flag);
     if (pps.tiles_enabled_flag) {
         bits.ue(pps.num_tile_columns_minus1).ue(pps.num_tile_rows_minus1);
         bits.flag(pps.column_width_minus1.empty() && pps.row_height_minus1.empty());
@@ -274,19 +359,18 @@ bit_writer bits_of(const pps_values& pps) {
     }
     bits.flag(false).flag(pps.deblocking_filter_control_present_flag);
     if (pps.deblocking_filter_control_present_flag) {
-        bits.flag(false).flag(false).se(pps.pps_beta_offset_div2).se(pps.pps_tc_offset_div2);
+        bits.flag(pps.deblocking_filter_override_enabled_flag).flag(false);
+        bits.se(pps.pps_beta_offset_div2).se(pps.pps_tc_offset_div2);
     }
     bits.flag(pps.pps_scaling_list_data_present_flag);
     if (pps.pps_scaling_list_data_present_flag) {
         scaling_list_data(bits, pps.scaling_list);
     }
     bits.flag(pps.lists_modification_present_flag).ue(pps.log2_parallel_merge_level_minus2);
-    return bits.flag(false).flag(false).rbsp();
+    return bits.flag(pps.slice_segment_header_extension_present_flag).flag(false).rbsp();
 }
 
 bit_writer bits_of(const slice_values& slice) {
-    constexpr element_value type_b = 0;
-    constexpr element_value type_p = 1;
     const sps_values& sps = slice.sps;
     const auto lsb_width = static_cast<unsigned int>(sps.log2_max_pic_order_cnt_lsb_minus4 + 4);
     value_writer bits;
@@ -318,6 +402,9 @@ bit_writer bits_of(const slice_values& slice) {
             bits.u(lsb_width, 1).flag(true).flag(false);
         }
     }
+    if (sps.sps_temporal_mvp_enabled_flag) {
+        bits.flag(true);
+    }
     if (slice.slice_type == type_p || slice.slice_type == type_b) {
         bits.flag(true).ue(slice.num_ref_idx_l0_active_minus1);
         if (slice.slice_type == type_b) {
@@ -336,14 +423,10 @@ bit_writer bits_of(const slice_values& slice) {
             }
         }
     }
-    if (slice.slice_type == type_b) {
-        bits.flag(false);  // mvd_l1_zero_flag
-    }
-    if (slice.slice_type == type_p || slice.slice_type == type_b) {
-        bits.ue(0);  // five_minus_max_num_merge_cand
-    }
-    bits.se(0);  // slice_qp_delta
-    return bits.rbsp().u<8>(0x80);
+    inter_prediction(bits, slice);
+    quantization_and_filters(bits, slice);
+    slice_segment_end(bits, slice);
+    return bits.rbsp().u<8>(0x80);  // byte_alignment() is the same
 }
 
 bit_writer bits_of(const aud_values& aud) {

@@ -122,6 +122,7 @@ struct sps_values {
     std::vector<set_values> st_ref_pic_set;
     bool long_term_ref_pics_present_flag = false;
     element_value num_long_term_ref_pics_sps = 0;  // as many are written
+    bool sps_temporal_mvp_enabled_flag = false;
     bool vui_parameters_present_flag = false;
     vui_values vui;
 };
@@ -136,18 +137,34 @@ struct pps_values {
     element_value diff_cu_qp_delta_depth = 0;
     element_value pps_cb_qp_offset = 0;
     element_value pps_cr_qp_offset = 0;
+    bool pps_slice_chroma_qp_offsets_present_flag = false;
+    bool weighted_pred_flag = false;
+    bool weighted_bipred_flag = false;
     bool tiles_enabled_flag = false;
+    bool entropy_coding_sync_enabled_flag = false;
     element_value num_tile_columns_minus1 = 1;
     element_value num_tile_rows_minus1 = 1;
     element_values column_width_minus1;  // uniform spacing when there is no size
     element_values row_height_minus1;
     bool deblocking_filter_control_present_flag = false;
+    bool deblocking_filter_override_enabled_flag = false;
     element_value pps_beta_offset_div2 = 0;
     element_value pps_tc_offset_div2 = 0;
     bool pps_scaling_list_data_present_flag = false;
     scaling_list_values scaling_list;
     bool lists_modification_present_flag = false;
     element_value log2_parallel_merge_level_minus2 = 0;
+    bool slice_segment_header_extension_present_flag = false;
+};
+
+// The first entry of each list has weights of luma and of chroma, these, and the others have none.
+struct weight_values {
+    element_value luma_log2_weight_denom = 0;
+    element_value delta_chroma_log2_weight_denom = 0;
+    element_value delta_luma_weight = 0;
+    element_value luma_offset = 0;
+    element_value delta_chroma_weight = 0;
+    element_value delta_chroma_offset = 0;
 };
 
 // What a slice goes by: the widths are those of the standard.
@@ -170,6 +187,18 @@ struct slice_values {
     element_values list_entry_l0;  // a list is modified when it has entries
     element_values list_entry_l1;
     unsigned int list_entry_width = 0;
+    bool collocated_from_l0_flag = true;
+    element_value collocated_ref_idx = 0;
+    weight_values weights;
+    element_value five_minus_max_num_merge_cand = 0;
+    element_value slice_qp_delta = 0;
+    element_value slice_cb_qp_offset = 0;
+    element_value slice_cr_qp_offset = 0;
+    element_value slice_beta_offset_div2 = 0;  // where the PPS allows them
+    element_value slice_tc_offset_div2 = 0;
+    element_value num_entry_point_offsets = 0;  // as many are written
+    element_value offset_len_minus1 = 7;
+    element_value slice_segment_header_extension_length = 0;  // as many bytes are written
 };
 
 struct aud_values {

@@ -40,7 +40,7 @@ struct h265_pred_weight_table {
     entries<std::array<int, 2>> delta_chroma_weight_l1{};
     entries<std::array<int, 2>> delta_chroma_offset_l1{};
 
-    bool valid = false;  // the slice has the table, and it was read
+    bool present = false;  // the slice has the table
 
     // The variables of clause 7.4.7.3 for an entry below most_entries, `component` being 0 for Cb
     // and 1 for Cr. A denominator above 2^7, which the standard does not allow, counts as 2^7.
@@ -52,7 +52,7 @@ struct h265_pred_weight_table {
     [[nodiscard]] KOVRAN_API std::int64_t ChromaWeightL1(std::size_t entry,
                                                          std::size_t component) const;
 
-    // `wpOffsetHalfRangeC` is that of the SPS.
+    // `wpOffsetHalfRangeC` is h265_wp_offset_half_range_chroma() of the SPS.
     [[nodiscard]] KOVRAN_API int ChromaOffsetL0(std::size_t entry, std::size_t component,
                                                 int wpOffsetHalfRangeC) const;
     [[nodiscard]] KOVRAN_API int ChromaOffsetL1(std::size_t entry, std::size_t component,

@@ -20,9 +20,9 @@
 
 namespace kovran {
 
-// slice_segment_header(), clause 7.3.6.1, from its start to ref_pic_lists_modification(): the part
-// that tells which picture it belongs to, with which parameter sets, reference picture set and
-// lists.
+// slice_segment_header(), clause 7.3.6.1. parse() reads it from its start to
+// ref_pic_lists_modification(): the part that tells which picture it belongs to, with which
+// parameter sets, reference picture set and lists. parse_standard() reads all of it.
 struct h265_slice_segment_header {
     bool first_slice_segment_in_pic_flag = false;  // u(1)
     bool no_output_of_prior_pics_flag = false;     // u(1) for IRAP types, or false
@@ -70,15 +70,17 @@ struct h265_slice_segment_header {
 
     // The rest of the header; only parse_standard() reads it.
 
-    bool mvd_l1_zero_flag = false;             // u(1), B
-    bool cabac_init_flag = false;              // u(1), P and B when cabac_init_present_flag
-    bool collocated_from_l0_flag = false;      // u(1), B when slice_temporal_mvp_enabled_flag, or
-                                               // true
-    unsigned int collocated_ref_idx = 0;       // ue(v), when that list has several entries
-    h265_pred_weight_table pred_weight_table;  // P when weighted_pred_flag, B when
-                                               // weighted_bipred_flag
+    bool mvd_l1_zero_flag = false;         // u(1), B
+    bool cabac_init_flag = false;          // u(1), P and B when cabac_init_present_flag
+    bool collocated_from_l0_flag = false;  // u(1), B when slice_temporal_mvp_enabled_flag, or
+                                           // true
+    unsigned int collocated_ref_idx = 0;   // ue(v), P and B when slice_temporal_mvp_enabled_flag
+                                           // and that list has several entries
+    h265_pred_weight_table pred_weight_table;        // P when weighted_pred_flag, B when
+                                                     // weighted_bipred_flag
     unsigned int five_minus_max_num_merge_cand = 0;  // ue(v), P and B
-    bool use_integer_mv_flag = false;                // u(1), P and B, or as the SPS says
+    bool use_integer_mv_flag = false;  // P and B: u(1) when motion_vector_resolution_control_idc is
+                                       // 2, or that
 
     int slice_qp_delta = 0;          // se(v)
     int slice_cb_qp_offset = 0;      // se(v), when pps_slice_chroma_qp_offsets_present_flag
@@ -91,21 +93,21 @@ struct h265_slice_segment_header {
     bool deblocking_filter_override_flag = false;        // u(1), when
                                                          // deblocking_filter_override_enabled_flag
     bool slice_deblocking_filter_disabled_flag = false;  // u(1), when that is set, or the PPS's
-    int slice_beta_offset_div2 = 0;                      // se(v), likewise, unless disabled
-    int slice_tc_offset_div2 = 0;                        // se(v), likewise
+    int slice_beta_offset_div2 = 0;  // se(v), likewise, unless disabled, or the PPS's
+    int slice_tc_offset_div2 = 0;    // se(v), likewise
     bool slice_loop_filter_across_slices_enabled_flag = false;  // u(1), or the PPS's
 
     // In dependent slice segments as well.
     unsigned int num_entry_point_offsets = 0;             // ue(v), with tiles or wavefronts
     unsigned int offset_len_minus1 = 0;                   // ue(v), unless there are none
     std::vector<unsigned int> entry_point_offset_minus1;  // u(v), num_entry_point_offsets of them
-    unsigned int slice_segment_header_extension_length =
-        0;  // ue(v), when
-            // slice_segment_header_extension_present_flag
+    // When slice_segment_header_extension_present_flag.
+    unsigned int slice_segment_header_extension_length = 0;               // ue(v)
     std::vector<unsigned char> slice_segment_header_extension_data_byte;  // u(8), as many
 
-    // Derived: where slice_segment_data() begins, in bytes from the first one of the NAL unit's
-    // payload that the reader was made for, without emulation prevention bytes.
+    // Derived: where slice_segment_data() begins, as a number of bytes from the first one that the
+    // reader was made for; emulation prevention bytes, which it does not have, are not counted. The
+    // data may be empty.
     std::size_t slice_data_begin = 0;
 
     // Reads the header of a VCL NAL unit of the given type; `reader` stands right after the two NAL
@@ -145,17 +147,24 @@ struct h265_slice_segment_header {
     // pictures. A long-term entry that names a candidate has its poc_lsb_lt and
     // used_by_curr_pic_lt_flag, and NumPicTotalCurr is that of equation 7-55.
     //
-    // In a dependent slice segment the fields that are not read are as in a fresh record, except
-    // CurrRpsIdx and the two num_ref_idx_lX_active_minus1, which have their starting values. Take
-    // the values of the header from the independent slice segment before it.
+    // Afterwards `reader` stands at the first bit of slice_segment_data(), behind byte_alignment();
+    // nothing of that data is looked at.
     //
-    // False, with `valid` false: as above, except for the last reason; or the PPS identifier is
-    // above 63, slice_type above 2, short_term_ref_pic_set_idx or lt_idx_sps beyond what the SPS
-    // has, num_long_term_sps above what it has, or there are more than 16 long-term pictures or 15
-    // reference indices in a list; the data ends before the part that is read; or whether there is
-    // a list modification depends on pps_curr_pic_ref_enabled_flag, which is in the extension data
-    // of a PPS for screen content. Throws std::bad_alloc when there is no memory; the record is
-    // then a fresh one.
+    // A dependent slice segment has entry points, the extension and slice_data_begin of its own.
+    // The fields that its header does not have are as in a fresh record, except CurrRpsIdx and the
+    // two num_ref_idx_lX_active_minus1, which have their starting values; take_over() fills them.
+    //
+    // False, with `valid` false: as above, except for the last reason; the PPS identifier is above
+    // 63, slice_type above 2, short_term_ref_pic_set_idx or lt_idx_sps beyond what the SPS has, or
+    // num_long_term_sps above what it has; there are more than 16 long-term pictures, 15 reference
+    // indices in a list, or as many entry points as the picture has tiles, rows of coding tree
+    // blocks, or with both, rows in all tile columns; offset_len_minus1 is above 31 or
+    // slice_segment_header_extension_length above 256; or the data ends before the first bit of
+    // byte_alignment(). Malformed bits of byte_alignment() are told as a fault of the kind
+    // trailing_bits, and everything was read. Other values out of their range are kept.
+    //
+    // When there is no memory the record is a fresh one: throws std::bad_alloc, or is false if
+    // st_ref_pic_set cannot grow.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    h2645_common_base_store<h265_nal_pps>& pps_store,
                                    h2645_common_base_store<h265_nal_sps>& sps_store,
@@ -168,8 +177,12 @@ struct h265_slice_segment_header {
                                    h265_nal_unit_type nal_unit_type, h265_trace& trace,
                                    h265_fault* fault = nullptr);
 
-    // In a dependent slice segment that parse_standard() has read: the fields that its header does
-    // not have, with the values of the independent one before it in the same picture.
+    // Gives a dependent slice segment that parse_standard() has read the fields that its header
+    // does not have: those of `independent`, the independent one before it in the same picture. The
+    // others stay: all up to slice_segment_address, `valid`, and from num_entry_point_offsets on.
+    //
+    // Throws std::bad_alloc when there is no memory; `valid` is then false. Segments that are alike
+    // need no more of it.
     KOVRAN_API void take_over(const h265_slice_segment_header& independent);
 
     // SliceQpY, equation 7-54, by the PPS of the slice.

@@ -1,13 +1,7 @@
 #include <kovran/h265/h265_pred_weight_table.h>
 
 int main() {
-    kovran::h265_pred_weight_table table;
-    table.delta_luma_weight_l0 = {0};
-    table.delta_luma_weight_l1 = {0};
-    table.delta_chroma_weight_l0 = {{0, 0}};
-    table.delta_chroma_offset_l0 = {{0, 0}};
-    table.delta_chroma_weight_l1 = {{0, 0}};
-    table.delta_chroma_offset_l1 = {{0, 0}};
+    const kovran::h265_pred_weight_table table;
     return table.LumaWeightL0(0) == 1 && table.LumaWeightL1(0) == 1 &&
                    table.ChromaWeightL0(0, 0) == 1 && table.ChromaWeightL1(0, 1) == 1 &&
                    table.ChromaOffsetL0(0, 0, 128) == 0 && table.ChromaOffsetL1(0, 1, 128) == 0
