@@ -135,6 +135,9 @@ template <class Walker, class Pps, class SpsStore>
             return false;
         }
     }
+    if (!pps.pps_3d_extension_flag) {
+        walk.rules.end_absent_structure(pps.pps_3d_extension);
+    }
     return walk.finish_rbsp(pps.valid);
 }
 
