@@ -28,23 +28,34 @@ using elements = std::vector<test::element>;
 // What a unit was read as; nothing when it could not be read.
 using reading = std::optional<elements>;
 
-// The fields of a record, and of the records in it.
+// Numbers by the name of their field and their indices in it, those of the records in it as well.
+template <class Value>
+void add_fields(elements& all, const std::string& name, const Value& value) {
+    if constexpr (std::is_arithmetic_v<Value>) {
+        all.push_back({name, value});
+    } else if constexpr (test::is_record<Value>::value) {
+        test::for_each_field(
+            value, [&](const char* inner, const auto& field) { add_fields(all, inner, field); });
+    } else {
+        for (std::size_t i = 0; i < value.size(); ++i) {
+            const typename Value::value_type entry = value[i];
+            add_fields(all, name + "[" + std::to_string(i) + "]", entry);
+        }
+    }
+}
+
 template <class Record>
 elements fields_of(const Record& record) {
     elements all;
-    test::for_each_field(record, [&](const char* name, const auto& field) {
-        using type = std::decay_t<decltype(field)>;
-        if constexpr (std::is_arithmetic_v<type>) {
-            all.push_back({name, field});
-        } else if constexpr (std::is_same_v<type, std::vector<unsigned int>>) {
-            for (std::size_t i = 0; i < field.size(); ++i) {
-                all.push_back({std::string(name) + "[" + std::to_string(i) + "]", field[i]});
-            }
-        } else if constexpr (test::is_record<type>::value) {
-            const elements nested = fields_of(field);
-            all.insert(all.end(), nested.begin(), nested.end());
-        }
-    });
+    add_fields(all, "", record);
+    return all;
+}
+
+// With the names that only elements have, before those that are fields as well.
+template <class ParameterSet>
+elements all_of(const ParameterSet& parameter_set) {
+    elements all = test::elements_of(parameter_set);
+    add_fields(all, "", parameter_set);
     return all;
 }
 
@@ -64,13 +75,13 @@ public:
                 h265_nal_sps sps;
                 const bool read = sps.parse_standard(input.reader, vps_store_);
                 sps_store_[sps.sps_seq_parameter_set_id] = sps;
-                return read ? reading(test::elements_of(sps)) : std::nullopt;
+                return read ? reading(all_of(sps)) : std::nullopt;
             }
             case PPS_NUT: {
                 h265_nal_pps pps;
                 const bool read = pps.parse_standard(input.reader, sps_store_);
                 pps_store_[pps.pps_pic_parameter_set_id] = pps;
-                return read ? reading(test::elements_of(pps)) : std::nullopt;
+                return read ? reading(all_of(pps)) : std::nullopt;
             }
             case AUD_NUT: {
                 h265_nal_aud aud;

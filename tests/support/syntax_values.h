@@ -124,6 +124,7 @@ struct sps_values {
     element_value num_long_term_ref_pics_sps = 0;  // as many are written
     bool vui_parameters_present_flag = false;
     vui_values vui;
+    bit_writer extension;  // from sps_range_extension_flag on; there is none when it is empty
 };
 
 struct pps_values {
@@ -132,6 +133,7 @@ struct pps_values {
     element_value num_ref_idx_l0_default_active_minus1 = 0;
     element_value num_ref_idx_l1_default_active_minus1 = 0;
     element_value init_qp_minus26 = 0;
+    bool transform_skip_enabled_flag = false;
     bool cu_qp_delta_enabled_flag = false;
     element_value diff_cu_qp_delta_depth = 0;
     element_value pps_cb_qp_offset = 0;
@@ -148,6 +150,7 @@ struct pps_values {
     scaling_list_values scaling_list;
     bool lists_modification_present_flag = false;
     element_value log2_parallel_merge_level_minus2 = 0;
+    bit_writer extension;  // from pps_range_extension_flag on; there is none when it is empty
 };
 
 // What a slice goes by: the widths are those of the standard.
