@@ -95,6 +95,7 @@ void expect_kept(const test::bit_writer& extension) {
     EXPECT_EQ(to_string(result.fault.element), "pps_extension_present_flag");
     EXPECT_EQ(result.fault.structure_count, 0U);
     EXPECT_EQ(result.fault.first_bit, test::pps_syntax{}.payload().size() - 1);
+    EXPECT_EQ(result.bits, test::pps_with_extension(extension).rbsp().size());
 }
 
 void expect_read(const test::bit_writer& extension, const h265_nal_pps& extensions) {

@@ -92,7 +92,9 @@ flags bits_of(const test::bit_writer& bits) {
 }
 
 void expect_kept(const test::bit_writer& extension) {
-    expect_kept(read_extension(extension), bits_of(extension));
+    const reading result = read_extension(extension);
+    expect_kept(result, bits_of(extension));
+    EXPECT_EQ(result.bits, test::sps_with_extension(extension).rbsp().size());
 }
 
 void expect_read(const test::bit_writer& extension, const h265_nal_sps& extensions) {
