@@ -12,6 +12,8 @@
 #include <kovran/h2645_common/h2645_common_nalfmt.h>
 #include <kovran/h2645_common/h2645_common_read_xostylesei_vlu32.h>
 #include <kovran/h2645_common/h2645_common_trace.h>
+#include <kovran/h265/h265_colour_mapping_table.h>
+#include <kovran/h265/h265_delta_dlt.h>
 #include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_hrd_parameters.h>
 #include <kovran/h265/h265_nal.h>
@@ -27,6 +29,8 @@
 #include <kovran/h265/h265_nal_sub_layer_hrd_parameters.h>
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_nal_writer.h>
+#include <kovran/h265/h265_pps_3d_extension.h>
+#include <kovran/h265/h265_pps_multilayer_extension.h>
 #include <kovran/h265/h265_pps_range_extension.h>
 #include <kovran/h265/h265_pps_scc_extension.h>
 #include <kovran/h265/h265_pred_weight_table.h>

@@ -51,6 +51,9 @@ void fault_finder::missing(const char* parameter_set, unsigned int id) {
 }
 
 void fault_finder::no_memory() {
+    if (fault_.kind == h2645_common_fault_kind::unknown_extension) {
+        forget();  // it could not be kept
+    }
     tell(h2645_common_fault_kind::no_memory, last());
 }
 

@@ -100,6 +100,12 @@ public:
         return false;
     }
 
+    // The bits up to the last 1 bit of the data, which begins the trailing bits.
+    [[nodiscard]] std::size_t payload_bits_left() const {
+        const std::int64_t left = reader.bits_to_stop_bit();
+        return left > 0 ? static_cast<std::size_t>(left) : 0;
+    }
+
     // What was to be an extension, and could not be read as one, is in the extension data.
     void unknown_extension() {}
 
@@ -216,11 +222,6 @@ protected:
         return left >= 0 && entries * fewest_bits <= static_cast<std::uint64_t>(left);
     }
 
-    // The bits up to the last 1 bit of the data, which begins the trailing bits.
-    [[nodiscard]] std::size_t payload_bits_left() const {
-        const std::int64_t left = reader.bits_to_stop_bit();
-        return left > 0 ? static_cast<std::size_t>(left) : 0;
-    }
     [[nodiscard]] bool payload_holds_all() const { return reader.bits_to_stop_bit() >= 0; }
 
 private:

@@ -3,6 +3,7 @@
 
 #include "h2645_common/element.h"
 #include "h2645_common/value_range.h"
+#include "h265/extensions_or_data.h"
 #include "h265/h265_scaling_list_data.syntax.h"
 #include "h265/pps_extensions.syntax.h"
 #include "h265/pps_ranges.h"
@@ -127,13 +128,12 @@ template <class Walker, class Pps, class SpsStore>
     if (pps.pps_extension_present_flag && !walk.rules.knows_extensions()) {
         walk.extension_data("pps_extension_data_flag");
     } else if (pps.pps_extension_present_flag &&
-               !walk.attempt([&] { return pps_extensions(walk, pps, sps); })) {
-        drop_extensions(pps);
-        walk.unknown_extension();
-        if (walk.ran_out_of_memory() ||
-            !walk.extension_data(ELEMENT(pps, pps_extension_data_flag))) {
-            return false;
-        }
+               !extensions_or_data(walk, pps, ELEMENT(pps, pps_extension_data_flag),
+                                   [&] { return pps_extensions(walk, pps, sps); })) {
+        return false;
+    }
+    if (!pps.pps_3d_extension_flag) {
+        walk.rules.end_absent_structure(pps.pps_3d_extension);
     }
     return walk.finish_rbsp(pps.valid);
 }

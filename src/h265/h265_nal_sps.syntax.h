@@ -4,6 +4,7 @@
 #include "h2645_common/element.h"
 #include "h2645_common/value_range.h"
 #include "h2645_common/wrapping.h"
+#include "h265/extensions_or_data.h"
 #include "h265/h265_profile_tier_level.syntax.h"
 #include "h265/h265_scaling_list_data.syntax.h"
 #include "h265/h265_st_ref_pic_set.syntax.h"

@@ -3,6 +3,8 @@
 
 #include "h2645_common/element.h"
 #include "h2645_common/value_range.h"
+#include "h265/h265_pps_3d_extension.syntax.h"
+#include "h265/h265_pps_multilayer_extension.syntax.h"
 #include "h265/palette_predictor.syntax.h"
 #include "h265/pps_ranges.h"
 
@@ -79,8 +81,7 @@ template <class Walker, class Extension, class Sps>
         extension.luma_bit_depth_entry_minus8, extension.chroma_bit_depth_entry_minus8);
 }
 
-// What follows pps_extension_present_flag, clause 7.3.2.3.1. Extensions of more than one layer are
-// not known: they, and what stands behind them, are extension data.
+// What follows pps_extension_present_flag, clause 7.3.2.3.1.
 template <class Walker, class Pps, class Sps>
 [[nodiscard]] bool pps_extensions(Walker& walk, Pps& pps, const Sps* sps) {
     walk.u(1, ELEMENT(pps, pps_range_extension_flag));
@@ -94,8 +95,16 @@ template <class Walker, class Pps, class Sps>
         })) {
         return false;
     }
-    if (pps.pps_multilayer_extension_flag || pps.pps_3d_extension_flag) {
-        return walk.extension_data(ELEMENT(pps, pps_extension_data_flag));
+    if (pps.pps_multilayer_extension_flag &&
+        !walk.structure(ELEMENT(pps, pps_multilayer_extension), [&](auto& extension) {
+            return pps_multilayer_extension(walk, extension);
+        })) {
+        return false;
+    }
+    if (pps.pps_3d_extension_flag &&
+        !walk.structure(ELEMENT(pps, pps_3d_extension),
+                        [&](auto& extension) { return pps_3d_extension(walk, extension); })) {
+        return false;
     }
     if (pps.pps_scc_extension_flag &&
         !walk.structure(ELEMENT(pps, pps_scc_extension),

@@ -1,6 +1,7 @@
 #ifndef KOVRAN_SRC_H265_READING_RULES_H
 #define KOVRAN_SRC_H265_READING_RULES_H
 
+#include "h2645_common/ceil_log2.h"
 #include "h2645_common/wrapping.h"
 #include "h265/derived_pictures.h"
 #include "h265/picture_size.h"
@@ -458,14 +459,7 @@ struct standard_rules {
         return PicSizeInCtbsY >> 32 == 0 ? static_cast<unsigned int>(PicSizeInCtbsY) : 0;
     }
 
-    // Ceil( Log2( count ) ), of a count that is not 0.
-    static unsigned char index_width(unsigned int count) {
-        unsigned char width = 0;
-        for (unsigned int highest = count - 1; highest != 0; highest >>= 1) {
-            ++width;
-        }
-        return width;
-    }
+    static unsigned char index_width(unsigned int count) { return ceil_log2(count); }
 
     template <class Slice>
     static bool is_dependent(const Slice& slice) {

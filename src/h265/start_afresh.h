@@ -21,7 +21,7 @@ namespace kovran {
 // its arrays. The fields of a record are named in its own order; the compiler counts them. A fresh
 // field is 0, false or empty.
 //
-// Arrays of records and of arrays keep their entries, each of them fresh. So do those that are
+// Arrays whose entries have memory of their own keep them, each of them fresh. So do those that are
 // sized whenever their structure is read: sparse() ones, whose entries are not all read then, with
 // zeros; full() ones as they are, as are those that the reading itself starts afresh. A reading
 // that does not come to them has to drop them.
@@ -41,6 +41,10 @@ inline void start_afresh(h265_sps_multilayer_extension& record);
 inline void start_afresh(h265_sps_3d_extension& record);
 inline void start_afresh(h265_nal_sps& record);
 inline void start_afresh(h265_pps_range_extension& record);
+inline void start_afresh(h265_colour_mapping_table& record);
+inline void start_afresh(h265_pps_multilayer_extension& record);
+inline void start_afresh(h265_delta_dlt& record);
+inline void start_afresh(h265_pps_3d_extension& record);
 inline void start_afresh(h265_pps_scc_extension& record);
 inline void start_afresh(h265_nal_pps& record);
 inline void start_afresh(h265_ref_pic_lists_modification& record);
@@ -57,7 +61,7 @@ std::enable_if_t<std::is_arithmetic_v<Value>> start_afresh(Value& value) {
 
 template <class Value>
 void start_afresh(std::vector<Value>& array) {
-    if constexpr (std::is_arithmetic_v<Value>) {
+    if constexpr (std::is_trivially_destructible_v<Value>) {
         array.clear();
     } else {
         for (Value& entry : array) {
@@ -339,6 +343,52 @@ inline void start_afresh(h265_pps_range_extension& record) {
                      log2_sao_offset_scale_chroma);
 }
 
+inline void start_afresh(h265_colour_mapping_table& record) {
+    auto& [num_cm_ref_layers_minus1, cm_ref_layer_id, cm_octant_depth, cm_y_part_num_log2,
+           luma_bit_depth_cm_input_minus8, chroma_bit_depth_cm_input_minus8,
+           luma_bit_depth_cm_output_minus8, chroma_bit_depth_cm_output_minus8, cm_res_quant_bits,
+           cm_delta_flc_bits_minus1, cm_adapt_threshold_u_delta, cm_adapt_threshold_v_delta,
+           split_octant_flag, parts] = record;
+    start_all_afresh(num_cm_ref_layers_minus1, cm_ref_layer_id, cm_octant_depth, cm_y_part_num_log2,
+                     luma_bit_depth_cm_input_minus8, chroma_bit_depth_cm_input_minus8,
+                     luma_bit_depth_cm_output_minus8, chroma_bit_depth_cm_output_minus8,
+                     cm_res_quant_bits, cm_delta_flc_bits_minus1, cm_adapt_threshold_u_delta,
+                     cm_adapt_threshold_v_delta, split_octant_flag, parts);
+}
+
+inline void start_afresh(h265_pps_multilayer_extension& record) {
+    auto& [poc_reset_info_present_flag, pps_infer_scaling_list_flag, pps_scaling_list_ref_layer_id,
+           num_ref_loc_offsets, ref_loc_offset_layer_id, scaled_ref_layer_offset_present_flag,
+           scaled_ref_layer_left_offset, scaled_ref_layer_top_offset, scaled_ref_layer_right_offset,
+           scaled_ref_layer_bottom_offset, ref_region_offset_present_flag, ref_region_left_offset,
+           ref_region_top_offset, ref_region_right_offset, ref_region_bottom_offset,
+           resample_phase_set_present_flag, phase_hor_luma, phase_ver_luma, phase_hor_chroma_plus8,
+           phase_ver_chroma_plus8, colour_mapping_enabled_flag, colour_mapping_table] = record;
+    start_all_afresh(
+        poc_reset_info_present_flag, pps_infer_scaling_list_flag, pps_scaling_list_ref_layer_id,
+        num_ref_loc_offsets, ref_loc_offset_layer_id, scaled_ref_layer_offset_present_flag,
+        scaled_ref_layer_left_offset, scaled_ref_layer_top_offset, scaled_ref_layer_right_offset,
+        scaled_ref_layer_bottom_offset, ref_region_offset_present_flag, ref_region_left_offset,
+        ref_region_top_offset, ref_region_right_offset, ref_region_bottom_offset,
+        resample_phase_set_present_flag, phase_hor_luma, phase_ver_luma, phase_hor_chroma_plus8,
+        phase_ver_chroma_plus8, colour_mapping_enabled_flag, colour_mapping_table);
+}
+
+inline void start_afresh(h265_delta_dlt& record) {
+    auto& [num_val_delta_dlt, max_diff, min_diff_minus1, delta_dlt_val0, delta_val_diff_minus_min] =
+        record;
+    start_all_afresh(num_val_delta_dlt, max_diff, min_diff_minus1, delta_dlt_val0,
+                     delta_val_diff_minus_min);
+}
+
+inline void start_afresh(h265_pps_3d_extension& record) {
+    auto& [dlts_present_flag, pps_depth_layers_minus1, pps_bit_depth_for_depth_layers_minus8,
+           dlt_flag, dlt_pred_flag, dlt_val_flags_present_flag, dlt_value_flag, delta_dlt] = record;
+    start_all_afresh(dlts_present_flag, pps_depth_layers_minus1,
+                     pps_bit_depth_for_depth_layers_minus8, dlt_flag, dlt_pred_flag,
+                     dlt_val_flags_present_flag, dlt_value_flag, delta_dlt);
+}
+
 inline void start_afresh(h265_pps_scc_extension& record) {
     auto& [pps_curr_pic_ref_enabled_flag, residual_adaptive_colour_transform_enabled_flag,
            pps_slice_act_qp_offsets_present_flag, pps_act_y_qp_offset_plus5,
@@ -372,8 +422,9 @@ inline void start_afresh(h265_nal_pps& record) {
            scaling_list_data, lists_modification_present_flag, log2_parallel_merge_level_minus2,
            slice_segment_header_extension_present_flag, pps_extension_present_flag, valid,
            pps_range_extension_flag, pps_multilayer_extension_flag, pps_3d_extension_flag,
-           pps_scc_extension_flag, pps_extension_4bits, pps_range_extension, pps_scc_extension,
-           pps_extension_data_flag] = record;
+           pps_scc_extension_flag, pps_extension_4bits, pps_range_extension,
+           pps_multilayer_extension, pps_3d_extension, pps_scc_extension, pps_extension_data_flag] =
+        record;
     start_all_afresh(
         pps_pic_parameter_set_id, pps_seq_parameter_set_id, dependent_slice_segments_enabled_flag,
         output_flag_present_flag, num_extra_slice_header_bits, sign_data_hiding_enabled_flag,
@@ -391,7 +442,7 @@ inline void start_afresh(h265_nal_pps& record) {
         log2_parallel_merge_level_minus2, slice_segment_header_extension_present_flag,
         pps_extension_present_flag, valid, pps_range_extension_flag, pps_multilayer_extension_flag,
         pps_3d_extension_flag, pps_scc_extension_flag, pps_extension_4bits, pps_range_extension,
-        pps_scc_extension, pps_extension_data_flag);
+        pps_multilayer_extension, pps_3d_extension, pps_scc_extension, pps_extension_data_flag);
 }
 
 inline void start_afresh(h265_ref_pic_lists_modification& record) {
@@ -511,7 +562,8 @@ inline void drop_extensions(h265_nal_sps& sps) {
 inline void drop_extensions(h265_nal_pps& pps) {
     start_all_afresh(pps.pps_range_extension_flag, pps.pps_multilayer_extension_flag,
                      pps.pps_3d_extension_flag, pps.pps_scc_extension_flag, pps.pps_extension_4bits,
-                     pps.pps_range_extension, pps.pps_scc_extension);
+                     pps.pps_range_extension, pps.pps_multilayer_extension, pps.pps_3d_extension,
+                     pps.pps_scc_extension);
 }
 
 // What is left of the entries that start_afresh() keeps when the stream has no such structure:
@@ -554,6 +606,10 @@ inline void drop_entries(h265_st_ref_pic_set& set) {
     set.used_by_curr_pic_s0_flag.clear();
     set.delta_poc_s1_minus1.clear();
     set.used_by_curr_pic_s1_flag.clear();
+}
+inline void drop_entries(h265_pps_3d_extension& extension) {
+    extension.dlt_value_flag.clear();
+    extension.delta_dlt.clear();
 }
 inline void drop_entries(std::vector<h265_hrd_parameters>& structures) {
     structures.clear();

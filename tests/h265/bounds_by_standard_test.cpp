@@ -17,6 +17,7 @@
 
 #include "support/allocation_failure.h"
 #include "support/bit_writer.h"
+#include "support/extensions.h"
 #include "support/parameter_sets.h"
 #include "support/rbsp.h"
 
@@ -147,6 +148,39 @@ TEST(BoundsByStandard, OfHrdParametersOfAnSps) {
     sps.vui = bit_writer().u<1>(1).u<8>(0).u<1>(0).u<1>(1).u<32>(1).u<32>(1).u<1>(0).u<1>(1);
     sps.extension = bit_writer();
     expect_bounded_counts<h265_nal_sps>(sps.payload(), sps_parse());
+}
+
+TEST(BoundsByStandard, OfExtensionsOfAnSps) {
+    const auto scc = bit_writer().u<8>(0b00010000).u<1>(0).u<1>(1).ue(64).ue(64).u<1>(1).ue(127);
+    const auto data = bit_writer().u<8>(0b00001111);
+    for (const bit_writer& extension : {scc, data, test::full_sps_extensions().syntax}) {
+        test::sps_syntax sps = test::sps_with_extension(extension);
+        sps.bit_depths = bit_writer().ue(8).ue(8);
+        expect_bounded_counts<h265_nal_sps>(sps.payload(), sps_parse());
+    }
+}
+
+TEST(BoundsByStandard, OfExtensionsOfAPps) {
+    const auto offsets = bit_writer().u<8>(0b01000000).u<2>(0).ue(62);
+    const auto layers = bit_writer().u<8>(0b01000000).u<2>(0).ue(0).u<1>(1).ue(61);
+    auto octants = bit_writer().u<8>(0b01000000).u<2>(0).ue(0).u<1>(1).ue(0).u<6>(0);
+    octants.u<4>(0b0111).ue(8).ue(8).ue(0).ue(0).u<4>(0).se(0).se(0).u<1>(1);
+    const auto depth_layers = bit_writer().u<8>(0b00100000).u<1>(1).u<6>(63);
+    const auto flags = bit_writer(depth_layers).u<4>(15).u<3>(0b101);
+    auto deltas = bit_writer(depth_layers).u<4>(15).u<3>(0b100);
+    deltas.u<23>(0x7FFFFF).u<23>(1).u<1>(0);
+    const auto palette = bit_writer().u<8>(0b00010000).u<3>(0b001).ue(128).u<1>(0).ue(8).ue(8);
+    const auto data = bit_writer().u<8>(0b00001111);
+    h2645_common_base_store<h265_nal_sps> sps_store;
+    for (const bit_writer& extension :
+         {offsets, layers, octants, bit_writer(depth_layers).u<4>(0), flags, deltas, palette, data,
+          test::full_pps_extensions().syntax}) {
+        expect_bounded_counts<h265_nal_pps>(
+            test::pps_with_extension(extension).payload(),
+            [&](h265_nal_pps& record, h2645_common_bitreader& reader) {
+                return record.parse_standard(reader, sps_store);
+            });
+    }
 }
 
 TEST(BoundsByStandard, OfTilesOfAPps) {

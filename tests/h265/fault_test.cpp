@@ -683,6 +683,15 @@ TEST(Fault, HasALineOfTextOfEachKind) {
     EXPECT_EQ(to_string(fault_of(sps)),
               "scaling_list_data.scaling_list_pred_matrix_id_delta[0][1] at bit 165 is 2; allowed: "
               "0 to 1");
+    test::sps_syntax old_sps;
+    old_sps.extension = test::bit_writer().u<1>(1).u<3>(0b101);
+    h2645_common_base_store<h265_nal_vps> no_vps;
+    h265_fault unknown;
+    test::rbsp old_input{old_sps.rbsp().bytes()};
+    EXPECT_TRUE(h265_nal_sps().parse_standard(old_input.reader, no_vps, &unknown));
+    EXPECT_EQ(to_string(unknown),
+              "kept as data: no extension that is known follows sps_extension_present_flag at bit "
+              "169");
     slice_host host(1);
     EXPECT_EQ(to_string(host.fault(test::bit_writer().u<1>(1).ue(5))),
               "PPS 5 is missing, needed by slice_pic_parameter_set_id at bit 1");

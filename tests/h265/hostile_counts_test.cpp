@@ -15,6 +15,7 @@
 
 #include "support/allocation_failure.h"
 #include "support/bit_writer.h"
+#include "support/extensions.h"
 #include "support/parameter_sets.h"
 #include "support/rbsp.h"
 
@@ -207,6 +208,49 @@ TEST(HostileCounts, OfTilesOfAPpsTakeAKilobyte) {
     // Behind 54 bits the sizes; then seven flags, and log2_parallel_merge_level_minus2 among them.
     constexpr std::size_t end = 54 + 2 * 128 * code + 7 + code;
     expect_cost(measured, 7, 2 * 128 * value, end + trailing_bits(end) - 56);
+}
+
+// By the standard's rules, where an extension is refused with all that it announces: what is left
+// is the general profile, the ordering information and the extension data, all of them small.
+TEST(HostileCounts, OfAPaletteOfAnSpsTakeNothingByTheStandard) {
+    auto vps_store = test::vps_store_with(0);
+    const bit_writer palette = bit_writer().u<8>(0b00010000).u<1>(0).u<1>(1).ue(64).ue(64);
+    for (const unsigned int count : {128U, 129U, 0xFFFFFFFFU}) {
+        const cost measured = cost_of<h265_nal_sps>(
+            test::sps_with_extension(bit_writer(palette).u<1>(1).ue(count - 1)).rbsp(),
+            [&](h265_nal_sps& record, h2645_common_bitreader& reader) {
+                return record.parse_standard(reader, vps_store);
+            });
+        EXPECT_LE(measured.memory, 3 * 128 * value + 512) << count;
+        EXPECT_EQ(measured.bits_behind_the_end, 0U) << count;
+    }
+}
+
+TEST(HostileCounts, OfExtensionsOfAPpsTakeNothingByTheStandard) {
+    h2645_common_base_store<h265_nal_sps> sps_store;
+    const bit_writer multilayer = bit_writer().u<8>(0b01000000).u<2>(0);
+    const bit_writer depth = bit_writer().u<8>(0b00100000).u<1>(1);
+    const auto refused = {
+        bit_writer().u<8>(0b10000000).ue(0).u<1>(0).u<1>(1).ue(0).ue(0xFFFFFFFE),
+        bit_writer(multilayer).ue(62),
+        bit_writer(multilayer).ue(0xFFFFFFFE),
+        bit_writer(multilayer).ue(0).u<1>(1).ue(61),
+        bit_writer(multilayer).ue(0).u<1>(1).ue(0xFFFFFFFE),
+        bit_writer(depth).u<6>(63).u<4>(15),
+        bit_writer(depth).u<6>(0).u<4>(15).u<3>(0b101),
+        bit_writer(depth).u<6>(0).u<4>(15).u<3>(0b100).u<23>(0x7FFFFF).u<23>(1).u<1>(0).u<23>(0),
+        bit_writer().u<8>(0b00010000).u<3>(0b001).ue(0xFFFFFFFE)};
+    std::size_t i = 0;
+    for (const bit_writer& extension : refused) {
+        SCOPED_TRACE(i++);
+        const cost measured =
+            cost_of<h265_nal_pps>(test::pps_with_extension(extension).rbsp(),
+                                  [&](h265_nal_pps& record, h2645_common_bitreader& reader) {
+                                      return record.parse_standard(reader, sps_store);
+                                  });
+        EXPECT_LE(measured.memory, 256U);
+        EXPECT_EQ(measured.bits_behind_the_end, 0U);
+    }
 }
 
 // ---- SEI messages

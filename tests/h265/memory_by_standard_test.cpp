@@ -14,6 +14,7 @@
 
 #include "support/allocation_failure.h"
 #include "support/bit_writer.h"
+#include "support/extensions.h"
 #include "support/full_values.h"
 #include "support/parameter_sets.h"
 #include "support/rbsp.h"
@@ -64,7 +65,7 @@ void expect_exhaustion_told(const test::bit_writer& bits, bool throws, Parse par
         EXPECT_EQ(read, !failed);
         EXPECT_EQ(record.valid, read);
         if (failed) {
-            EXPECT_EQ(fault.kind, h265_fault_kind::no_memory);
+            EXPECT_EQ(fault.kind, h265_fault_kind::no_memory) << to_string(fault);
             EXPECT_NE(std::string(fault.element.name), "");
             EXPECT_TRUE(test::same_fields(record, Record()));
         }
@@ -100,6 +101,16 @@ test::bit_writer profile_tier_level() {
     return test::append(bits, test::minimal_profile_tier_level());
 }
 
+// Extensions without their last bits, among which is one that is 1: they are kept as they are.
+test::bit_writer cut_off(const test::bit_writer& extensions) {
+    constexpr std::size_t missing = 20;
+    test::bit_writer bits;
+    for (std::size_t i = 0; i < extensions.size() - missing; ++i) {
+        bits.u<1>(extensions.bytes()[i / 8] >> (7 - i % 8) & 1U);
+    }
+    return bits;
+}
+
 TEST(MemoryByStandard, OfAVps) {
     const auto parse = [](auto& record, auto& reader, h265_fault* fault) {
         return record.parse_standard(reader, fault);
@@ -133,6 +144,10 @@ TEST(MemoryByStandard, OfAnSps) {
     sps.vui.u<1>(1).u<32>(1).u<32>(50).u<1>(0).u<1>(1);
     test::append(sps.vui, hrd_parameters()).u<1>(0);
     expect_sound_memory<h265_nal_sps>(sps.rbsp(), parse);
+
+    const auto extensions = test::full_sps_extensions().syntax;
+    expect_sound_memory<h265_nal_sps>(test::sps_with_extension(extensions).rbsp(), parse);
+    expect_sound_memory<h265_nal_sps>(test::sps_with_extension(cut_off(extensions)).rbsp(), parse);
 }
 
 TEST(MemoryByStandard, OfAPps) {
@@ -142,6 +157,14 @@ TEST(MemoryByStandard, OfAPps) {
     };
     expect_sound_memory<h265_nal_pps>(test::bits_of(test::full_pps_values()), parse);
     expect_nothing_allocated<h265_nal_pps>(test::bits_of(test::pps_values()), parse);
+
+    const auto extensions = test::full_pps_extensions().syntax;
+    expect_sound_memory<h265_nal_pps>(test::pps_with_extension(extensions).rbsp(), parse);
+    test::bit_writer broken = test::bit_writer().u<8>(0b11010000);
+    test::append(broken, test::pps_range_extension().syntax);
+    test::append(broken, test::pps_multilayer_extension().syntax);
+    test::append(broken, test::pps_scc_extension().syntax);
+    expect_sound_memory<h265_nal_pps>(test::pps_with_extension(cut_off(broken)).rbsp(), parse);
 }
 
 void expect_sound_memory_of_slice(const test::slice_values& values) {

@@ -164,5 +164,30 @@ TEST(NotedRules, NameABoundThatTheStandardHas) {
     EXPECT_EQ(notes_of(trace), (notes{{"chroma_format_idc", "max_sps_id"}}));
 }
 
+// At the extension data that are skipped, or behind the last element where there are none.
+TEST(NotedRules, NameExtensionsThatAreSkipped) {
+    test::sps_syntax sps_syntax;
+    sps_syntax.extension = test::bit_writer().u<1>(1).u<8>(0b10000000).u<9>(1);
+    test::rbsp sps_input{sps_syntax.rbsp().bytes()};
+    auto vps_store = test::vps_store_with(0);
+    h265_nal_sps sps;
+    h265_trace trace;
+    EXPECT_TRUE(sps.parse(sps_input.reader, vps_store, trace));
+    EXPECT_EQ(notes_of(trace), (notes{{"sps_extension_data_flag", "knows_extensions"}}));
+
+    test::pps_syntax pps_syntax;
+    pps_syntax.extension = test::bit_writer().u<1>(1);
+    test::rbsp pps_input{pps_syntax.rbsp().bytes()};
+    auto sps_store = test::sps_store_with(0);
+    h265_nal_pps pps;
+    EXPECT_TRUE(pps.parse(pps_input.reader, sps_store, trace));
+    EXPECT_EQ(notes_of(trace), (notes{{"rbsp_stop_one_bit", "knows_extensions"}}));
+
+    pps_syntax.extension = test::bit_writer().u<1>(0);
+    test::rbsp plain_input{pps_syntax.rbsp().bytes()};
+    EXPECT_TRUE(pps.parse(plain_input.reader, sps_store, trace));
+    EXPECT_EQ(notes_of(trace), notes());
+}
+
 }  // namespace
 }  // namespace kovran

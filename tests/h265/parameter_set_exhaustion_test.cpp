@@ -9,6 +9,7 @@
 
 #include "support/allocation_failure.h"
 #include "support/bit_writer.h"
+#include "support/extensions.h"
 #include "support/parameter_sets.h"
 #include "support/rbsp.h"
 #include "support/reuse_exhaustion.h"
@@ -549,6 +550,58 @@ TEST(ParameterSetExhaustion, ClearsValidOfAParameterSetReadByTheStandard) {
             }();
             return pps.parse_standard(reader, store);
         });
+}
+
+bool parse_standard_sps(h265_nal_sps& sps, h2645_common_bitreader& reader) {
+    static h2645_common_base_store<h265_nal_vps> store;
+    return sps.parse_standard(reader, store);
+}
+
+bool parse_standard_pps(h265_nal_pps& pps, h2645_common_bitreader& reader) {
+    static h2645_common_base_store<h265_nal_sps> store;
+    return pps.parse_standard(reader, store);
+}
+
+TEST(ParameterSetExhaustion, ClearsValidOfAParameterSetWithExtensions) {
+    expect_standard_failure<h265_nal_sps>(
+        test::sps_with_extension(test::full_sps_extensions().syntax).rbsp().bytes(),
+        parse_standard_sps);
+    expect_standard_failure<h265_nal_pps>(
+        test::pps_with_extension(test::full_pps_extensions().syntax).rbsp().bytes(),
+        parse_standard_pps);
+}
+
+TEST(ParameterSetExhaustion, ClearsValidOfAParameterSetWithAnUnknownExtension) {
+    const auto unknown = test::bit_writer().u<8>(0b11010000).u<64>(0x123456789ABCDEF);
+    expect_standard_failure<h265_nal_sps>(test::sps_with_extension(unknown).rbsp().bytes(),
+                                          parse_standard_sps);
+    expect_standard_failure<h265_nal_pps>(test::pps_with_extension(unknown).rbsp().bytes(),
+                                          parse_standard_pps);
+}
+
+// Small extensions of the same kinds, which allocate less.
+TEST(ParameterSetReuse, SurvivesExhaustionInExtensions) {
+    test::bit_writer sps = test::bit_writer().u<8>(0b00010001);
+    sps.u<1>(0).u<1>(1).ue(1).ue(0).u<1>(1).ue(0).u<24>(0).u<2>(0).u<1>(0).u<1>(1);
+    expect_sound_reuse(
+        content_of<h265_nal_sps>(test::sps_with_extension(sps).rbsp(), parse_standard_sps),
+        content_of<h265_nal_sps>(
+            test::sps_with_extension(test::full_sps_extensions().syntax).rbsp(),
+            parse_standard_sps),
+        exhaustion::returns_false, becomes_false<h265_nal_sps>);
+
+    test::bit_writer pps = test::bit_writer().u<8>(0b11110001);
+    pps.ue(0).u<1>(0).u<1>(1).ue(0).ue(0).se(0).se(0).ue(0).ue(0);
+    pps.u<1>(0).u<1>(0).ue(1).u<6>(0).u<3>(0).u<1>(1);
+    pps.ue(0).u<6>(0).u<4>(0).ue(0).ue(0).ue(0).ue(0).u<4>(0).u<4>(0);
+    pps.u<1>(1).u<6>(0).u<4>(0).u<1>(1).u<2>(0b00).u<8>(0);
+    pps.u<3>(0b001).ue(1).u<1>(0).ue(0).ue(0).u<24>(0).u<1>(1);
+    expect_sound_reuse(
+        content_of<h265_nal_pps>(test::pps_with_extension(pps).rbsp(), parse_standard_pps),
+        content_of<h265_nal_pps>(
+            test::pps_with_extension(test::full_pps_extensions().syntax).rbsp(),
+            parse_standard_pps),
+        exhaustion::returns_false, becomes_false<h265_nal_pps>);
 }
 
 }  // namespace

@@ -1,19 +1,24 @@
+#include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_nal_pps.h>
 #include <kovran/h265/h265_nal_reader.h>
 #include <kovran/h265/h265_nal_sps.h>
 #include <kovran/h265/h265_nal_vps.h>
+#include <kovran/h265/h265_trace.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "support/bit_writer.h"
 #include "support/parameter_set_elements.h"
 #include "support/rbsp.h"
+#include "support/rbsp_of_unit.h"
 #include "support/stream_reading.h"
 
 namespace kovran {
@@ -395,6 +400,90 @@ TEST_P(ParameterSetStreams, HoldWhatAnotherReaderFound) {
         reader.scan(reader.cursor, stream.end());
     }
     EXPECT_GE(parameter_sets, 3U);
+}
+
+// An element with the place of its bits, counted behind the NAL unit header.
+struct placed_element {
+    std::string name;
+    std::int64_t value = 0;
+    std::size_t bit = 0;
+    std::size_t width = 0;
+
+    bool operator==(const placed_element& other) const {
+        return name == other.name && value == other.value && bit == other.bit &&
+               width == other.width;
+    }
+};
+
+void PrintTo(const placed_element& each, std::ostream* out) {
+    *out << each.name << " = " << each.value << " at " << each.bit << ", " << each.width << " bits";
+}
+
+// Behind the extension flag of a parameter set, with the names of the last edition.
+std::vector<placed_element> extensions_of(const test::unit_reading& unit) {
+    const std::string prefix = unit.nal_unit_type == SPS_NUT ? "sps" : "pps";
+    const std::map<std::string, std::string> other_names = {
+        {"extension_data", prefix + "_extension_data_flag"},
+        {"intra_boundary_filtering_disable_flag", "intra_boundary_filtering_disabled_flag"},
+        {prefix + "_palette_predictor_initializer_present_flag",
+         prefix + "_palette_predictor_initializers_present_flag"}};
+    std::vector<placed_element> all;
+    bool is_behind_flag = false;
+    for (const auto& each : unit.elements) {
+        placed_element element = {each[0], each[1], each[2], each[3]};
+        element.bit -= 16;
+        if (is_behind_flag && element.name.rfind("rbsp_", 0) != 0) {
+            const auto other = other_names.find(element.name);
+            element.name = other != other_names.end() ? other->second : element.name;
+            all.push_back(element);
+        }
+        is_behind_flag = is_behind_flag || element.name == prefix + "_extension_present_flag";
+    }
+    return all;
+}
+
+std::vector<placed_element> extensions_of(const h265_trace& trace) {
+    std::vector<placed_element> all;
+    bool is_behind_flag = false;
+    for (const h265_traced_element& each : trace.elements) {
+        const std::string name = to_string(name_of(trace, each));
+        if (is_behind_flag && name.rfind("rbsp_", 0) != 0) {
+            all.push_back({name, each.value, each.first_bit, each.width});
+            EXPECT_FALSE(each.out_of_range) << name;
+        }
+        is_behind_flag = is_behind_flag || name == "sps_extension_present_flag" ||
+                         name == "pps_extension_present_flag";
+    }
+    return all;
+}
+
+// A PPS is the same in every layer.
+TEST_P(ParameterSetStreams, HaveTheExtensionsThatAnotherReaderFound) {
+    const test::stream_reading stream = test::load_stream_reading(GetParam());
+    h2645_common_base_store<h265_nal_vps> vps_store;
+    h2645_common_base_store<h265_nal_sps> sps_store;
+    h2645_common_base_store<h265_nal_sps> no_sps;
+    for (const test::unit_reading& unit : stream.units) {
+        const bool is_sps = unit.nal_unit_type == SPS_NUT && unit.nuh_layer_id == 0;
+        if (unit.elements.empty() || (!is_sps && unit.nal_unit_type != PPS_NUT)) {
+            continue;
+        }
+        SCOPED_TRACE("NAL unit at byte " + std::to_string(unit.offset));
+        test::rbsp input{test::rbsp_of_unit(stream, unit)};
+        h265_trace trace;
+        h265_fault fault;
+        if (is_sps) {
+            h265_nal_sps sps;
+            EXPECT_TRUE(sps.parse_standard(input.reader, vps_store, trace, &fault));
+            sps_store[sps.sps_seq_parameter_set_id] = sps;
+        } else {
+            h265_nal_pps pps;
+            EXPECT_TRUE(pps.parse_standard(
+                input.reader, unit.nuh_layer_id == 0 ? sps_store : no_sps, trace, &fault));
+        }
+        EXPECT_EQ(fault.kind, h265_fault_kind::none) << to_string(fault);
+        EXPECT_EQ(extensions_of(trace), extensions_of(unit));
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(AllStreams, ParameterSetStreams, testing::ValuesIn(test::stream_names()),

@@ -400,7 +400,7 @@ TEST(SliceEnd, LeavesNothingOfAnEarlierSlice) {
     h265_slice_segment_header used;
     stream.parse(used, full);
     EXPECT_EQ(used.entry_point_offset_minus1, std::vector<unsigned int>{0xFEDCBA98});
-    EXPECT_TRUE(used.pred_weight_table.luma_weight_l1_flag[1]);
+    EXPECT_TRUE(used.pred_weight_table.chroma_weight_l1_flag[1]);
 
     pps = h265_nal_pps();
     pps.dependent_slice_segments_enabled_flag = true;

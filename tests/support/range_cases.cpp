@@ -3,61 +3,12 @@
 #include <cstddef>
 #include <utility>
 
+#include "support/extension_range_cases.h"
+#include "support/range_case_list.h"
 #include "support/syntax_values.h"
 
 namespace kovran::test {
 namespace {
-
-// Collects the cases of units that are written from values of one type.
-template <class Values>
-class case_list {
-public:
-    case_list() = default;
-    explicit case_list(const Values& base) : base_(base) {}
-
-    // `set` gives the element a value, and the elements beside it what the range is for.
-    template <class Set>
-    void at_most(const std::string& element, std::int64_t lowest, std::int64_t highest, Set set) {
-        add(element, lowest, highest, highest, highest + 1, set);
-    }
-    template <class Set>
-    void at_least(const std::string& element, std::int64_t lowest, std::int64_t highest, Set set) {
-        add(element, lowest, highest, lowest, lowest - 1, set);
-    }
-    // Of multiples of `lowest`.
-    template <class Set>
-    void at_least_one(const std::string& element, std::int64_t lowest, std::int64_t highest,
-                      Set set) {
-        add(element, lowest, highest, lowest, 0, set);
-    }
-    template <class Set>
-    void within(const std::string& element, std::int64_t lowest, std::int64_t highest, Set set) {
-        at_least(element, lowest, highest, set);
-        at_most(element, lowest, highest, set);
-    }
-    template <class Set>
-    void reserved_above(const std::string& element, std::int64_t highest, Set set) {
-        at_most(element, 0, highest, set);
-        cases_.back().reserved = true;
-    }
-
-    std::vector<range_case> cases() const { return cases_; }
-
-private:
-    template <class Set>
-    void add(const std::string& element, std::int64_t lowest, std::int64_t highest,
-             std::int64_t limit, std::int64_t past, Set set) {
-        Values at_limit = base_;
-        set(at_limit, limit);
-        Values past_limit = base_;
-        set(past_limit, past);
-        cases_.push_back({element, lowest, highest, limit, past, bits_of(at_limit),
-                          bits_of(past_limit), /*reserved=*/false});
-    }
-
-    Values base_;
-    std::vector<range_case> cases_;
-};
 
 constexpr std::int64_t no_bound = 0xFFFFFFFE;  // but that of ue(v)
 
@@ -724,24 +675,28 @@ range_table active_parameter_sets_ranges() {
 }  // namespace
 
 std::vector<range_table> range_tables() {
-    return {vps_ranges(),
-            sps_ranges(),
-            pps_ranges(),
-            pps_scaling_list_ranges(),
-            slice_ranges(),
-            list_modification_ranges(),
-            slice_end_ranges(),
-            entry_point_ranges(/*tiles=*/true, /*wavefronts=*/false, 5),
-            entry_point_ranges(/*tiles=*/false, /*wavefronts=*/true, 3),
-            entry_point_ranges(/*tiles=*/true, /*wavefronts=*/true, 11),
-            weight_ranges_of_list("l0", /*slice_type=*/1),
-            weight_ranges_of_list("l1", /*slice_type=*/0),
-            colour_plane_ranges(),
-            aud_ranges(),
-            buffering_period_ranges(),
-            pic_timing_of_frames_ranges(),
-            pic_timing_of_fields_ranges(),
-            active_parameter_sets_ranges()};
+    std::vector<range_table> tables = {vps_ranges(),
+                                       sps_ranges(),
+                                       pps_ranges(),
+                                       pps_scaling_list_ranges(),
+                                       slice_ranges(),
+                                       list_modification_ranges(),
+                                       slice_end_ranges(),
+                                       entry_point_ranges(/*tiles=*/true, /*wavefronts=*/false, 5),
+                                       entry_point_ranges(/*tiles=*/false, /*wavefronts=*/true, 3),
+                                       entry_point_ranges(/*tiles=*/true, /*wavefronts=*/true, 11),
+                                       weight_ranges_of_list("l0", /*slice_type=*/1),
+                                       weight_ranges_of_list("l1", /*slice_type=*/0),
+                                       colour_plane_ranges(),
+                                       aud_ranges(),
+                                       buffering_period_ranges(),
+                                       pic_timing_of_frames_ranges(),
+                                       pic_timing_of_fields_ranges(),
+                                       active_parameter_sets_ranges()};
+    for (range_table& each : extension_range_tables()) {
+        tables.push_back(std::move(each));
+    }
+    return tables;
 }
 
 }  // namespace kovran::test

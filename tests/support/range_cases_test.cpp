@@ -29,35 +29,34 @@ using elements = std::vector<test::element>;
 // What a unit was read as; nothing when it could not be read.
 using reading = std::optional<elements>;
 
-template <class Record>
-elements fields_of(const Record& record);
-
-// A number, or what an array or a record has of them.
-template <class Field>
-elements numbers_in(const std::string& name, const Field& field) {
-    if constexpr (std::is_arithmetic_v<Field>) {
-        return {{name, static_cast<std::int64_t>(field)}};
-    } else if constexpr (test::is_record<Field>::value) {
-        return fields_of(field);
+// Numbers by the name of their field and their indices in it, those of the records in it as well.
+template <class Value>
+void add_fields(elements& all, const std::string& name, const Value& value) {
+    if constexpr (std::is_arithmetic_v<Value>) {
+        all.push_back({name, value});
+    } else if constexpr (test::is_record<Value>::value) {
+        test::for_each_field(
+            value, [&](const char* inner, const auto& field) { add_fields(all, inner, field); });
     } else {
-        elements all;
-        for (std::size_t i = 0; i < field.size(); ++i) {
-            const std::decay_t<typename Field::value_type> entry = field[i];
-            const elements nested = numbers_in(name + "[" + std::to_string(i) + "]", entry);
-            all.insert(all.end(), nested.begin(), nested.end());
+        for (std::size_t i = 0; i < value.size(); ++i) {
+            const typename Value::value_type entry = value[i];
+            add_fields(all, name + "[" + std::to_string(i) + "]", entry);
         }
-        return all;
     }
 }
 
-// The fields of a record, and of the records in it.
 template <class Record>
 elements fields_of(const Record& record) {
     elements all;
-    test::for_each_field(record, [&](const char* name, const auto& field) {
-        const elements nested = numbers_in(name, field);
-        all.insert(all.end(), nested.begin(), nested.end());
-    });
+    add_fields(all, "", record);
+    return all;
+}
+
+// With the names that only elements have, before those that are fields as well.
+template <class ParameterSet>
+elements all_of(const ParameterSet& parameter_set) {
+    elements all = test::elements_of(parameter_set);
+    add_fields(all, "", parameter_set);
     return all;
 }
 
@@ -77,13 +76,13 @@ public:
                 h265_nal_sps sps;
                 const bool read = sps.parse_standard(input.reader, vps_store_);
                 sps_store_[sps.sps_seq_parameter_set_id] = sps;
-                return read ? reading(test::elements_of(sps)) : std::nullopt;
+                return read ? reading(all_of(sps)) : std::nullopt;
             }
             case PPS_NUT: {
                 h265_nal_pps pps;
                 const bool read = pps.parse_standard(input.reader, sps_store_);
                 pps_store_[pps.pps_pic_parameter_set_id] = pps;
-                return read ? reading(test::elements_of(pps)) : std::nullopt;
+                return read ? reading(all_of(pps)) : std::nullopt;
             }
             case AUD_NUT: {
                 h265_nal_aud aud;

@@ -12,6 +12,7 @@
 #include <kovran/h265/h265_st_ref_pic_set.h>
 #include <kovran/h265/h265_vui_parameters.h>
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <tuple>
@@ -46,6 +47,12 @@ struct field_types {
     template <class Element>
     using array = std::vector<Element>;
     using bits = std::vector<bool>;
+    template <class Element>
+    using pair = std::array<Element, 2>;
+    template <class Element>
+    using components = std::array<Element, 3>;
+    template <class Element>
+    using vertices = std::array<Element, 4>;
 };
 
 #define FIELD(type, name) field<type>(#name, &record::name)
@@ -257,6 +264,63 @@ struct fields_of<h265_vui_parameters> : field_types {
 };
 
 template <>
+struct fields_of<h265_sps_range_extension> : field_types {
+    using record = h265_sps_range_extension;
+    static constexpr auto list = std::make_tuple(
+        FIELD(bool, transform_skip_rotation_enabled_flag),
+        FIELD(bool, transform_skip_context_enabled_flag),
+        FIELD(bool, implicit_rdpcm_enabled_flag),
+        FIELD(bool, explicit_rdpcm_enabled_flag),
+        FIELD(bool, extended_precision_processing_flag),
+        FIELD(bool, intra_smoothing_disabled_flag),
+        FIELD(bool, high_precision_offsets_enabled_flag),
+        FIELD(bool, persistent_rice_adaptation_enabled_flag),
+        FIELD(bool, cabac_bypass_alignment_enabled_flag));
+};
+
+template <>
+struct fields_of<h265_sps_multilayer_extension> : field_types {
+    using record = h265_sps_multilayer_extension;
+    static constexpr auto list = std::make_tuple(
+        FIELD(bool, inter_view_mv_vert_constraint_flag));
+};
+
+template <>
+struct fields_of<h265_sps_3d_extension> : field_types {
+    using record = h265_sps_3d_extension;
+    static constexpr auto list = std::make_tuple(
+        FIELD(pair<bool>, iv_di_mc_enabled_flag),
+        FIELD(pair<bool>, iv_mv_scal_enabled_flag),
+        FIELD(pair<u32>, log2_ivmc_sub_pb_size_minus3),
+        FIELD(pair<bool>, iv_res_pred_enabled_flag),
+        FIELD(pair<bool>, depth_ref_enabled_flag),
+        FIELD(pair<bool>, vsp_mc_enabled_flag),
+        FIELD(pair<bool>, dbbp_enabled_flag),
+        FIELD(pair<bool>, tex_mc_enabled_flag),
+        FIELD(pair<u32>, log2_texmc_sub_pb_size_minus3),
+        FIELD(pair<bool>, intra_contour_enabled_flag),
+        FIELD(pair<bool>, intra_dc_only_wedge_enabled_flag),
+        FIELD(pair<bool>, cqt_cu_part_pred_enabled_flag),
+        FIELD(pair<bool>, inter_dc_only_enabled_flag),
+        FIELD(pair<bool>, skip_intra_enabled_flag));
+};
+
+template <>
+struct fields_of<h265_sps_scc_extension> : field_types {
+    using record = h265_sps_scc_extension;
+    static constexpr auto list = std::make_tuple(
+        FIELD(bool, sps_curr_pic_ref_enabled_flag),
+        FIELD(bool, palette_mode_enabled_flag),
+        FIELD(u32, palette_max_size),
+        FIELD(u32, delta_palette_max_predictor_size),
+        FIELD(bool, sps_palette_predictor_initializers_present_flag),
+        FIELD(u32, sps_num_palette_predictor_initializers_minus1),
+        FIELD(components<array<u32>>, sps_palette_predictor_initializer),
+        FIELD(u8, motion_vector_resolution_control_idc),
+        FIELD(bool, intra_boundary_filtering_disabled_flag));
+};
+
+template <>
 struct fields_of<h265_nal_sps> : field_types {
     using record = h265_nal_sps;
     static constexpr auto list = std::make_tuple(
@@ -309,7 +373,136 @@ struct fields_of<h265_nal_sps> : field_types {
         FIELD(bool, vui_parameters_present_flag),
         FIELD(h265_vui_parameters, vui_parameters),
         FIELD(bool, sps_extension_flag),
-        FIELD(bool, valid));
+        FIELD(bool, valid),
+        FIELD(bool, sps_range_extension_flag),
+        FIELD(bool, sps_multilayer_extension_flag),
+        FIELD(bool, sps_3d_extension_flag),
+        FIELD(bool, sps_scc_extension_flag),
+        FIELD(u8, sps_extension_4bits),
+        FIELD(h265_sps_range_extension, sps_range_extension),
+        FIELD(h265_sps_multilayer_extension, sps_multilayer_extension),
+        FIELD(h265_sps_3d_extension, sps_3d_extension),
+        FIELD(h265_sps_scc_extension, sps_scc_extension),
+        FIELD(bits, sps_extension_data_flag));
+};
+
+template <>
+struct fields_of<h265_pps_range_extension> : field_types {
+    using record = h265_pps_range_extension;
+    static constexpr auto list = std::make_tuple(
+        FIELD(u32, log2_max_transform_skip_block_size_minus2),
+        FIELD(bool, cross_component_prediction_enabled_flag),
+        FIELD(bool, chroma_qp_offset_list_enabled_flag),
+        FIELD(u32, diff_cu_chroma_qp_offset_depth),
+        FIELD(u32, chroma_qp_offset_list_len_minus1),
+        FIELD(array<i32>, cb_qp_offset_list),
+        FIELD(array<i32>, cr_qp_offset_list),
+        FIELD(u32, log2_sao_offset_scale_luma),
+        FIELD(u32, log2_sao_offset_scale_chroma));
+};
+
+template <>
+struct fields_of<h265_colour_mapping_table::part_t> : field_types {
+    using record = h265_colour_mapping_table::part_t;
+    static constexpr auto list = std::make_tuple(
+        FIELD(u8, idxShiftY),
+        FIELD(u8, idxCb),
+        FIELD(u8, idxCr),
+        FIELD(vertices<bool>, coded_res_flag),
+        FIELD(vertices<components<u32>>, res_coeff_q),
+        FIELD(vertices<components<u32>>, res_coeff_r),
+        FIELD(vertices<components<bool>>, res_coeff_s));
+};
+
+template <>
+struct fields_of<h265_colour_mapping_table> : field_types {
+    using record = h265_colour_mapping_table;
+    static constexpr auto list = std::make_tuple(
+        FIELD(u32, num_cm_ref_layers_minus1),
+        FIELD(array<u8>, cm_ref_layer_id),
+        FIELD(u8, cm_octant_depth),
+        FIELD(u8, cm_y_part_num_log2),
+        FIELD(u32, luma_bit_depth_cm_input_minus8),
+        FIELD(u32, chroma_bit_depth_cm_input_minus8),
+        FIELD(u32, luma_bit_depth_cm_output_minus8),
+        FIELD(u32, chroma_bit_depth_cm_output_minus8),
+        FIELD(u8, cm_res_quant_bits),
+        FIELD(u8, cm_delta_flc_bits_minus1),
+        FIELD(i32, cm_adapt_threshold_u_delta),
+        FIELD(i32, cm_adapt_threshold_v_delta),
+        FIELD(bool, split_octant_flag),
+        FIELD(array<record::part_t>, parts));
+};
+
+template <>
+struct fields_of<h265_pps_multilayer_extension> : field_types {
+    using record = h265_pps_multilayer_extension;
+    static constexpr auto list = std::make_tuple(
+        FIELD(bool, poc_reset_info_present_flag),
+        FIELD(bool, pps_infer_scaling_list_flag),
+        FIELD(u8, pps_scaling_list_ref_layer_id),
+        FIELD(u32, num_ref_loc_offsets),
+        FIELD(array<u8>, ref_loc_offset_layer_id),
+        FIELD(bits, scaled_ref_layer_offset_present_flag),
+        FIELD(array<i32>, scaled_ref_layer_left_offset),
+        FIELD(array<i32>, scaled_ref_layer_top_offset),
+        FIELD(array<i32>, scaled_ref_layer_right_offset),
+        FIELD(array<i32>, scaled_ref_layer_bottom_offset),
+        FIELD(bits, ref_region_offset_present_flag),
+        FIELD(array<i32>, ref_region_left_offset),
+        FIELD(array<i32>, ref_region_top_offset),
+        FIELD(array<i32>, ref_region_right_offset),
+        FIELD(array<i32>, ref_region_bottom_offset),
+        FIELD(bits, resample_phase_set_present_flag),
+        FIELD(array<u32>, phase_hor_luma),
+        FIELD(array<u32>, phase_ver_luma),
+        FIELD(array<u32>, phase_hor_chroma_plus8),
+        FIELD(array<u32>, phase_ver_chroma_plus8),
+        FIELD(bool, colour_mapping_enabled_flag),
+        FIELD(h265_colour_mapping_table, colour_mapping_table));
+};
+
+template <>
+struct fields_of<h265_delta_dlt> : field_types {
+    using record = h265_delta_dlt;
+    static constexpr auto list = std::make_tuple(
+        FIELD(u32, num_val_delta_dlt),
+        FIELD(u32, max_diff),
+        FIELD(i32, min_diff_minus1),
+        FIELD(u32, delta_dlt_val0),
+        FIELD(array<u32>, delta_val_diff_minus_min));
+};
+
+template <>
+struct fields_of<h265_pps_3d_extension> : field_types {
+    using record = h265_pps_3d_extension;
+    static constexpr auto list = std::make_tuple(
+        FIELD(bool, dlts_present_flag),
+        FIELD(u8, pps_depth_layers_minus1),
+        FIELD(u8, pps_bit_depth_for_depth_layers_minus8),
+        FIELD(bits, dlt_flag),
+        FIELD(bits, dlt_pred_flag),
+        FIELD(bits, dlt_val_flags_present_flag),
+        FIELD(array<bits>, dlt_value_flag),
+        FIELD(array<h265_delta_dlt>, delta_dlt));
+};
+
+template <>
+struct fields_of<h265_pps_scc_extension> : field_types {
+    using record = h265_pps_scc_extension;
+    static constexpr auto list = std::make_tuple(
+        FIELD(bool, pps_curr_pic_ref_enabled_flag),
+        FIELD(bool, residual_adaptive_colour_transform_enabled_flag),
+        FIELD(bool, pps_slice_act_qp_offsets_present_flag),
+        FIELD(i32, pps_act_y_qp_offset_plus5),
+        FIELD(i32, pps_act_cb_qp_offset_plus5),
+        FIELD(i32, pps_act_cr_qp_offset_plus3),
+        FIELD(bool, pps_palette_predictor_initializers_present_flag),
+        FIELD(u32, pps_num_palette_predictor_initializers),
+        FIELD(bool, monochrome_palette_flag),
+        FIELD(u32, luma_bit_depth_entry_minus8),
+        FIELD(u32, chroma_bit_depth_entry_minus8),
+        FIELD(components<array<u32>>, pps_palette_predictor_initializer));
 };
 
 template <>
@@ -356,7 +549,17 @@ struct fields_of<h265_nal_pps> : field_types {
         FIELD(u32, log2_parallel_merge_level_minus2),
         FIELD(bool, slice_segment_header_extension_present_flag),
         FIELD(bool, pps_extension_present_flag),
-        FIELD(bool, valid));
+        FIELD(bool, valid),
+        FIELD(bool, pps_range_extension_flag),
+        FIELD(bool, pps_multilayer_extension_flag),
+        FIELD(bool, pps_3d_extension_flag),
+        FIELD(bool, pps_scc_extension_flag),
+        FIELD(u8, pps_extension_4bits),
+        FIELD(h265_pps_range_extension, pps_range_extension),
+        FIELD(h265_pps_multilayer_extension, pps_multilayer_extension),
+        FIELD(h265_pps_3d_extension, pps_3d_extension),
+        FIELD(h265_pps_scc_extension, pps_scc_extension),
+        FIELD(bits, pps_extension_data_flag));
 };
 // clang-format on
 #undef FIELD

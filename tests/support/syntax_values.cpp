@@ -41,6 +41,13 @@ public:
         return *this;
     }
 
+    // A flag, and what it governs.
+    value_writer& optional(const bit_writer& more) {
+        flag(more.size() != 0);
+        append(bits_, more);
+        return *this;
+    }
+
     bit_writer rbsp() const {
         bit_writer whole = bits_;
         return whole.trailing_bits();
@@ -330,7 +337,7 @@ bit_writer bits_of(const sps_values& sps) {
     if (sps.vui_parameters_present_flag) {
         vui_parameters(bits, sps.vui, sps.sps_max_sub_layers_minus1);
     }
-    return bits.flag(false).rbsp();
+    return bits.optional(sps.extension).rbsp();
 }
 
 bit_writer bits_of(const pps_values& pps) {
@@ -339,7 +346,8 @@ bit_writer bits_of(const pps_values& pps) {
     bits.flag(false).flag(false).u(3, 0).flag(false).flag(false);
     bits.ue(pps.num_ref_idx_l0_default_active_minus1);
     bits.ue(pps.num_ref_idx_l1_default_active_minus1);
-    bits.se(pps.init_qp_minus26).flag(false).flag(false).flag(pps.cu_qp_delta_enabled_flag);
+    bits.se(pps.init_qp_minus26).flag(false).flag(pps.transform_skip_enabled_flag);
+    bits.flag(pps.cu_qp_delta_enabled_flag);
     if (pps.cu_qp_delta_enabled_flag) {
         bits.ue(pps.diff_cu_qp_delta_depth);
     }
@@ -367,7 +375,8 @@ bit_writer bits_of(const pps_values& pps) {
         scaling_list_data(bits, pps.scaling_list);
     }
     bits.flag(pps.lists_modification_present_flag).ue(pps.log2_parallel_merge_level_minus2);
-    return bits.flag(pps.slice_segment_header_extension_present_flag).flag(false).rbsp();
+    bits.flag(pps.slice_segment_header_extension_present_flag);
+    return bits.optional(pps.extension).rbsp();
 }
 
 bit_writer bits_of(const slice_values& slice) {

@@ -125,6 +125,7 @@ struct sps_values {
     bool sps_temporal_mvp_enabled_flag = false;
     bool vui_parameters_present_flag = false;
     vui_values vui;
+    bit_writer extension;  // from sps_range_extension_flag on; there is none when it is empty
 };
 
 struct pps_values {
@@ -133,6 +134,7 @@ struct pps_values {
     element_value num_ref_idx_l0_default_active_minus1 = 0;
     element_value num_ref_idx_l1_default_active_minus1 = 0;
     element_value init_qp_minus26 = 0;
+    bool transform_skip_enabled_flag = false;
     bool cu_qp_delta_enabled_flag = false;
     element_value diff_cu_qp_delta_depth = 0;
     element_value pps_cb_qp_offset = 0;
@@ -155,6 +157,7 @@ struct pps_values {
     bool lists_modification_present_flag = false;
     element_value log2_parallel_merge_level_minus2 = 0;
     bool slice_segment_header_extension_present_flag = false;
+    bit_writer extension;  // from pps_range_extension_flag on; there is none when it is empty
 };
 
 // The first entry of each list has weights of luma and of chroma, these, and the others have none.

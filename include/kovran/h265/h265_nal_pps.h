@@ -6,6 +6,8 @@
 #include <kovran/h2645_common/h2645_common_bitreader.h>
 #include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_pps_3d_extension.h>
+#include <kovran/h265/h265_pps_multilayer_extension.h>
 #include <kovran/h265/h265_pps_range_extension.h>
 #include <kovran/h265/h265_pps_scc_extension.h>
 #include <kovran/h265/h265_scaling_list_data.h>
@@ -15,7 +17,7 @@
 
 namespace kovran {
 
-// pic_parameter_set_rbsp(), clause 7.3.2.3. The extension is skipped, and no variable is derived.
+// pic_parameter_set_rbsp(), clause 7.3.2.3. No variable is derived.
 struct h265_nal_pps {
     unsigned int pps_pic_parameter_set_id = 0;  // ue(v)
     unsigned int pps_seq_parameter_set_id = 0;  // ue(v)
@@ -72,18 +74,20 @@ struct h265_nal_pps {
     bool valid = false;  // the latest parse succeeded
 
     // Behind pps_extension_present_flag; only parse_standard() reads these.
-    bool pps_range_extension_flag = false;         // u(1)
-    bool pps_multilayer_extension_flag = false;    // u(1)
-    bool pps_3d_extension_flag = false;            // u(1)
-    bool pps_scc_extension_flag = false;           // u(1)
-    unsigned char pps_extension_4bits = 0;         // u(4)
-    h265_pps_range_extension pps_range_extension;  // when pps_range_extension_flag
-    h265_pps_scc_extension pps_scc_extension;      // when pps_scc_extension_flag
-    std::vector<bool> pps_extension_data_flag;     // u(1), what is read as nothing else
+    bool pps_range_extension_flag = false;                   // u(1)
+    bool pps_multilayer_extension_flag = false;              // u(1)
+    bool pps_3d_extension_flag = false;                      // u(1)
+    bool pps_scc_extension_flag = false;                     // u(1)
+    unsigned char pps_extension_4bits = 0;                   // u(4)
+    h265_pps_range_extension pps_range_extension;            // when pps_range_extension_flag
+    h265_pps_multilayer_extension pps_multilayer_extension;  // when pps_multilayer_extension_flag
+    h265_pps_3d_extension pps_3d_extension;                  // when pps_3d_extension_flag
+    h265_pps_scc_extension pps_scc_extension;                // when pps_scc_extension_flag
+    std::vector<bool> pps_extension_data_flag;               // u(1), what is read as nothing else
 
     // Reads one RBSP; `reader` stands right after the two NAL unit header bytes. Of the SPS only
     // its presence and `valid` matter. Nothing is inserted into `sps_store`. Fields of absent
-    // elements keep their values, except diff_cu_qp_delta_depth.
+    // elements keep their values, except diff_cu_qp_delta_depth. Extensions are skipped.
     //
     // False, with `valid` false: the SPS is not in the store, or not valid; num_tile_columns_minus1
     // or num_tile_rows_minus1 is above 128 and spacing is not uniform; the scaling lists cannot be
@@ -97,6 +101,10 @@ struct h265_nal_pps {
     // The same by the standard's own rules, in a record that is reset first: without tiles,
     // uniform_spacing_flag and loop_filter_across_tiles_enabled_flag are true, and predicted
     // scaling matrices are those of their references.
+    //
+    // Extensions are read. Where the bits behind pps_extension_present_flag do not fit them, as in
+    // streams of encoders that are older than the extensions, all of these bits are kept in
+    // pps_extension_data_flag; `fault` is unknown_extension then, and the PPS is valid.
     //
     // Its SPS may come later. An SPS that is in the store decides, for a trace, which values are
     // allowed.

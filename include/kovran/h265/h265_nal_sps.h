@@ -20,7 +20,7 @@
 
 namespace kovran {
 
-// seq_parameter_set_rbsp(), clause 7.3.2.2. The extension is skipped, and no variable is derived.
+// seq_parameter_set_rbsp(), clause 7.3.2.2. No variable is derived.
 struct h265_nal_sps {
     unsigned char sps_video_parameter_set_id = 0;  // u(4)
     unsigned char sps_max_sub_layers_minus1 = 0;   // u(3)
@@ -102,7 +102,8 @@ struct h265_nal_sps {
     std::vector<bool> sps_extension_data_flag;               // u(1), what is read as nothing else
 
     // Reads one RBSP; `reader` stands right after the two NAL unit header bytes. Nothing is
-    // inserted into `vps_store`. Fields of absent elements keep their values.
+    // inserted into `vps_store`. Fields of absent elements keep their values. Extensions are
+    // skipped.
     //
     // False, with `valid` false: the VPS is not in the store, or not valid; one of the structures
     // in the SPS cannot be read; num_short_term_ref_pic_sets or num_long_term_ref_pics_sps is above
@@ -118,6 +119,10 @@ struct h265_nal_sps {
     // sub-layer applies to all; absent profiles and levels of sub-layers are those of the layer
     // above, predicted scaling matrices those of their references, and absent VUI elements, with a
     // VUI or without one, have the values of clause E.3.1.
+    //
+    // Extensions are read. Where the bits behind sps_extension_present_flag do not fit them, as in
+    // streams of encoders that are older than the extensions, all of these bits are kept in
+    // sps_extension_data_flag; `fault` is unknown_extension then, and the SPS is valid.
     //
     // The SPS must belong to the base layer. An SPS whose first 3-bit field is 7, which announces
     // the syntax of clause F.7.3.2.2, is refused. The VPS may come later: `vps_store` is not used.

@@ -1,0 +1,726 @@
+// What stands behind pps_extension_present_flag.
+#include <kovran/h265/h265_fault.h>
+#include <kovran/h265/h265_nal_pps.h>
+#include <kovran/h265/h265_trace.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "support/bit_writer.h"
+#include "support/extensions.h"
+#include "support/parameter_sets.h"
+#include "support/rbsp.h"
+#include "support/same_fields.h"
+
+namespace kovran {
+namespace {
+
+using values = std::vector<unsigned int>;
+using flags = std::vector<bool>;
+using names = std::vector<std::string>;
+
+struct reading {
+    bool read = false;
+    h265_nal_pps pps;
+    h265_fault fault;
+    h265_trace trace;
+    std::size_t bits = 0;
+};
+
+// Into a record that may have held something else, with and without a trace: both are the same.
+// There is no SPS.
+reading read_into(const h265_nal_pps& used, const std::vector<unsigned char>& bytes) {
+    h2645_common_base_store<h265_nal_sps> store;
+    reading result;
+    result.pps = used;
+    test::rbsp input{bytes};
+    result.read = result.pps.parse_standard(input.reader, store, result.trace, &result.fault);
+    result.bits = input.reader.bit_position();
+
+    h265_nal_pps untraced = used;
+    test::rbsp other_input{bytes};
+    EXPECT_EQ(untraced.parse_standard(other_input.reader, store), result.read);
+    EXPECT_EQ(other_input.reader.bit_position(), result.bits);
+    EXPECT_TRUE(test::same_fields(untraced, result.pps));
+    return result;
+}
+
+reading read(const test::pps_syntax& syntax) {
+    return read_into({}, syntax.rbsp().bytes());
+}
+
+reading read_extension(const test::bit_writer& extension) {
+    return read(test::pps_with_extension(extension));
+}
+
+// The smallest PPS with transform skip, whose extension flag is set, with the fields of the
+// extensions of another.
+h265_nal_pps smallest_with(const h265_nal_pps& extensions) {
+    h265_nal_pps pps = read({}).pps;
+    pps.transform_skip_enabled_flag = true;
+    pps.pps_extension_present_flag = true;
+    pps.pps_range_extension_flag = extensions.pps_range_extension_flag;
+    pps.pps_multilayer_extension_flag = extensions.pps_multilayer_extension_flag;
+    pps.pps_3d_extension_flag = extensions.pps_3d_extension_flag;
+    pps.pps_scc_extension_flag = extensions.pps_scc_extension_flag;
+    pps.pps_extension_4bits = extensions.pps_extension_4bits;
+    pps.pps_range_extension = extensions.pps_range_extension;
+    pps.pps_multilayer_extension = extensions.pps_multilayer_extension;
+    pps.pps_3d_extension = extensions.pps_3d_extension;
+    pps.pps_scc_extension = extensions.pps_scc_extension;
+    pps.pps_extension_data_flag = extensions.pps_extension_data_flag;
+    return pps;
+}
+
+flags bits_of(const test::bit_writer& bits) {
+    flags all;
+    for (std::size_t i = 0; i < bits.size(); ++i) {
+        all.push_back((bits.bytes()[i / 8] >> (7 - i % 8) & 1) != 0);
+    }
+    return all;
+}
+
+// Everything from the flags on is extension data, and told as such.
+void expect_kept(const test::bit_writer& extension) {
+    const reading result = read_extension(extension);
+    h265_nal_pps kept;
+    kept.pps_extension_data_flag = bits_of(extension);
+    EXPECT_TRUE(result.read);
+    EXPECT_TRUE(test::same_fields(result.pps, smallest_with(kept)));
+    EXPECT_EQ(result.fault.kind, h265_fault_kind::unknown_extension);
+    EXPECT_EQ(to_string(result.fault.element), "pps_extension_present_flag");
+    EXPECT_EQ(result.fault.structure_count, 0U);
+    EXPECT_EQ(result.fault.first_bit, test::pps_syntax{}.payload().size() - 1);
+    EXPECT_EQ(result.bits, test::pps_with_extension(extension).rbsp().size());
+}
+
+void expect_read(const test::bit_writer& extension, const h265_nal_pps& extensions) {
+    const reading result = read_extension(extension);
+    EXPECT_TRUE(result.read);
+    EXPECT_EQ(result.fault.kind, h265_fault_kind::none) << to_string(result.fault);
+    EXPECT_TRUE(test::same_fields(result.pps, smallest_with(extensions)));
+    EXPECT_EQ(result.bits, test::pps_with_extension(extension).rbsp().size());
+}
+
+// The names of the elements from the flags of the extensions on, up to the trailing bits, with
+// values.
+names traced(const test::bit_writer& extension) {
+    const reading result = read_extension(extension);
+    EXPECT_EQ(result.fault.kind, h265_fault_kind::none) << to_string(result.fault);
+    const std::size_t first = test::pps_syntax{}.payload().size() + 8;
+    names all;
+    for (const auto& element : result.trace.elements) {
+        if (element.first_bit >= first && *element.descriptor != 'f') {
+            all.push_back(path_of(result.trace, element) + " " + std::to_string(element.value));
+        }
+    }
+    return all;
+}
+
+TEST(PpsExtensions, AreAllRead) {
+    const auto whole = test::full_pps_extensions();
+    expect_read(whole.syntax, whole.record);
+}
+
+TEST(PpsExtensions, MayAllBeAbsent) {
+    expect_read(test::bit_writer().u<8>(0), {});
+}
+
+// ---- Range extensions
+
+test::bit_writer range_flag() {
+    return test::bit_writer().u<8>(0b10000000);
+}
+
+TEST(PpsRangeExtension, IsRead) {
+    h265_nal_pps pps;
+    pps.pps_range_extension_flag = true;
+    pps.pps_range_extension = test::pps_range_extension().record;
+    expect_read(test::joined(range_flag(), test::pps_range_extension().syntax), pps);
+}
+
+TEST(PpsRangeExtension, HasNoListsUnlessTheyAreEnabled) {
+    h265_nal_pps pps;
+    pps.pps_range_extension_flag = true;
+    pps.pps_range_extension.log2_sao_offset_scale_chroma = 6;
+    expect_read(range_flag().ue(0).u<1>(0).u<1>(0).ue(0).ue(6), pps);
+}
+
+TEST(PpsRangeExtension, HasABlockSizeOnlyWithTransformSkip) {
+    test::pps_syntax syntax = test::pps_with_extension(range_flag().u<1>(1).u<1>(0).ue(1).ue(2));
+    syntax.intra_and_transform_skip = test::bit_writer().u<1>(0).u<1>(0);
+    const reading result = read(syntax);
+    EXPECT_EQ(result.fault.kind, h265_fault_kind::none);
+    EXPECT_TRUE(result.pps.pps_range_extension.cross_component_prediction_enabled_flag);
+    EXPECT_EQ(result.pps.pps_range_extension.log2_sao_offset_scale_luma, 1U);
+    EXPECT_EQ(result.pps.pps_range_extension.log2_sao_offset_scale_chroma, 2U);
+}
+
+TEST(PpsRangeExtension, HasUpToSixOffsets) {
+    const auto with = [](unsigned int count) {
+        test::bit_writer bits = range_flag().ue(0).u<1>(0).u<1>(1).ue(0).ue(count - 1);
+        for (unsigned int i = 0; i < count; ++i) {
+            bits.se(1).se(-1);
+        }
+        return bits.ue(0).ue(0);
+    };
+    const reading most = read_extension(with(6));
+    EXPECT_EQ(most.fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(most.pps.pps_range_extension.cb_qp_offset_list, std::vector<int>(6, 1));
+    EXPECT_EQ(most.pps.pps_range_extension.cr_qp_offset_list, std::vector<int>(6, -1));
+    expect_kept(with(7));
+    expect_kept(range_flag().ue(0).u<1>(0).u<1>(1).ue(0).ue(0xFFFFFFFE));
+}
+
+// ---- Several layers
+
+test::bit_writer multilayer_flag() {
+    return test::bit_writer().u<8>(0b01000000);
+}
+
+// As far as num_ref_loc_offsets, in an extension without scaling lists.
+test::bit_writer offsets(unsigned int count) {
+    return multilayer_flag().u<1>(0).u<1>(0).ue(count);
+}
+
+h265_nal_pps with_multilayer(const h265_pps_multilayer_extension& extension) {
+    h265_nal_pps pps;
+    pps.pps_multilayer_extension_flag = true;
+    pps.pps_multilayer_extension = extension;
+    return pps;
+}
+
+TEST(PpsMultilayerExtension, IsRead) {
+    expect_read(test::joined(multilayer_flag(), test::pps_multilayer_extension().syntax),
+                with_multilayer(test::pps_multilayer_extension().record));
+}
+
+TEST(PpsMultilayerExtension, MayHaveNothing) {
+    expect_read(offsets(0).u<1>(0), with_multilayer({}));
+    h265_pps_multilayer_extension extension;
+    extension.poc_reset_info_present_flag = true;
+    expect_read(multilayer_flag().u<1>(1).u<1>(0).ue(0).u<1>(0), with_multilayer(extension));
+}
+
+TEST(PpsMultilayerExtension, HasAnInferredPhaseWithoutOne) {
+    h265_pps_multilayer_extension extension;
+    extension.num_ref_loc_offsets = 1;
+    extension.ref_loc_offset_layer_id = {0};
+    extension.scaled_ref_layer_offset_present_flag = {false};
+    extension.ref_region_offset_present_flag = {false};
+    extension.resample_phase_set_present_flag = {false};
+    for (auto* const array :
+         {&extension.scaled_ref_layer_left_offset, &extension.scaled_ref_layer_top_offset,
+          &extension.scaled_ref_layer_right_offset, &extension.scaled_ref_layer_bottom_offset,
+          &extension.ref_region_left_offset, &extension.ref_region_top_offset,
+          &extension.ref_region_right_offset, &extension.ref_region_bottom_offset}) {
+        *array = {0};
+    }
+    extension.phase_hor_luma = {0};
+    extension.phase_ver_luma = {0};
+    extension.phase_hor_chroma_plus8 = {8};
+    extension.phase_ver_chroma_plus8 = {0};
+    expect_read(offsets(1).u<6>(0).u<3>(0).u<1>(0), with_multilayer(extension));
+}
+
+TEST(PpsMultilayerExtension, HasOffsetsOfUpTo62Layers) {
+    const auto with = [](unsigned int count) {
+        test::bit_writer bits = offsets(count);
+        for (unsigned int i = 0; i < count; ++i) {
+            bits.u<6>(i).u<3>(0);
+        }
+        return bits.u<1>(0);
+    };
+    const reading most = read_extension(with(62));
+    EXPECT_EQ(most.fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(most.pps.pps_multilayer_extension.ref_loc_offset_layer_id.size(), 62U);
+    EXPECT_EQ(most.pps.pps_multilayer_extension.ref_loc_offset_layer_id.back(), 61);
+    expect_kept(with(63));
+    expect_kept(offsets(0xFFFFFFFE).u<32>(0));
+}
+
+TEST(PpsMultilayerExtension, NamesOffsetsByTheirLayer) {
+    const std::string in = "pps_multilayer_extension.";
+    const auto bits = offsets(1).u<6>(40).u<1>(1).se(1).se(2).se(3).se(4).u<1>(1).se(5).se(6);
+    EXPECT_EQ(traced(test::bit_writer(bits).se(7).se(8).u<1>(1).ue(9).ue(10).ue(11).ue(12).u<1>(0)),
+              (names{in + "poc_reset_info_present_flag 0",
+                     in + "pps_infer_scaling_list_flag 0",
+                     in + "num_ref_loc_offsets 1",
+                     in + "ref_loc_offset_layer_id[0] 40",
+                     in + "scaled_ref_layer_offset_present_flag[0] 1",
+                     in + "scaled_ref_layer_left_offset[40] 1",
+                     in + "scaled_ref_layer_top_offset[40] 2",
+                     in + "scaled_ref_layer_right_offset[40] 3",
+                     in + "scaled_ref_layer_bottom_offset[40] 4",
+                     in + "ref_region_offset_present_flag[0] 1",
+                     in + "ref_region_left_offset[40] 5",
+                     in + "ref_region_top_offset[40] 6",
+                     in + "ref_region_right_offset[40] 7",
+                     in + "ref_region_bottom_offset[40] 8",
+                     in + "resample_phase_set_present_flag[0] 1",
+                     in + "phase_hor_luma[40] 9",
+                     in + "phase_ver_luma[40] 10",
+                     in + "phase_hor_chroma_plus8[40] 11",
+                     in + "phase_ver_chroma_plus8[40] 12",
+                     in + "colour_mapping_enabled_flag 0"}));
+}
+
+// ---- Colour mapping
+
+// As far as cm_y_part_num_log2, for one layer.
+test::bit_writer colour_mapping(unsigned int cm_octant_depth, unsigned int cm_y_part_num_log2) {
+    return offsets(0).u<1>(1).ue(0).u<6>(0).u<2>(cm_octant_depth).u<2>(cm_y_part_num_log2);
+}
+
+// The rest of a table without octants, of the bit depths less 8, up to the first vertex.
+test::bit_writer one_octant(unsigned int input, unsigned int output, unsigned int cm_res_quant_bits,
+                            unsigned int cm_delta_flc_bits_minus1) {
+    test::bit_writer bits = colour_mapping(0, 0).ue(input).ue(0).ue(output).ue(0);
+    return bits.u<2>(cm_res_quant_bits).u<2>(cm_delta_flc_bits_minus1);
+}
+
+const h265_colour_mapping_table& table_of(const reading& result) {
+    EXPECT_EQ(result.fault.kind, h265_fault_kind::none) << to_string(result.fault);
+    return result.pps.pps_multilayer_extension.colour_mapping_table;
+}
+
+TEST(ColourMappingTable, HasOneOctantWithoutDepth) {
+    const reading result = read_extension(one_octant(0, 0, 0, 0).u<4>(0));
+    const auto& table = table_of(result);
+    EXPECT_EQ(table.parts.size(), 1U);
+    EXPECT_FALSE(table.split_octant_flag);
+    EXPECT_EQ(table.cm_ref_layer_id, std::vector<unsigned char>{0});
+}
+
+// Parts of an octant that could have been split are two apart.
+TEST(ColourMappingTable, HasOneOctantThatIsNotSplit) {
+    const reading result = read_extension(
+        colour_mapping(1, 2).ue(0).ue(0).ue(0).ue(0).u<4>(0).se(5).se(-6).u<1>(0).u<16>(0));
+    const auto& table = table_of(result);
+    EXPECT_EQ(table.cm_adapt_threshold_u_delta, 5);
+    EXPECT_EQ(table.cm_adapt_threshold_v_delta, -6);
+    ASSERT_EQ(table.parts.size(), 4U);
+    for (unsigned int i = 0; i < 4; ++i) {
+        EXPECT_EQ(table.parts[i].idxShiftY, 2 * i);
+        EXPECT_EQ(table.parts[i].idxCb, 0);
+        EXPECT_EQ(table.parts[i].idxCr, 0);
+    }
+}
+
+TEST(ColourMappingTable, HasUpTo64Parts) {
+    test::bit_writer bits = colour_mapping(1, 3).ue(0).ue(0).ue(0).ue(0).u<4>(0).se(0).se(0);
+    bits.u<1>(1);
+    for (unsigned int part = 0; part < 64; ++part) {
+        bits.u<4>(0);
+    }
+    const reading result = read_extension(bits);
+    const auto& table = table_of(result);
+    ASSERT_EQ(table.parts.size(), 64U);
+    EXPECT_EQ(table.parts[63].idxShiftY, 15);
+    EXPECT_EQ(table.parts[63].idxCb, 1);
+    EXPECT_EQ(table.parts[63].idxCr, 1);
+    EXPECT_EQ(table.parts[32].idxShiftY, 8);  // the first with k of 1
+    EXPECT_EQ(table.parts[32].idxCb, 0);
+    EXPECT_EQ(table.parts[16].idxCb, 1);
+    EXPECT_EQ(table.parts[8].idxCr, 1);
+    EXPECT_EQ(table.parts[7].idxShiftY, 7);
+}
+
+// Max( 0, 10 + BitDepthCmInputY - BitDepthCmOutputY - cm_res_quant_bits -
+//      ( cm_delta_flc_bits_minus1 + 1 ) )
+TEST(ColourMappingTable, HasRemaindersOfTheWidthThatBitDepthsLeave) {
+    const auto remainder = [](const test::bit_writer& head, unsigned int width,
+                              unsigned int value) {
+        SCOPED_TRACE(width);
+        test::bit_writer bits = test::bit_writer(head).u<1>(1).ue(1);
+        if (width != 0) {
+            bits.u(width, value);
+        }
+        bits.u<1>(1);
+        for (unsigned int c = 1; c < 3; ++c) {
+            bits.ue(0);
+            if (width != 0) {
+                bits.u(width, 0);
+            }
+        }
+        bits.u<3>(0);
+        const reading result = read_extension(bits);
+        const auto& part = table_of(result).parts.at(0);
+        EXPECT_EQ(part.res_coeff_q[0][0], 1U);
+        EXPECT_EQ(part.res_coeff_r[0][0], value);
+        EXPECT_TRUE(part.res_coeff_s[0][0]);
+        EXPECT_EQ(part.coded_res_flag, (std::array<bool, 4>{true, false, false, false}));
+    };
+    remainder(one_octant(0, 0, 0, 0), 9, 511);
+    remainder(one_octant(8, 0, 0, 0), 17, 131071);
+    remainder(one_octant(0, 2, 2, 3), 2, 3);
+    remainder(one_octant(0, 8, 1, 0), 0, 0);
+    remainder(one_octant(0, 8, 3, 3), 0, 0);
+}
+
+TEST(ColourMappingTable, HasBounds) {
+    EXPECT_EQ(read_extension(one_octant(8, 8, 0, 0).u<4>(0)).fault.kind, h265_fault_kind::none);
+    expect_kept(one_octant(9, 8, 0, 0).u<4>(0));
+    expect_kept(one_octant(8, 9, 0, 0).u<4>(0));
+    for (const unsigned int cm_octant_depth : {2U, 3U}) {
+        test::bit_writer bits = colour_mapping(cm_octant_depth, 0).ue(0).ue(0).ue(0).ue(0).u<4>(0);
+        expect_kept(bits.u<64>(0).u<64>(0));
+    }
+    const auto with_layers = [](unsigned int count) {
+        test::bit_writer bits = offsets(0).u<1>(1).ue(count - 1);
+        for (unsigned int i = 0; i < count; ++i) {
+            bits.u<6>(i);
+        }
+        return bits.u<4>(0).ue(0).ue(0).ue(0).ue(0).u<4>(0).u<4>(0);
+    };
+    EXPECT_EQ(table_of(read_extension(with_layers(62))).cm_ref_layer_id.size(), 62U);
+    expect_kept(with_layers(63));
+}
+
+TEST(ColourMappingTable, NamesCoefficientsByTheirPlace) {
+    const std::string in = "pps_multilayer_extension.colour_mapping_table.";
+    test::bit_writer bits = colour_mapping(1, 0).ue(0).ue(0).ue(0).ue(0).u<2>(3).u<2>(3);
+    bits.se(0).se(0).u<1>(1);
+    for (unsigned int vertex = 0; vertex < 31; ++vertex) {
+        bits.u<1>(0);
+    }
+    bits.u<1>(1).ue(0).u<3>(5).u<1>(1).ue(2).u<3>(0).u<1>(0).ue(0).u<3>(0);
+    const names all = traced(bits);
+    const names last(all.end() - 9, all.end());
+    EXPECT_EQ(last, (names{in + "coded_res_flag[1][1][1][3] 1", in + "res_coeff_q[1][1][1][3][0] 0",
+                           in + "res_coeff_r[1][1][1][3][0] 5", in + "res_coeff_s[1][1][1][3][0] 1",
+                           in + "res_coeff_q[1][1][1][3][1] 2", in + "res_coeff_r[1][1][1][3][1] 0",
+                           in + "res_coeff_s[1][1][1][3][1] 0", in + "res_coeff_q[1][1][1][3][2] 0",
+                           in + "res_coeff_r[1][1][1][3][2] 0"}));
+}
+
+// ---- 3D
+
+test::bit_writer flag_of_3d() {
+    return test::bit_writer().u<8>(0b00100000);
+}
+
+// As far as the first dlt_flag.
+test::bit_writer depth_layers(unsigned int pps_depth_layers_minus1, unsigned int bit_depth_minus8) {
+    return flag_of_3d().u<1>(1).u<6>(pps_depth_layers_minus1).u<4>(bit_depth_minus8);
+}
+
+h265_nal_pps with_3d(const h265_pps_3d_extension& extension) {
+    h265_nal_pps pps;
+    pps.pps_3d_extension_flag = true;
+    pps.pps_3d_extension = extension;
+    return pps;
+}
+
+h265_delta_dlt delta_of_one_layer(const test::bit_writer& delta, unsigned int bit_depth_minus8) {
+    test::bit_writer bits = depth_layers(0, bit_depth_minus8).u<3>(0b100);
+    const reading result = read_extension(test::append(bits, delta));
+    EXPECT_EQ(result.fault.kind, h265_fault_kind::none) << to_string(result.fault);
+    EXPECT_EQ(result.pps.pps_3d_extension.delta_dlt.size(), 1U);
+    return result.pps.pps_3d_extension.delta_dlt.at(0);
+}
+
+TEST(Pps3dExtension, IsRead) {
+    expect_read(test::joined(flag_of_3d(), test::pps_3d_extension().syntax),
+                with_3d(test::pps_3d_extension().record));
+}
+
+TEST(Pps3dExtension, MayHaveNoTables) {
+    expect_read(flag_of_3d().u<1>(0), with_3d({}));
+}
+
+TEST(Pps3dExtension, HasUpTo64Layers) {
+    test::bit_writer bits = depth_layers(63, 15);
+    for (unsigned int i = 0; i < 64; ++i) {
+        bits.u<1>(0);
+    }
+    const reading result = read_extension(bits);
+    EXPECT_EQ(result.fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(result.pps.pps_3d_extension.dlt_flag, flags(64, false));
+    EXPECT_EQ(result.pps.pps_3d_extension.delta_dlt.size(), 64U);
+}
+
+// A flag for each depth value of 8 bits, and of 23.
+TEST(Pps3dExtension, HasAFlagForEachDepthValue) {
+    for (const unsigned int bit_depth_minus8 : {0U, 15U}) {
+        test::bit_writer bits = depth_layers(0, bit_depth_minus8).u<3>(0b101);
+        const std::size_t count = std::size_t{256} << bit_depth_minus8;
+        for (std::size_t i = 0; i < count / 64; ++i) {
+            bits.u<64>(i);
+        }
+        const reading result = read_extension(bits);
+        EXPECT_EQ(result.fault.kind, h265_fault_kind::none);
+        const flags& all = result.pps.pps_3d_extension.dlt_value_flag.at(0);
+        ASSERT_EQ(all.size(), count);
+        EXPECT_TRUE(all[127]);
+        EXPECT_FALSE(all[126]);
+        EXPECT_TRUE(all[count - 1]);
+        EXPECT_EQ(result.pps.pps_3d_extension.delta_dlt.at(0).num_val_delta_dlt, 0U);
+    }
+}
+
+TEST(Pps3dExtension, NeedsTheDataOfItsFlags) {
+    test::bit_writer bits = depth_layers(0, 15).u<3>(0b101);
+    for (unsigned int i = 0; i < 1000; ++i) {
+        bits.u<64>(i);
+    }
+    expect_kept(bits);
+}
+
+TEST(DeltaDlt, HasNoValues) {
+    EXPECT_TRUE(test::same_fields(delta_of_one_layer(test::bit_writer().u<8>(0), 0), [] {
+        h265_delta_dlt delta;
+        delta.min_diff_minus1 = -1;
+        return delta;
+    }()));
+}
+
+TEST(DeltaDlt, HasOneValue) {
+    const auto delta = delta_of_one_layer(test::bit_writer().u<9>(1).u<9>(511), 1);
+    EXPECT_EQ(delta.num_val_delta_dlt, 1U);
+    EXPECT_EQ(delta.delta_dlt_val0, 511U);
+    EXPECT_EQ(delta.max_diff, 0U);
+    EXPECT_EQ(delta.min_diff_minus1, -1);
+    EXPECT_TRUE(delta.delta_val_diff_minus_min.empty());
+}
+
+// All differences are the largest one: min_diff_minus1 is max_diff - 1 when it is absent.
+TEST(DeltaDlt, HasTwoValuesWithoutASmallestDifference) {
+    const auto delta = delta_of_one_layer(test::bit_writer().u<8>(2).u<8>(7).u<8>(3), 0);
+    EXPECT_EQ(delta.max_diff, 7U);
+    EXPECT_EQ(delta.min_diff_minus1, 6);
+    EXPECT_EQ(delta.delta_dlt_val0, 3U);
+    EXPECT_TRUE(delta.delta_val_diff_minus_min.empty());
+}
+
+TEST(DeltaDlt, HasThreeValuesOfNoDifference) {
+    const auto delta = delta_of_one_layer(test::bit_writer().u<8>(3).u<8>(0).u<8>(9), 0);
+    EXPECT_EQ(delta.min_diff_minus1, -1);
+    EXPECT_EQ(delta.delta_dlt_val0, 9U);
+    EXPECT_TRUE(delta.delta_val_diff_minus_min.empty());
+}
+
+// min_diff_minus1 has Ceil( Log2( max_diff + 1 ) ) bits.
+TEST(DeltaDlt, HasASmallestDifferenceAsWideAsTheLargest) {
+    // 1 bit for 1; minDiff is 1 as well, so that nothing follows.
+    auto delta = delta_of_one_layer(test::bit_writer().u<8>(3).u<8>(1).u<1>(0).u<8>(9), 0);
+    EXPECT_EQ(delta.min_diff_minus1, 0);
+    EXPECT_TRUE(delta.delta_val_diff_minus_min.empty());
+    // 2 bits for 3, 1 bit for 3 - 2.
+    delta =
+        delta_of_one_layer(test::bit_writer().u<8>(3).u<8>(3).u<2>(1).u<8>(9).u<1>(1).u<1>(0), 0);
+    EXPECT_EQ(delta.min_diff_minus1, 1);
+    EXPECT_EQ(delta.delta_val_diff_minus_min, (values{0, 1, 0}));
+    // 3 bits for 4, 2 bits for 4 - 1.
+    delta =
+        delta_of_one_layer(test::bit_writer().u<8>(3).u<8>(4).u<3>(0).u<8>(9).u<2>(3).u<2>(2), 0);
+    EXPECT_EQ(delta.delta_val_diff_minus_min, (values{0, 3, 2}));
+    // Above the largest difference: out of range, and nothing follows.
+    delta = delta_of_one_layer(test::bit_writer().u<8>(3).u<8>(4).u<3>(7).u<8>(9), 0);
+    EXPECT_EQ(delta.min_diff_minus1, 7);
+    EXPECT_TRUE(delta.delta_val_diff_minus_min.empty());
+}
+
+TEST(DeltaDlt, NeedsTheDataOfItsValues) {
+    test::bit_writer bits = depth_layers(0, 15).u<3>(0b100);
+    bits.u<23>(0x7FFFFF).u<23>(0x7FFFFF).u<23>(0).u<23>(1);
+    for (unsigned int i = 0; i < 100; ++i) {
+        bits.u<64>(i);
+    }
+    expect_kept(bits);
+}
+
+TEST(DeltaDlt, IsNamedByItsLayer) {
+    const std::string in = "pps_3d_extension.";
+    test::bit_writer bits = depth_layers(1, 0).u<1>(0).u<3>(0b100);
+    bits.u<8>(3).u<8>(3).u<2>(1).u<8>(9).u<1>(1).u<1>(0);
+    EXPECT_EQ(traced(bits),
+              (names{in + "dlts_present_flag 1", in + "pps_depth_layers_minus1 1",
+                     in + "pps_bit_depth_for_depth_layers_minus8 0", in + "dlt_flag[0] 0",
+                     in + "dlt_flag[1] 1", in + "dlt_pred_flag[1] 0",
+                     in + "dlt_val_flags_present_flag[1] 0",
+                     in + "delta_dlt[1].num_val_delta_dlt 3", in + "delta_dlt[1].max_diff 3",
+                     in + "delta_dlt[1].min_diff_minus1 1", in + "delta_dlt[1].delta_dlt_val0 9",
+                     in + "delta_dlt[1].delta_val_diff_minus_min[1] 1",
+                     in + "delta_dlt[1].delta_val_diff_minus_min[2] 0"}));
+}
+
+// ---- Screen content
+
+test::bit_writer scc_flag() {
+    return test::bit_writer().u<8>(0b00010000);
+}
+
+h265_nal_pps with_scc(const h265_pps_scc_extension& extension) {
+    h265_nal_pps pps;
+    pps.pps_scc_extension_flag = true;
+    pps.pps_scc_extension = extension;
+    return pps;
+}
+
+TEST(PpsSccExtension, IsRead) {
+    expect_read(test::joined(scc_flag(), test::pps_scc_extension().syntax),
+                with_scc(test::pps_scc_extension().record));
+}
+
+TEST(PpsSccExtension, MayHaveNothing) {
+    expect_read(scc_flag().u<3>(0), with_scc({}));
+    h265_pps_scc_extension extension;
+    extension.pps_curr_pic_ref_enabled_flag = true;
+    expect_read(scc_flag().u<3>(0b100), with_scc(extension));
+}
+
+// An empty list takes the place of that of the SPS.
+TEST(PpsSccExtension, MayHaveAnEmptyPalette) {
+    h265_pps_scc_extension extension;
+    extension.pps_palette_predictor_initializers_present_flag = true;
+    expect_read(scc_flag().u<3>(0b001).ue(0), with_scc(extension));
+}
+
+TEST(PpsSccExtension, HasOneComponentWhenMonochrome) {
+    h265_pps_scc_extension extension;
+    extension.pps_palette_predictor_initializers_present_flag = true;
+    extension.pps_num_palette_predictor_initializers = 2;
+    extension.monochrome_palette_flag = true;
+    extension.luma_bit_depth_entry_minus8 = 8;
+    extension.pps_palette_predictor_initializer[0] = {65535, 1};
+    expect_read(scc_flag().u<3>(0b001).ue(2).u<1>(1).ue(8).u<16>(65535).u<16>(1),
+                with_scc(extension));
+}
+
+TEST(PpsSccExtension, HasBounds) {
+    const auto with = [](unsigned int count) {
+        test::bit_writer bits = scc_flag().u<3>(0b001).ue(count).u<1>(1).ue(0);
+        for (unsigned int i = 0; i < count; ++i) {
+            bits.u<8>(i);
+        }
+        return bits;
+    };
+    const reading most = read_extension(with(128));
+    EXPECT_EQ(most.fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(most.pps.pps_scc_extension.pps_palette_predictor_initializer[0].size(), 128U);
+    expect_kept(with(129));
+    expect_kept(scc_flag().u<3>(0b001).ue(0xFFFFFFFE).u<64>(0));
+    expect_kept(scc_flag().u<3>(0b001).ue(1).u<1>(1).ue(9).u<17>(0));
+    expect_kept(scc_flag().u<3>(0b001).ue(1).u<1>(0).ue(0).ue(9).u<8>(0).u<34>(0));
+}
+
+// ---- Extension data, and what is no extension that the standard has
+
+TEST(PpsExtensionData, AreKeptBitByBit) {
+    h265_nal_pps later;
+    later.pps_extension_4bits = 8;
+    expect_read(test::bit_writer().u<8>(8), later);
+    later.pps_extension_data_flag = {false};
+    expect_read(test::bit_writer().u<8>(8).u<1>(0), later);
+
+    test::bit_writer much = test::bit_writer().u<8>(0b00001111);
+    later.pps_extension_4bits = 15;
+    later.pps_extension_data_flag.clear();
+    for (unsigned int i = 0; i < 10001; ++i) {
+        much.u<1>(i % 3 == 0 ? 1U : 0U);
+        later.pps_extension_data_flag.push_back(i % 3 == 0);
+    }
+    expect_read(much, later);
+}
+
+TEST(UnknownPpsExtension, IsKeptAsItStands) {
+    expect_kept(test::bit_writer().u<3>(0b101));
+    expect_kept(test::bit_writer().u<3>(0b000));
+    expect_kept(test::bit_writer());
+}
+
+TEST(UnknownPpsExtension, MayBreakHalfWay) {
+    test::bit_writer bits = test::bit_writer().u<8>(0b11110000);
+    test::append(bits, test::pps_range_extension().syntax);
+    test::append(bits, test::pps_multilayer_extension().syntax);
+    test::append(bits, test::pps_3d_extension().syntax);
+    expect_kept(bits.u<3>(0b001).ue(200).u<16>(0xFFFF));
+}
+
+TEST(UnknownPpsExtension, MayBeWhatReservedBitsOnceStoodFor) {
+    expect_kept(test::bit_writer().u<8>(0b00010000).u<2>(0b01));
+}
+
+// An end anywhere in the extensions, before their last bit has been read.
+TEST(UnknownPpsExtension, IsWhatIsCutOff) {
+    test::bit_writer whole = test::bit_writer().u<8>(0b11110000);
+    test::append(whole, test::pps_range_extension().syntax);
+    test::append(whole, test::pps_multilayer_extension().syntax);
+    test::append(whole, test::pps_3d_extension().syntax);
+    test::append(whole, test::pps_scc_extension().syntax);
+    const flags all = bits_of(whole);
+    for (std::size_t size = 0; size < all.size() && !testing::Test::HasFailure(); ++size) {
+        SCOPED_TRACE(size);
+        test::bit_writer cut;
+        for (std::size_t i = 0; i < size; ++i) {
+            cut.u<1>(all[i] ? 1 : 0);
+        }
+        expect_kept(cut);
+
+        // Without trailing bits: what is the last 1 bit by chance is taken for them.
+        const reading ended = read_into({}, test::pps_with_extension(cut).payload().bytes());
+        EXPECT_TRUE(ended.read);
+        EXPECT_EQ(ended.fault.kind, h265_fault_kind::unknown_extension);
+        EXPECT_LT(ended.pps.pps_extension_data_flag.size(), size + 1);
+        EXPECT_FALSE(ended.pps.pps_range_extension_flag);
+    }
+}
+
+// ---- Records used again, and the library's own rules
+
+TEST(PpsExtensions, ShowNothingStale) {
+    const h265_nal_pps used = read_extension(test::full_pps_extensions().syntax).pps;
+    const std::vector<test::pps_syntax> all = {
+        test::pps_syntax{},
+        test::pps_with_extension(test::bit_writer().u<8>(0)),
+        test::pps_with_extension(test::bit_writer().u<3>(0b101)),
+        test::pps_with_extension(scc_flag().u<3>(0)),
+        test::pps_with_extension(flag_of_3d().u<1>(0)),
+        test::pps_with_extension(depth_layers(0, 0).u<1>(0)),
+        test::pps_with_extension(test::append(depth_layers(5, 0).u<1>(0),
+                                              test::bit_writer().u<3>(0b110).u<8>(0).u<4>(0))),
+        test::pps_with_extension(offsets(0).u<1>(0)),
+        test::pps_with_extension(one_octant(0, 0, 0, 0).u<4>(0)),
+        test::pps_with_extension(range_flag().ue(0).u<1>(0).u<1>(0).ue(0).ue(6))};
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        SCOPED_TRACE(i);
+        const auto bytes = all[i].rbsp().bytes();
+        EXPECT_TRUE(test::same_fields(read_into(used, bytes).pps, read_into({}, bytes).pps));
+    }
+}
+
+TEST(PpsExtensions, AreSkippedByParse) {
+    auto store = test::sps_store_with(0);
+    const auto whole = test::full_pps_extensions();
+    for (const bool extended : {false, true}) {
+        test::pps_syntax syntax = test::pps_with_extension(whole.syntax);
+        if (!extended) {
+            syntax.extension = test::bit_writer().u<1>(0);
+        }
+        for (const h265_nal_pps& before : {h265_nal_pps{}, whole.record}) {
+            test::rbsp input{syntax.rbsp().bytes()};
+            h265_nal_pps pps = before;
+            EXPECT_TRUE(pps.parse(input.reader, store));
+            EXPECT_EQ(input.reader.bit_position(), syntax.rbsp().size());
+            h265_nal_pps expected = smallest_with(before);
+            expected.pps_extension_present_flag = extended;
+            expected.uniform_spacing_flag = false;  // nothing is inferred
+            expected.loop_filter_across_tiles_enabled_flag = false;
+            EXPECT_TRUE(test::same_fields(pps, expected));
+
+            test::rbsp traced_input{syntax.rbsp().bytes()};
+            h265_nal_pps traced = before;
+            h265_trace trace;
+            EXPECT_TRUE(traced.parse(traced_input.reader, store, trace));
+            EXPECT_TRUE(test::same_fields(traced, pps));
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kovran
