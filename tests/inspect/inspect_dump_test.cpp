@@ -534,23 +534,18 @@ std::vector<nlohmann::ordered_json> json_lines(const std::string& text) {
     return lines;
 }
 
-// What a reading has of a unit, as far as it is parsed.
-values expected_of(const std::vector<expected_element>& reading) {
+bool is_trailing_bit(const std::string& name) {
+    return name.rfind("rbsp_", 0) == 0 || name.rfind("alignment_bit_", 0) == 0;
+}
+
+// What a reading has of a unit but its trailing bits and the extension of a VPS.
+values expected_of(std::vector<expected_element> reading) {
+    pass_over_extension(reading, "vps_extension_flag");
+    put_slice_extension_into_bytes(reading);
     values expected;
-    std::size_t sub_layer = 0;
     for (const expected_element& each : reading) {
-        std::string name = each.name;
-        if (name == "rbsp_stop_one_bit" || is_behind_list_modification(name)) {
-            break;
-        }
-        if (name.rfind("sub_layer_level_present_flag", 0) == 0) {
-            ++sub_layer;
-        } else if (name == "reserved_zero_2bits") {
-            name += '[' + std::to_string(sub_layer++) + ']';
-        }
-        expected.emplace_back(name, each.value);
-        if (is_extension_flag(name)) {
-            break;
+        if (each.value != not_read && !is_trailing_bit(each.name)) {
+            expected.emplace_back(each.name, each.value);
         }
     }
     std::sort(expected.begin(), expected.end());
