@@ -155,6 +155,11 @@ void expect_heading(const std::string& heading, std::size_t index, const nlohman
     EXPECT_EQ(heading.substr(heading.size() - end.size()), end);
 }
 
+// A message that the reading could not take apart.
+bool is_opaque(const expected_element& each) {
+    return each.name.rfind("sei_payload(", 0) == 0;
+}
+
 // The elements of the messages that are parsed, and type and size of all; those that need an
 // SPS only where that can be read.
 void expect_messages(const std::vector<element>& elements,
@@ -169,7 +174,8 @@ void expect_messages(const std::vector<element>& elements,
             payload_type = expected.value;
         }
         const bool read = prefix && is_parsed_message(payload_type) &&
-                          (sps_read || payload_type == "129") && !is_payload_padding(expected.name);
+                          (sps_read || payload_type == "129") &&
+                          !is_payload_padding(expected.name) && !is_opaque(expected);
         if (read || is_sei_framing(expected.name)) {
             ASSERT_EQ(by_bit.count(expected.bit), 1U) << expected.name;
             expect_element(*by_bit[expected.bit], expected);
@@ -259,8 +265,7 @@ TEST_P(InspectTraceOfStreams, HasFaultsOnlyWhereTheEncoderMadeThem) {
 }
 
 TEST_P(InspectTraceOfStreams, ShowsTheElementsUpToTheFirstThatTheOwnRulesReadOtherwise) {
-    const bool chained = streams_with_chained_sets().count(GetParam()) == 1;
-    bool chained_set_found = false;
+    const bool chained = has_chained_sets(units_of_reading(GetParam()));
     expect_units("own", [&](unsigned int type, const std::vector<element>& elements,
                             const std::vector<expected_element>& expected) {
         if (is_sei(type)) {
@@ -274,7 +279,6 @@ TEST_P(InspectTraceOfStreams, ShowsTheElementsUpToTheFirstThatTheOwnRulesReadOth
             whole = common == expected.size();
         } else if (type == 33) {
             common = first_of_a_chained_prediction(expected);
-            chained_set_found = chained_set_found || common < expected.size();
         } else if (type == 34 && chained) {
             common = 2;  // the identifiers: the SPS could not be read
         } else if (type < 32) {
@@ -289,7 +293,6 @@ TEST_P(InspectTraceOfStreams, ShowsTheElementsUpToTheFirstThatTheOwnRulesReadOth
             EXPECT_EQ(elements.size(), common);
         }
     });
-    EXPECT_EQ(chained_set_found, chained);
 }
 
 INSTANTIATE_TEST_SUITE_P(AllStreams, InspectTraceOfStreams, testing::ValuesIn(stream_names()),

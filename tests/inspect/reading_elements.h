@@ -4,7 +4,6 @@
 #include <nlohmann/json.hpp>
 
 #include <cstddef>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -40,8 +39,8 @@ void put_slice_extension_into_bytes(std::vector<expected_element>& all);
 // kept, so that a set predicted from that has one pair of flags; all.size() when there is none.
 [[nodiscard]] std::size_t first_of_a_chained_prediction(const std::vector<expected_element>& all);
 
-// Streams in whose SPSs a set is predicted from a predicted one.
-[[nodiscard]] const std::set<std::string>& streams_with_chained_sets();
+// Whether a stream has an SPS of the base layer in which a set is predicted from a predicted one.
+[[nodiscard]] bool has_chained_sets(const nlohmann::json& units);
 
 // Whether an element of a slice segment header stands behind the part that the library's own rules
 // read.
