@@ -538,13 +538,21 @@ bool is_trailing_bit(const std::string& name) {
     return name.rfind("rbsp_", 0) == 0 || name.rfind("alignment_bit_", 0) == 0;
 }
 
+// Flags without an index, as many as there are: an array.
+bool is_extension_data(const std::string& name) {
+    return name == "sps_extension_data_flag" || name == "pps_extension_data_flag";
+}
+
 // What a reading has of a unit but its trailing bits and the extension of a VPS.
 values expected_of(std::vector<expected_element> reading) {
     pass_over_extension(reading, "vps_extension_flag");
     put_slice_extension_into_bytes(reading);
     values expected;
+    std::size_t flags = 0;
     for (const expected_element& each : reading) {
-        if (each.value != not_read && !is_trailing_bit(each.name)) {
+        if (is_extension_data(each.name) && each.value != not_read) {
+            expected.emplace_back(each.name + '[' + std::to_string(flags++) + ']', each.value);
+        } else if (each.value != not_read && !is_trailing_bit(each.name)) {
             expected.emplace_back(each.name, each.value);
         }
     }
@@ -585,10 +593,8 @@ void expect_messages(const nlohmann::ordered_json& syntax,
                 }
             }
             std::sort(expected.begin(), expected.end());
-            EXPECT_TRUE(
-                std::includes(elements.begin(), elements.end(), expected.begin(), expected.end()));
-            // The reading of some messages is cut short.
-            if (index_of(reading, "rbsp_stop_one_bit") != reading.size()) {
+            const bool is_opaque = !expected.empty() && expected[0].first == "sei_payload(0)";
+            if (!is_opaque) {
                 EXPECT_EQ(elements, expected);
             }
         }
