@@ -149,6 +149,8 @@ unit 3 at 76: IDR_W_RADL, 752 bytes, layer 0, temporal id 0
   slice_type                                          2  (I)
   slice_sao_luma_flag                                 1
   slice_sao_chroma_flag                               1
+  slice_qp_delta                                      12
+  slice_loop_filter_across_slices_enabled_flag        1
 
 unit 4 at 831: SUFFIX_SEI_NUT, 54 bytes, layer 0, temporal id 0
   decoded_picture_hash                                (payload type 132, 49 bytes)
@@ -362,9 +364,10 @@ TEST(InspectDump, GoesOnAfterASliceThatAsksForTooMuchMemory) {
 }
 
 // A P slice with a set of its own, 1 1 010 0101 0, without pictures 1 1, without long-term ones 1
-// 1, and num_ref_idx_active_override_flag 0.
+// 1, num_ref_idx_active_override_flag 0, five_minus_max_num_merge_cand 1, slice_qp_delta 1, and the
+// alignment 1000000.
 std::string good_slice() {
-    return bytes("000001 0201 d2bd");
+    return bytes("000001 0201 d2bdc0");
 }
 
 TEST(InspectDump, ReadsTheSliceOfThoseParameterSets) {
@@ -396,7 +399,7 @@ TEST(InspectDump, KeepsAParameterSetWhenItsRepetitionIsBroken) {
 // own rules let such a PPS go, and the one before stays: seven bits of the slice are others then.
 TEST(InspectDump, GoesByAParameterSetWithMalformedTrailingBits) {
     const std::string fault = "malformed trailing bits: rbsp_stop_one_bit at bit 30 is 0";
-    const std::string stream = parameter_sets() + bytes("000001 4401 ce718010 000001 0201 c0257a");
+    const std::string stream = parameter_sets() + bytes("000001 4401 ce718010 000001 0201 c0257b80");
     const outcome result = program({"dump", "-"}).input(stream).run();
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err,

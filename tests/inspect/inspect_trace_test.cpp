@@ -399,7 +399,7 @@ TEST(InspectTrace, ReadsUnitsThatItDoesNotShow) {
     const std::vector<traced_unit> one = units_of(result.out);
     ASSERT_EQ(one.size(), 1U);
     ASSERT_EQ(one[0].elements.size(), all.at(3).elements.size());
-    EXPECT_EQ(leaf_of(one[0].elements.back().path), "slice_sao_chroma_flag");
+    EXPECT_EQ(leaf_of(one[0].elements.back().path), "alignment_bit_equal_to_zero");
 }
 
 // An empty unit, one of nothing but trailing bits, and one of a payloadType that does not end;
