@@ -46,7 +46,7 @@ std::string profile_tier_level_text(const h265_profile_tier_level::layer_t& gene
 }
 
 std::string size_text(const h265_nal_sps& sps) {
-    const std::string text =
+    std::string text =
         fmt::format("{} x {}", sps.pic_width_in_luma_samples, sps.pic_height_in_luma_samples);
     if (!sps.conformance_window_flag) {
         return text;
