@@ -16,6 +16,8 @@
 #include <kovran/h265/h265_delta_dlt.h>
 #include <kovran/h265/h265_fault.h>
 #include <kovran/h265/h265_hrd_parameters.h>
+#include <kovran/h265/h265_hrd_rates.h>
+#include <kovran/h265/h265_level.h>
 #include <kovran/h265/h265_nal.h>
 #include <kovran/h265/h265_nal_aud.h>
 #include <kovran/h265/h265_nal_pps.h>
@@ -29,12 +31,15 @@
 #include <kovran/h265/h265_nal_sub_layer_hrd_parameters.h>
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_nal_writer.h>
+#include <kovran/h265/h265_picture_format.h>
+#include <kovran/h265/h265_picture_rate.h>
 #include <kovran/h265/h265_pps_3d_extension.h>
 #include <kovran/h265/h265_pps_multilayer_extension.h>
 #include <kovran/h265/h265_pps_range_extension.h>
 #include <kovran/h265/h265_pps_scc_extension.h>
 #include <kovran/h265/h265_pred_weight_table.h>
 #include <kovran/h265/h265_profile.h>
+#include <kovran/h265/h265_profile_name.h>
 #include <kovran/h265/h265_profile_tier_level.h>
 #include <kovran/h265/h265_ref_pic_lists_modification.h>
 #include <kovran/h265/h265_rules.h>
@@ -45,6 +50,7 @@
 #include <kovran/h265/h265_sps_range_extension.h>
 #include <kovran/h265/h265_sps_scc_extension.h>
 #include <kovran/h265/h265_st_ref_pic_set.h>
+#include <kovran/h265/h265_tiles.h>
 #include <kovran/h265/h265_trace.h>
 #include <kovran/h265/h265_video_format.h>
 #include <kovran/h265/h265_vui_parameters.h>

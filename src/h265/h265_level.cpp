@@ -1,5 +1,6 @@
 #include <kovran/h265/h265_level.h>
 
+#include "h265/profile_row.h"
 #include "h265/sub_layer_ordering.h"
 
 #include <algorithm>
@@ -22,7 +23,6 @@ constexpr h265_level_limits levels[] = {
     {180, 35651584, {60000, 240000}, 600, 22, 20, 1069547520, {60000, 240000}, {8, 4}},
     {183, 35651584, {120000, 480000}, 600, 22, 20, 2139095040, {120000, 480000}, {8, 4}},
     {186, 35651584, {240000, 800000}, 600, 22, 20, 4278190080, {240000, 800000}, {6, 4}},
-    {189, 80216064, {240000, 1600000}, 600, 22, 20, 4812963840, {320000, 1600000}, {6, 4}},
 };
 
 // The profiles for screen content, whose sps_curr_pic_ref_enabled_flag may be 1.
@@ -43,6 +43,22 @@ const h265_level_limits* h265_find_level_limits(unsigned char level_idc) {
         std::find_if(std::begin(levels), std::end(levels),
                      [level_idc](const auto& level) { return level.level_idc == level_idc; });
     return found != std::end(levels) ? found : nullptr;
+}
+
+h265_bit_limits h265_bit_limits_of(const h265_profile_tier_level::layer_t& layer) {
+    const h265_level_limits* const level = h265_find_level_limits(layer.level_idc);
+    const profile_row* const profile = find_profile(layer);
+    if (level == nullptr || profile == nullptr) {
+        return {};
+    }
+    // Of the format range extensions; the profiles before them have none.
+    constexpr unsigned int format_range = 4;
+    const std::uint64_t HbrFactor =
+        profile->profile_idc == format_range && !layer.lower_bit_rate_constraint_flag ? 2 : 1;
+    const std::uint64_t MaxBR = level->MaxBR[layer.tier_flag ? 1 : 0];
+    const std::uint64_t MaxCPB = level->MaxCPB[layer.tier_flag ? 1 : 0];
+    return {profile->CpbVclFactor * HbrFactor * MaxBR, profile->CpbVclFactor * MaxCPB,
+            profile->CpbNalFactor * HbrFactor * MaxBR, profile->CpbNalFactor * MaxCPB};
 }
 
 unsigned int h265_max_dpb_size(const h265_nal_sps& sps) {

@@ -176,13 +176,10 @@ template <class Walker, class Sps, class VpsStore>
     walk.u(1, named("sps_extension_present_flag", sps.sps_extension_flag));
     if (sps.sps_extension_flag && !walk.rules.knows_extensions()) {
         walk.extension_data("sps_extension_data_flag");
-    } else if (sps.sps_extension_flag && !walk.attempt([&] { return sps_extensions(walk, sps); })) {
-        drop_extensions(sps);
-        walk.unknown_extension();
-        if (walk.ran_out_of_memory() ||
-            !walk.extension_data(ELEMENT(sps, sps_extension_data_flag))) {
-            return false;
-        }
+    } else if (sps.sps_extension_flag &&
+               !extensions_or_data(walk, sps, ELEMENT(sps, sps_extension_data_flag),
+                                   [&] { return sps_extensions(walk, sps); })) {
+        return false;
     }
     return walk.finish_rbsp(sps.valid);
 }

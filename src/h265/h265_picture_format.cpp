@@ -48,6 +48,21 @@ h265_picture_size h265_size_in_ctbs(const h265_nal_sps& sps) {
     return {size.width, size.height};
 }
 
+h265_picture_size h265_size_in_min_cbs(const h265_nal_sps& sps) {
+    const picture_size size =
+        picture_size_in_ctbs(sps, static_cast<std::uint64_t>(min_cb_log2_size(sps)));
+    return {size.width, size.height};
+}
+
+h265_sample_aspect_ratio h265_sample_aspect_ratio_of(const h265_nal_sps& sps) {
+    const h265_vui_parameters& vui = sps.vui_parameters;
+    const bool is_specified = sps.vui_parameters_present_flag &&
+                              vui.aspect_ratio_info_present_flag && vui.sar_width != 0 &&
+                              vui.sar_height != 0;
+    return is_specified ? h265_sample_aspect_ratio{vui.sar_width, vui.sar_height}
+                        : h265_sample_aspect_ratio{};
+}
+
 int h265_wp_offset_half_range_luma(const h265_nal_sps& sps) {
     return static_cast<int>(wp_offset_half_range(
         sps.sps_range_extension.high_precision_offsets_enabled_flag, sps.bit_depth_luma_minus8));

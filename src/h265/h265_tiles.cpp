@@ -48,6 +48,8 @@ bool space(std::vector<unsigned int>& boundaries, std::uint64_t count, std::uint
     return space_as_coded(boundaries, count, size, sizes_minus1);
 }
 
+constexpr std::uint64_t largest_address = 0xFFFFFFFF;
+
 // The tile column or row of a coordinate that lies in the picture.
 std::size_t part_of(const std::vector<unsigned int>& boundaries, unsigned int coordinate) {
     return static_cast<std::size_t>(
@@ -65,7 +67,8 @@ bool h265_tiles::assign(const h265_nal_pps& pps, const h265_nal_sps& sps) {
         pps.tiles_enabled_flag ? std::uint64_t{pps.num_tile_columns_minus1} + 1 : 1;
     const std::uint64_t rows =
         pps.tiles_enabled_flag ? std::uint64_t{pps.num_tile_rows_minus1} + 1 : 1;
-    if (space(column_boundaries, columns, size.width, uniformly, pps.column_width_minus1) &&
+    if (pic_size_in_ctbs(sps) <= largest_address &&
+        space(column_boundaries, columns, size.width, uniformly, pps.column_width_minus1) &&
         space(row_boundaries, rows, size.height, uniformly, pps.row_height_minus1)) {
         return true;
     }

@@ -149,6 +149,8 @@ unit 3 at 76: IDR_W_RADL, 752 bytes, layer 0, temporal id 0
   slice_type                                          2  (I)
   slice_sao_luma_flag                                 1
   slice_sao_chroma_flag                               1
+  slice_qp_delta                                      12
+  slice_loop_filter_across_slices_enabled_flag        1
 
 unit 4 at 831: SUFFIX_SEI_NUT, 54 bytes, layer 0, temporal id 0
   decoded_picture_hash                                (payload type 132, 49 bytes)
@@ -362,9 +364,10 @@ TEST(InspectDump, GoesOnAfterASliceThatAsksForTooMuchMemory) {
 }
 
 // A P slice with a set of its own, 1 1 010 0101 0, without pictures 1 1, without long-term ones 1
-// 1, and num_ref_idx_active_override_flag 0.
+// 1, num_ref_idx_active_override_flag 0, five_minus_max_num_merge_cand 1, slice_qp_delta 1, and the
+// alignment 1000000.
 std::string good_slice() {
-    return bytes("000001 0201 d2bd");
+    return bytes("000001 0201 d2bdc0");
 }
 
 TEST(InspectDump, ReadsTheSliceOfThoseParameterSets) {
@@ -396,7 +399,7 @@ TEST(InspectDump, KeepsAParameterSetWhenItsRepetitionIsBroken) {
 // own rules let such a PPS go, and the one before stays: seven bits of the slice are others then.
 TEST(InspectDump, GoesByAParameterSetWithMalformedTrailingBits) {
     const std::string fault = "malformed trailing bits: rbsp_stop_one_bit at bit 30 is 0";
-    const std::string stream = parameter_sets() + bytes("000001 4401 ce718010 000001 0201 c0257a");
+    const std::string stream = parameter_sets() + bytes("000001 4401 ce718010 000001 0201 c0257b80");
     const outcome result = program({"dump", "-"}).input(stream).run();
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err,
@@ -534,23 +537,26 @@ std::vector<nlohmann::ordered_json> json_lines(const std::string& text) {
     return lines;
 }
 
-// What a reading has of a unit, as far as it is parsed.
-values expected_of(const std::vector<expected_element>& reading) {
+bool is_trailing_bit(const std::string& name) {
+    return name.rfind("rbsp_", 0) == 0 || name.rfind("alignment_bit_", 0) == 0;
+}
+
+// Flags without an index, as many as there are: an array.
+bool is_extension_data(const std::string& name) {
+    return name == "sps_extension_data_flag" || name == "pps_extension_data_flag";
+}
+
+// What a reading has of a unit but its trailing bits and the extension of a VPS.
+values expected_of(std::vector<expected_element> reading) {
+    pass_over_extension(reading, "vps_extension_flag");
+    put_slice_extension_into_bytes(reading);
     values expected;
-    std::size_t sub_layer = 0;
+    std::size_t flags = 0;
     for (const expected_element& each : reading) {
-        std::string name = each.name;
-        if (name == "rbsp_stop_one_bit" || is_behind_list_modification(name)) {
-            break;
-        }
-        if (name.rfind("sub_layer_level_present_flag", 0) == 0) {
-            ++sub_layer;
-        } else if (name == "reserved_zero_2bits") {
-            name += '[' + std::to_string(sub_layer++) + ']';
-        }
-        expected.emplace_back(name, each.value);
-        if (is_extension_flag(name)) {
-            break;
+        if (is_extension_data(each.name) && each.value != not_read) {
+            expected.emplace_back(each.name + '[' + std::to_string(flags++) + ']', each.value);
+        } else if (each.value != not_read && !is_trailing_bit(each.name)) {
+            expected.emplace_back(each.name, each.value);
         }
     }
     std::sort(expected.begin(), expected.end());
@@ -590,10 +596,8 @@ void expect_messages(const nlohmann::ordered_json& syntax,
                 }
             }
             std::sort(expected.begin(), expected.end());
-            EXPECT_TRUE(
-                std::includes(elements.begin(), elements.end(), expected.begin(), expected.end()));
-            // The reading of some messages is cut short.
-            if (index_of(reading, "rbsp_stop_one_bit") != reading.size()) {
+            const bool is_opaque = !expected.empty() && expected[0].first == "sei_payload(0)";
+            if (!is_opaque) {
                 EXPECT_EQ(elements, expected);
             }
         }

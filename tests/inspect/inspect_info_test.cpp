@@ -219,6 +219,32 @@ TEST(InspectInfo, TellsProfileTierAndLevel) {
     EXPECT_EQ(fact(info_of_sets(sps), "profile"), "Main 10, High tier, level 5.2");
 }
 
+std::string profile_of(const std::string& name) {
+    const std::string all = fact(info_of(name), "profile");
+    return all.substr(0, all.find(','));
+}
+
+// By the options that the encoders were given.
+TEST(InspectInfo, TellsTheProfileThatTheFlagsStandFor) {
+    EXPECT_EQ(profile_of("main422_10intra"), "Main 4:2:2 10 Intra");
+    EXPECT_EQ(profile_of("main10_still444"), "Main 4:4:4 Still Picture");
+    EXPECT_EQ(profile_of("main444_12_cqpoff"), "Main 4:4:4 12");
+    EXPECT_EQ(profile_of("more_tiles_wpp"), "High Throughput 4:4:4 16 Intra");
+}
+
+// Profile 4 of 16 bit pictures that are not intra only; profile 31; profile 1 of another space.
+TEST(InspectInfo, TellsTheNumberOfAProfileThatTheFlagsDoNotStandFor) {
+    const auto profile_with = [](unsigned int space, unsigned int profile) {
+        sps_syntax sps;
+        sps.profile_tier_level = bit_writer().u(2, space).u<1>(0).u(5, profile);
+        sps.profile_tier_level.u<32>(0).u<4>(0).u<43>(0).u<1>(0).u<8>(93);
+        return fact(info_of_sets(sps), "profile");
+    };
+    EXPECT_EQ(profile_with(0, 4), "format range extensions, Main tier, level 3.1");
+    EXPECT_EQ(profile_with(0, 31), "reserved, Main tier, level 3.1");
+    EXPECT_EQ(profile_with(1, 1), "reserved, Main tier, level 3.1");
+}
+
 TEST(InspectInfo, TellsTheBitDepthsOfLumaAndChroma) {
     sps_syntax sps;
     sps.bit_depths = bit_writer().ue(2).ue(4);
@@ -330,10 +356,14 @@ TEST(InspectInfo, CountsFieldsWhereThePicturesAreFields) {
     EXPECT_EQ(rate_of(no_timing(), of_vps, true), "50 fields per second (50/1)");
 }
 
-TEST(InspectInfo, KnowsNoRateForATickOfNoUnits) {
+TEST(InspectInfo, TakesAZeroInTheTimingAsNone) {
     const bit_writer of_vps = timing(1, 50).ue(0);
-    EXPECT_EQ(rate_of(timing(0, 25).u<1>(0), of_vps), "unknown: a tick of 0 units");
-    EXPECT_EQ(rate_of(no_timing(), timing(0, 25).ue(0)), "unknown: a tick of 0 units");
+    EXPECT_EQ(rate_of(timing(0, 25).u<1>(0), of_vps), "50 pictures per second (50/1)");
+    EXPECT_EQ(rate_of(timing(1, 0).u<1>(0), of_vps), "50 pictures per second (50/1)");
+    const std::string unknown = "unknown: the tick or the time scale is 0";
+    EXPECT_EQ(rate_of(timing(0, 25).u<1>(0), no_timing()), unknown);
+    EXPECT_EQ(rate_of(no_timing(), timing(0, 25).ue(0)), unknown);
+    EXPECT_EQ(rate_of(no_timing(), timing(1, 0).ue(0)), unknown);
 }
 
 std::string colour_of(const bit_writer& signal_type) {

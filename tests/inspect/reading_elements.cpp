@@ -4,16 +4,24 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <set>
 
 namespace kovran::test {
 namespace {
 
-// In the standard's words.
-std::string standard_name(const std::string& name) {
+// In the standard's words; `previous` is the element before it.
+std::string standard_name(const std::string& name, const std::string& previous) {
     static const std::map<std::string, std::string> other_names = {
+        {"bit_equal_to_one", "payload_bit_equal_to_one"},
+        {"bit_equal_to_zero", "payload_bit_equal_to_zero"},
+        {"chroma_offset_l0", "delta_chroma_offset_l0"},
+        {"chroma_offset_l1", "delta_chroma_offset_l1"},
         {"matrix_coefficients", "matrix_coeffs"},
         {"scaling_list_delta_coeff", "scaling_list_delta_coef"},
     };
+    if (name == "extension_data") {
+        return previous.substr(0, 3) + "_extension_data_flag";
+    }
     const std::string base = name.substr(0, name.find('['));
     const auto found = other_names.find(base);
     return found == other_names.end() ? name : found->second + name.substr(base.size());
@@ -21,7 +29,13 @@ std::string standard_name(const std::string& name) {
 
 // Reserved bits that are one element in the standard; there are several reserved_zero_2bits[i].
 bool is_reserved(const std::string& name) {
-    return name.find("reserved_zero") != std::string::npos && name != "reserved_zero_2bits";
+    return name.find("reserved_zero") != std::string::npos &&
+           name.rfind("reserved_zero_2bits", 0) != 0;
+}
+
+// Strings have no number: bytes in hexadecimal, and texts.
+std::string text_of(const nlohmann::json& value) {
+    return value.is_string() ? value.get<std::string>() : value.dump();
 }
 
 }  // namespace
@@ -30,26 +44,74 @@ std::vector<expected_element> elements_of(const nlohmann::json& unit) {
     constexpr std::size_t header_bits = 16;
     std::vector<expected_element> all;
     std::int64_t reserved = 0;
+    std::size_t sub_layer = 0;
+    std::size_t end_of_message = 0;
     for (const nlohmann::json& each : unit.at("elements")) {
-        const std::string name = standard_name(each.at(0));
-        const auto value = each.at(1).get<std::int64_t>();
+        std::string name = standard_name(each.at(0), all.empty() ? "" : all.back().name);
+        const auto bit = each.at(2).get<std::size_t>() - header_bits;
         const auto width = each.at(3).get<std::size_t>();
+        if (name.rfind("sub_layer_level_present_flag", 0) == 0) {
+            ++sub_layer;
+        } else if (name == "reserved_zero_2bits") {
+            name += '[' + std::to_string(sub_layer++) + ']';
+        }
+        const bool is_framing = name.rfind("last_payload_", 0) == 0;
+        const bool is_nested = bit < end_of_message;
+        if (is_framing && is_nested) {
+            continue;
+        }
+        if (name == "last_payload_size_byte") {
+            const std::size_t bytes_before = (bit - all.back().bit) / 8 - 1;
+            end_of_message = bit + width + 8 * (255 * bytes_before + each.at(1).get<std::size_t>());
+        }
         if (is_reserved(name) && !all.empty() && all.back().name == name) {
-            reserved = reserved << width | value;
+            reserved = reserved << width | each.at(1).get<std::int64_t>();
             all.back().value = std::to_string(reserved);
             all.back().width += width;
         } else {
-            reserved = value;
-            all.push_back(
-                {name, std::to_string(value), each.at(2).get<std::size_t>() - header_bits, width});
+            reserved = each.at(1).is_number() ? each.at(1).get<std::int64_t>() : 0;
+            all.push_back({name, text_of(each.at(1)), bit, width});
         }
     }
     return all;
 }
 
-bool is_extension_flag(const std::string& name) {
-    return name == "vps_extension_flag" || name == "sps_extension_present_flag" ||
-           name == "pps_extension_present_flag";
+void pass_over_extension(std::vector<expected_element>& all, const std::string& flag) {
+    const std::size_t index = index_of(all, flag);
+    if (index == all.size() || all[index].value == "0") {
+        return;
+    }
+    const std::size_t stop = index_of(all, "rbsp_stop_one_bit", index);
+    const std::size_t begin = all[index].bit + 1;
+    const expected_element data = {flag.substr(0, 3) + "_extension_data_flag", not_read, begin,
+                                   all.at(stop).bit - begin};
+    const auto first = all.begin() + static_cast<std::ptrdiff_t>(index) + 1;
+    all.insert(all.erase(first, all.begin() + static_cast<std::ptrdiff_t>(stop)), data);
+}
+
+void put_slice_extension_into_bytes(std::vector<expected_element>& all) {
+    const std::size_t first = index_of(all, "slice_segment_header_extension_length") + 1;
+    if (first > all.size() || all.at(first).name == "slice_segment_header_extension_data_byte[0]") {
+        return;
+    }
+    const std::size_t end = index_of(all, "alignment_bit_equal_to_one", first);
+    std::vector<expected_element> bytes;
+    std::uint64_t bits = 0;
+    std::size_t count = 0;
+    for (std::size_t i = first; i < end; ++i) {
+        const bool is_exp_golomb = all[i].name == "poc_msb_cycle_val";
+        for (std::size_t bit = all[i].width; bit-- > 0; ++count) {
+            bits = bits << 1 | ((std::stoull(all[i].value) + (is_exp_golomb ? 1 : 0)) >> bit & 1U);
+            if (count % 8 == 7) {
+                bytes.push_back({"slice_segment_header_extension_data_byte[" +
+                                     std::to_string(bytes.size()) + ']',
+                                 std::to_string(bits & 0xFF), all[first].bit + count - 7, 8});
+            }
+        }
+    }
+    const auto begin = all.begin() + static_cast<std::ptrdiff_t>(first);
+    all.insert(all.erase(begin, all.begin() + static_cast<std::ptrdiff_t>(end)), bytes.begin(),
+               bytes.end());
 }
 
 std::size_t index_of(const std::vector<expected_element>& all, const std::string& name,
@@ -75,18 +137,15 @@ std::size_t first_of_a_chained_prediction(const std::vector<expected_element>& a
     return all.size();
 }
 
-const std::set<std::string>& streams_with_chained_sets() {
-    static const std::set<std::string> names = {
-        "hm_2tids",         "hm_deblock_metric", "hm_depslices",     "hm_field",
-        "hm_hash_csum",     "hm_hrd_subpic",     "hm_ld_b",          "hm_ra16",
-        "hm_ra8_cra",       "hm_rext400",        "hm_rext444_all",   "hm_scaling_file444",
-        "hm_slices_bytes",  "hm_tiles_nu",       "hm_tiles_u",       "hm_vui",
-        "hm_wp_b",          "hmx_ext4bits",      "hmx_hrd_lowdelay", "hmx_ids",
-        "hmx_listmod_b",    "hmx_listmod_p4",    "hmx_ltr1",         "hmx_ltr3_unused",
-        "hmx_ltr_msb_part", "hmx_ltrsps5",       "hmx_pocbits16",    "hmx_sublevel_only",
-        "hmx_vps_hrd1",     "hmx_vps_timing",    "scm_act",          "scm_ld420",
-    };
-    return names;
+bool has_chained_sets(const nlohmann::json& units) {
+    return std::any_of(units.begin(), units.end(), [](const nlohmann::json& unit) {
+        constexpr unsigned int sps = 33;
+        if (unit.at("nal_unit_type") != sps || unit.at("nuh_layer_id") != 0) {
+            return false;
+        }
+        const std::vector<expected_element> elements = elements_of(unit);
+        return first_of_a_chained_prediction(elements) != elements.size();
+    });
 }
 
 bool is_behind_list_modification(const std::string& name) {
@@ -107,7 +166,7 @@ bool is_sei_framing(const std::string& name) {
 }
 
 bool is_payload_padding(const std::string& name) {
-    return name.rfind("bit_equal_to_", 0) == 0 || name == "reserved_payload_extension_data";
+    return name.rfind("payload_bit_equal_to_", 0) == 0 || name == "reserved_payload_extension_data";
 }
 
 }  // namespace kovran::test

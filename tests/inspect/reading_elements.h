@@ -4,7 +4,6 @@
 #include <nlohmann/json.hpp>
 
 #include <cstddef>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -18,23 +17,33 @@ struct expected_element {
     std::size_t width;
 };
 
-// Of one unit. Reserved bits, which the other reader takes 24 at a time, are put together again.
+// The value of bits that are passed over as one element.
+constexpr const char* not_read = "not read";
+
+// Of one unit. Reserved bits, which one reader takes 24 at a time, are put together again. Of
+// messages inside a message there are no types and sizes.
 [[nodiscard]] std::vector<expected_element> elements_of(const nlohmann::json& unit);
 
 // The place of the next element with this name; all.size() when there is none.
 [[nodiscard]] std::size_t index_of(const std::vector<expected_element>& all,
                                    const std::string& name, std::size_t from = 0);
 
-[[nodiscard]] bool is_extension_flag(const std::string& name);
+// Makes one element of the bits from this flag, when it is set, to the trailing bits.
+void pass_over_extension(std::vector<expected_element>& all, const std::string& flag);
+
+// Makes bytes of the extension of a slice segment header that the reading takes apart, clause
+// F.7.3.6.1; kovran gives the bytes.
+void put_slice_extension_into_bytes(std::vector<expected_element>& all);
 
 // The first element of an SPS that is read otherwise: of a set that is predicted no pictures are
 // kept, so that a set predicted from that has one pair of flags; all.size() when there is none.
 [[nodiscard]] std::size_t first_of_a_chained_prediction(const std::vector<expected_element>& all);
 
-// Streams in whose SPSs a set is predicted from a predicted one.
-[[nodiscard]] const std::set<std::string>& streams_with_chained_sets();
+// Whether a stream has an SPS of the base layer in which a set is predicted from a predicted one.
+[[nodiscard]] bool has_chained_sets(const nlohmann::json& units);
 
-// Whether an element of a slice segment header stands behind the part that is read.
+// Whether an element of a slice segment header stands behind the part that the library's own rules
+// read.
 [[nodiscard]] bool is_behind_list_modification(const std::string& name);
 
 // Whether the messages of this type are parsed.

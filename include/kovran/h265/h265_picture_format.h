@@ -3,6 +3,7 @@
 
 #include <kovran/export.h>
 #include <kovran/h265/h265_nal_sps.h>
+#include <kovran/h265/h265_vui_parameters.h>
 
 #include <cstdint>
 
@@ -32,6 +33,14 @@ struct h265_picture_size {
 // CtbLog2SizeY, and PicWidthInCtbsY and PicHeightInCtbsY: 0 for blocks of 2^32 samples and more.
 [[nodiscard]] KOVRAN_API std::uint64_t h265_ctb_log2_size(const h265_nal_sps& sps);
 [[nodiscard]] KOVRAN_API h265_picture_size h265_size_in_ctbs(const h265_nal_sps& sps);
+
+// PicWidthInMinCbsY and PicHeightInMinCbsY, likewise.
+[[nodiscard]] KOVRAN_API h265_picture_size h265_size_in_min_cbs(const h265_nal_sps& sps);
+
+// The shape of a luma sample by the VUI: width to height, not reduced. 0 by 0 where it is not
+// specified, as with a sar_width or sar_height of 0.
+[[nodiscard]] KOVRAN_API h265_sample_aspect_ratio
+h265_sample_aspect_ratio_of(const h265_nal_sps& sps);
 
 // WpOffsetHalfRangeY and WpOffsetHalfRangeC, for bit depths up to 16: offsets of prediction weights
 // lie between minus this and this less 1.

@@ -21,7 +21,8 @@ struct h265_tiles {
     //
     // False, with empty arrays: the sizes that are coded leave nothing for the last tile; there are
     // more columns or rows than coding tree blocks, or than 1056, the blocks along the longest side
-    // of any picture; or the picture has no blocks. Throws std::bad_alloc when there is no memory.
+    // of any picture; or the picture has no blocks, or 2^32 and more. Throws std::bad_alloc when
+    // there is no memory.
     KOVRAN_API bool assign(const h265_nal_pps& pps, const h265_nal_sps& sps);
 
     [[nodiscard]] std::size_t columns() const { return number_of(column_boundaries); }

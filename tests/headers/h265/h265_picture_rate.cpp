@@ -1,5 +1,6 @@
 #include <kovran/h265/h265_picture_rate.h>
 
 int main() {
-    return 0;
+    const kovran::h265_nal_sps sps;
+    return kovran::h265_picture_rate_of(sps, nullptr).is_known() ? 1 : 0;
 }

@@ -10,5 +10,6 @@ int main() {
     kovran::h265_vui_parameters vui;
     vui.video_format = kovran::h265_video_format_pal;
     const char* const name = kovran::h265_video_format_to_str(kovran::h265_video_format_pal);
-    return vui.video_format_to_str() == name ? 0 : 1;
+    const bool square = kovran::h265_sample_aspect_ratio_of(1).width == 1;
+    return vui.video_format_to_str() == name && square ? 0 : 1;
 }

@@ -1,5 +1,9 @@
 #include "output/stream_summary.h"
 
+#include <kovran/h265/h265_picture_format.h>
+#include <kovran/h265/h265_picture_rate.h>
+#include <kovran/h265/h265_profile_name.h>
+
 #include "elements/sei_name.h"
 #include "elements/standard_tables.h"
 
@@ -27,54 +31,48 @@ std::string counts(const std::map<std::string, std::uint64_t>& by_name) {
     return text.empty() ? "none" : text;
 }
 
-std::string profile_tier_level_text(const h265_profile_tier_level::layer_t& general) {
-    return fmt::format("{}, {}, {}", profile_name(general.profile_idc),
-                       tier_name(general.tier_flag ? 1 : 0), level_name(general.level_idc));
+// By its flags; by its number alone where no profile has such flags.
+std::string profile_text(const h265_profile_tier_level::layer_t& general) {
+    if (general.profile_space != 0) {
+        return "reserved";
+    }
+    const std::string name = h265_profile_name(general);
+    return name.empty() ? profile_name(general.profile_idc) : name;
 }
 
-// SubWidthC and SubHeightC, table 6-1, are the units of the conformance window.
+std::string profile_tier_level_text(const h265_profile_tier_level::layer_t& general) {
+    return fmt::format("{}, {}, {}", profile_text(general), tier_name(general.tier_flag ? 1 : 0),
+                       level_name(general.level_idc));
+}
+
 std::string size_text(const h265_nal_sps& sps) {
-    const std::uint64_t sub_width =
-        sps.chroma_format_idc == 1 || sps.chroma_format_idc == 2 ? 2 : 1;
-    const std::uint64_t sub_height = sps.chroma_format_idc == 1 ? 2 : 1;
-    const std::uint64_t width = sps.pic_width_in_luma_samples;
-    const std::uint64_t height = sps.pic_height_in_luma_samples;
-    std::string text = fmt::format("{} x {}", width, height);
+    std::string text =
+        fmt::format("{} x {}", sps.pic_width_in_luma_samples, sps.pic_height_in_luma_samples);
     if (!sps.conformance_window_flag) {
         return text;
     }
-    const std::uint64_t cropped_width =
-        sub_width * (std::uint64_t{sps.conf_win_left_offset} + sps.conf_win_right_offset);
-    const std::uint64_t cropped_height =
-        sub_height * (std::uint64_t{sps.conf_win_top_offset} + sps.conf_win_bottom_offset);
-    if (cropped_width >= width || cropped_height >= height) {
+    const h265_picture_size cropped = h265_cropped_size(sps);
+    if (cropped.width == 0) {
         return text + ", with a conformance window that leaves nothing";
     }
-    return text +
-           fmt::format(", cropped to {} x {}", width - cropped_width, height - cropped_height);
-}
-
-std::string rate_text(unsigned int time_scale, unsigned int num_units_in_tick, bool fields) {
-    if (num_units_in_tick == 0) {
-        return "unknown: a tick of 0 units";
-    }
-    return fmt::format("{:.6g} {} per second ({}/{})",
-                       static_cast<double>(time_scale) / num_units_in_tick,
-                       fields ? "fields" : "pictures", time_scale, num_units_in_tick);
+    return text + fmt::format(", cropped to {} x {}", cropped.width, cropped.height);
 }
 
 std::string rate_text(const std::map<unsigned int, h265_nal_vps>& vps_by_id,
                       const h265_nal_sps& sps) {
+    const auto found = vps_by_id.find(sps.sps_video_parameter_set_id);
+    const h265_nal_vps* const vps = found != vps_by_id.end() ? &found->second : nullptr;
+    const h265_picture_rate rate = h265_picture_rate_of(sps, vps);
     const h265_vui_parameters& vui = sps.vui_parameters;
-    if (sps.vui_parameters_present_flag && vui.vui_timing_info_present_flag) {
-        return rate_text(vui.vui_time_scale, vui.vui_num_units_in_tick, vui.field_seq_flag);
+    if (rate.is_known()) {
+        return fmt::format("{:.6g} {} per second ({}/{})",
+                           static_cast<double>(rate.time_scale) / rate.num_units_in_tick,
+                           vui.field_seq_flag ? "fields" : "pictures", rate.time_scale,
+                           rate.num_units_in_tick);
     }
-    const auto vps = vps_by_id.find(sps.sps_video_parameter_set_id);
-    if (vps != vps_by_id.end() && vps->second.vps_timing_info_present_flag) {
-        return rate_text(vps->second.vps_time_scale, vps->second.vps_num_units_in_tick,
-                         vui.field_seq_flag);
-    }
-    return "not given";
+    const bool given =
+        vui.vui_timing_info_present_flag || (vps != nullptr && vps->vps_timing_info_present_flag);
+    return given ? "unknown: the tick or the time scale is 0" : "not given";
 }
 
 std::string colour_text(const h265_nal_sps& sps) {
@@ -175,9 +173,8 @@ std::string stream_summary::text() const {
         line(text, "size", size_text(*sps_));
         line(text, "format",
              fmt::format("{}, {} bit luma, {} bit chroma",
-                         chroma_format_name(sps_->chroma_format_idc),
-                         std::uint64_t{sps_->bit_depth_luma_minus8} + 8,
-                         std::uint64_t{sps_->bit_depth_chroma_minus8} + 8));
+                         chroma_format_name(sps_->chroma_format_idc), h265_bit_depth_luma(*sps_),
+                         h265_bit_depth_chroma(*sps_)));
         line(text, "rate", rate_text(vps_, *sps_));
         line(text, "colour", colour_text(*sps_));
     } else {
