@@ -62,19 +62,30 @@ constexpr std::array tables = {
     table_of_element{"source_scan_type", source_scan_type},
 };
 
-constexpr std::array<std::string_view, 5> framing = {
-    "rbsp_stop_one_bit",      "rbsp_alignment_zero_bit", "ff_byte",
-    "last_payload_type_byte", "last_payload_size_byte",
+constexpr std::array<std::string_view, 7> framing = {
+    "rbsp_stop_one_bit",
+    "rbsp_alignment_zero_bit",
+    "alignment_bit_equal_to_one",
+    "alignment_bit_equal_to_zero",
+    "last_payload_type_byte",
+    "last_payload_size_byte",
+    "ff_byte",
 };
+
+bool is_named_as_extension_data(const shown_element& element) {
+    constexpr std::string_view ending = "_extension_data_flag";
+    const std::string_view name = element.name.name;
+    return name.size() > ending.size() && name.substr(name.size() - ending.size()) == ending;
+}
 
 }  // namespace
 
-// Flags that were read one by one have a bit each.
 bool is_extension_data(const shown_element& element) {
-    constexpr std::string_view ending = "_extension_data_flag";
-    const std::string_view name = element.name.name;
-    return element.width != 1 && name.size() > ending.size() &&
-           name.substr(name.size() - ending.size()) == ending;
+    return is_named_as_extension_data(element) && element.width != 1;
+}
+
+bool is_extension_flag(const shown_element& element) {
+    return is_named_as_extension_data(element) && element.width == 1;
 }
 
 std::string meaning_of(const shown_element& element) {

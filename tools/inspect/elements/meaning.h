@@ -17,6 +17,9 @@ namespace kovran::inspect {
 // The bits of an extension, which are told of as one element without a value.
 [[nodiscard]] bool is_extension_data(const shown_element& element);
 
+// One bit of an extension that was read bit by bit; all of them have the same name.
+[[nodiscard]] bool is_extension_flag(const shown_element& element);
+
 }  // namespace kovran::inspect
 
 #endif  // KOVRAN_TOOLS_INSPECT_ELEMENTS_MEANING_H

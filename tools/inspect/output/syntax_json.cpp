@@ -75,7 +75,12 @@ void syntax_json::read(const shown_element& read_element) {
     if (is_framing(read_element) || is_extension_data(read_element)) {
         return;
     }
-    at(read_element.name) = read_element.value;
+    nlohmann::ordered_json& place = at(read_element.name);
+    if (is_extension_flag(read_element)) {
+        place.push_back(read_element.value);
+    } else {
+        place = read_element.value;
+    }
     if (read_element.out_of_range) {
         out_of_range_.add(fmt::format("{}\"{}\"", out_of_range_.empty() ? "" : ",",
                                       path_.to(to_string(read_element.name))));
