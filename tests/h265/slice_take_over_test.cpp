@@ -114,7 +114,8 @@ TEST(SliceTakeOver, GivesTheFieldsOfTheIndependentSegment) {
     taken.take_over(independent);
     expect_taken_over(taken, segment, independent);
     EXPECT_EQ(taken.slice_qp_delta, 1);
-    EXPECT_EQ(taken.pred_weight_table.delta_luma_weight_l0, (h265_pred_weight_table::entries<int>{1, 3}));
+    EXPECT_EQ(taken.pred_weight_table.delta_luma_weight_l0,
+              (h265_pred_weight_table::entries<int>{1, 3}));
     EXPECT_EQ(taken.entry_point_offset_minus1, std::vector<unsigned int>{5});
     EXPECT_EQ(taken.slice_segment_address, 1U);
     EXPECT_TRUE(taken.dependent_slice_segment_flag);

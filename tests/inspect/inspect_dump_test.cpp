@@ -399,7 +399,8 @@ TEST(InspectDump, KeepsAParameterSetWhenItsRepetitionIsBroken) {
 // own rules let such a PPS go, and the one before stays: seven bits of the slice are others then.
 TEST(InspectDump, GoesByAParameterSetWithMalformedTrailingBits) {
     const std::string fault = "malformed trailing bits: rbsp_stop_one_bit at bit 30 is 0";
-    const std::string stream = parameter_sets() + bytes("000001 4401 ce718010 000001 0201 c0257b80");
+    const std::string stream =
+        parameter_sets() + bytes("000001 4401 ce718010 000001 0201 c0257b80");
     const outcome result = program({"dump", "-"}).input(stream).run();
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err,

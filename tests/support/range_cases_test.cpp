@@ -33,7 +33,7 @@ using reading = std::optional<elements>;
 template <class Value>
 void add_fields(elements& all, const std::string& name, const Value& value) {
     if constexpr (std::is_arithmetic_v<Value>) {
-        all.push_back({name, value});
+        all.push_back({name, static_cast<std::int64_t>(value)});
     } else if constexpr (test::is_record<Value>::value) {
         test::for_each_field(
             value, [&](const char* inner, const auto& field) { add_fields(all, inner, field); });
