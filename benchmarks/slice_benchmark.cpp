@@ -1,5 +1,5 @@
-// Slice segment headers, from the bytes of their units: the first bytes decoded, then parsed up to
-// the list modification.
+// Slice segment headers, from the bytes of their units: the first bytes decoded, then parsed; to
+// their end by the standard's rules, up to the list modification by the library's own.
 #include <memory>
 
 #include "slice_streams.h"

@@ -23,13 +23,17 @@ public:
         : start_(source.start),
           size_(source.address(source.end) - source.address(source.start)),
           position_(source.bit_position()),
-          last_word_at_(size_ < word_bytes ? 0 : size_ - word_bytes) {
+          last_word_bit_(size_ < word_bytes ? 0 : 8 * std::uint64_t{size_ - word_bytes}) {
+        constexpr std::size_t half_bytes = word_bytes / 2;
         if (size_ >= word_bytes) {
-            last_word_ = word_at(last_word_at_);
-            return;
-        }
-        for (std::size_t i = 0; i < size_; ++i) {
-            last_word_ |= std::uint64_t{start_[i]} << (8 * (word_bytes - 1 - i));
+            last_word_ = word_at(size_ - word_bytes);
+        } else if (size_ >= half_bytes) {  // in two halves, which may overlap
+            last_word_ = half_word_at(0) << 32U | half_word_at(size_ - half_bytes)
+                                                      << (8 * (word_bytes - size_));
+        } else {
+            for (std::size_t i = 0; i < size_; ++i) {
+                last_word_ |= std::uint64_t{start_[i]} << (8 * (word_bytes - 1 - i));
+            }
         }
     }
 
@@ -46,9 +50,6 @@ public:
     // u(n) and f(n), clause 7.2. Of more than 32 bits the value is the last 32.
     template <class Result>
     [[nodiscard, gnu::always_inline]] Result get(unsigned char n) {
-        if (__builtin_constant_p(n) != 0 && n == 1) {
-            return static_cast<Result>(flag());
-        }
         if (n > 32) {
             position_ += n - 32U;
             n = 32;
@@ -114,27 +115,21 @@ private:
     static constexpr unsigned int word_bits = 64;
     static constexpr unsigned int window_bits = word_bits - 7;
 
-    [[nodiscard, gnu::always_inline]] unsigned int flag() {
-        const std::uint64_t at = position_ / 8;
-        const unsigned int byte = at < size_ ? start_[at] : 0;
-        const unsigned int value = byte >> (7 - position_ % 8) & 1U;
-        ++position_;
-        return value;
-    }
-
     // The bits from the position on, left aligned; the 57 first of them are the stream's.
     [[nodiscard, gnu::always_inline]] std::uint64_t window() const {
-        const std::uint64_t at = position_ / 8;
-        std::uint64_t word = 0;
-        if (at < last_word_at_) {
-            word = word_at(static_cast<std::size_t>(at));
-        } else if (at - last_word_at_ < word_bytes) {
-            word = last_word_ << (8 * (at - last_word_at_));
+        if (position_ < last_word_bit_) {
+            return word_at(static_cast<std::size_t>(position_ / 8)) << (position_ % 8);
         }
-        return word << (position_ % 8);
+        const std::uint64_t behind = position_ - last_word_bit_;
+        return behind < word_bits ? last_word_ << behind : 0;
     }
 
     // Written out so that compilers make one load of it.
+    [[nodiscard, gnu::always_inline]] std::uint64_t half_word_at(std::size_t at) const {
+        const unsigned char* const byte = start_ + at;
+        return std::uint64_t{byte[0]} << 24U | std::uint64_t{byte[1]} << 16U |
+               std::uint64_t{byte[2]} << 8U | std::uint64_t{byte[3]};
+    }
     [[nodiscard, gnu::always_inline]] std::uint64_t word_at(std::size_t at) const {
         const unsigned char* const byte = start_ + at;
         return std::uint64_t{byte[0]} << 56U | std::uint64_t{byte[1]} << 48U |
@@ -157,7 +152,7 @@ private:
     const unsigned char* start_;
     std::size_t size_;
     std::uint64_t position_;
-    std::size_t last_word_at_;     // where the last whole word begins, or 0
+    std::uint64_t last_word_bit_;  // where the last whole word begins, or 0
     std::uint64_t last_word_ = 0;  // that word, or all bytes and zeros behind them
 };
 
