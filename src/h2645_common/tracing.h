@@ -94,14 +94,24 @@ public:
         }
     }
 
+    // A flag is an element; those behind the first ones, which only a hostile stream has, are one
+    // element together.
     template <class Flags>
     [[nodiscard]] bool extension_data(element<Flags&> flags) {
+        constexpr std::size_t most_listed = 4096;
         const std::size_t count = this->payload_bits_left();
         if (!grow(count, flags.field)) {
             return false;
         }
-        for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t listed_alone = std::min(count, most_listed);
+        for (std::size_t i = 0; i < listed_alone; ++i) {
             u(1, indexed_element<decltype(flags.field[i])>{flags.name, flags.field[i], {}});
+        }
+        for (std::size_t i = listed_alone; i < count; ++i) {
+            flags.field[i] = this->reader.template get<unsigned int>(1) != 0;
+        }
+        if (count != listed_alone) {
+            tell(flags.name, {}, "u(1)", width_of_latest(), 0, any_value);
         }
         return true;
     }

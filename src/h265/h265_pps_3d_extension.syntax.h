@@ -45,9 +45,10 @@ template <class Walker, class Extension>
         return true;
     }
     walk.u(6, ELEMENT(extension, pps_depth_layers_minus1));
-    walk.u(4, ELEMENT(extension, pps_bit_depth_for_depth_layers_minus8));
+    walk.u(4, ELEMENT(extension, pps_bit_depth_for_depth_layers_minus8), up_to(8));
     const unsigned int layers = extension.pps_depth_layers_minus1 + 1U;
-    if (!walk.data_holds(ELEMENT(extension, pps_depth_layers_minus1), layers, /*fewest_bits=*/1) ||
+    if (!walk.at_most(ELEMENT(extension, pps_bit_depth_for_depth_layers_minus8), 8U) ||
+        !walk.data_holds(ELEMENT(extension, pps_depth_layers_minus1), layers, /*fewest_bits=*/1) ||
         !walk.grow(layers, extension.dlt_flag, extension.dlt_pred_flag,
                    extension.dlt_val_flags_present_flag, extension.dlt_value_flag,
                    extension.delta_dlt)) {

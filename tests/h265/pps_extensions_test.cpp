@@ -8,6 +8,7 @@
 #include <array>
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "support/bit_writer.h"
@@ -434,7 +435,7 @@ TEST(Pps3dExtension, MayHaveNoTables) {
 }
 
 TEST(Pps3dExtension, HasUpTo64Layers) {
-    test::bit_writer bits = depth_layers(63, 15);
+    test::bit_writer bits = depth_layers(63, 8);
     for (unsigned int i = 0; i < 64; ++i) {
         bits.u<1>(0);
     }
@@ -444,9 +445,9 @@ TEST(Pps3dExtension, HasUpTo64Layers) {
     EXPECT_EQ(result.pps.pps_3d_extension.delta_dlt.size(), 64U);
 }
 
-// A flag for each depth value of 8 bits, and of 23.
+// A flag for each depth value of 8 bits, and of 16, the most that samples have.
 TEST(Pps3dExtension, HasAFlagForEachDepthValue) {
-    for (const unsigned int bit_depth_minus8 : {0U, 15U}) {
+    for (const unsigned int bit_depth_minus8 : {0U, 8U}) {
         test::bit_writer bits = depth_layers(0, bit_depth_minus8).u<3>(0b101);
         const std::size_t count = std::size_t{256} << bit_depth_minus8;
         for (std::size_t i = 0; i < count / 64; ++i) {
@@ -463,8 +464,12 @@ TEST(Pps3dExtension, HasAFlagForEachDepthValue) {
     }
 }
 
+TEST(Pps3dExtension, HasABound) {
+    expect_kept(depth_layers(0, 9).u<1>(0));
+}
+
 TEST(Pps3dExtension, NeedsTheDataOfItsFlags) {
-    test::bit_writer bits = depth_layers(0, 15).u<3>(0b101);
+    test::bit_writer bits = depth_layers(0, 8).u<3>(0b101);
     for (unsigned int i = 0; i < 1000; ++i) {
         bits.u<64>(i);
     }
@@ -626,6 +631,34 @@ TEST(PpsExtensionData, AreKeptBitByBit) {
         later.pps_extension_data_flag.push_back(i % 3 == 0);
     }
     expect_read(much, later);
+}
+
+// The record has every flag; a trace lists 4096 of them alone, and the others as one element.
+TEST(PpsExtensionData, AreListedOneByOneAtFirst) {
+    for (const unsigned int more : {0U, 1U, 500U}) {
+        SCOPED_TRACE(more);
+        test::bit_writer bits = test::bit_writer().u<8>(1);
+        for (unsigned int i = 0; i < 4096 + more; ++i) {
+            bits.u<1>(i % 2);
+        }
+        test::rbsp input{test::pps_with_extension(bits).rbsp().bytes()};
+        h2645_common_base_store<h265_nal_sps> no_sps;
+        h265_nal_pps pps;
+        h265_trace trace;
+        EXPECT_TRUE(pps.parse_standard(input.reader, no_sps, trace));
+        EXPECT_EQ(pps.pps_extension_data_flag.size(), 4096U + more);
+        EXPECT_EQ(pps.pps_extension_data_flag.back(), (4096 + more) % 2 == 0);
+        std::size_t elements = 0;
+        std::size_t width_of_last = 0;
+        for (const h265_traced_element& element : trace.elements) {
+            if (element.name == std::string_view("pps_extension_data_flag")) {
+                ++elements;
+                width_of_last = element.width;
+            }
+        }
+        EXPECT_EQ(elements, more == 0 ? 4096U : 4097U);
+        EXPECT_EQ(width_of_last, more == 0 ? 1U : more);
+    }
 }
 
 TEST(UnknownPpsExtension, IsKeptAsItStands) {

@@ -17,7 +17,7 @@ struct h2645_common_traced_element {
     const char* descriptor = "";  // clause 7.2: "u(n)", "u(v)", "ue(v)", "se(v)", "f(1)"
     std::size_t first_bit = 0;    // counted from the first bit of the reader's bytes
     std::size_t width = 0;        // in bits
-    std::int64_t value = 0;       // 0 for extension data, which is one element
+    std::int64_t value = 0;       // 0 for extension data of several bits
 
     // When reading by the library's own rules: the rule because of which this element is here, or
     // is read this way, where the standard's rules would have decided otherwise. Null where both
@@ -49,7 +49,8 @@ struct h2645_common_traced_structure {
 // clears it and keeps its memory.
 //
 // Elements that begin past the end of the data are not listed, so a trace never has more elements
-// than the data has bits.
+// than the data has bits. Of extension data 4096 bits are elements of their own; those behind them
+// are one.
 struct h2645_common_trace {
     static constexpr unsigned int no_structure = 0xFFFFFFFF;
 
