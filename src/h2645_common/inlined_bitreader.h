@@ -21,7 +21,7 @@ class inlined_bitreader {
 public:
     explicit inlined_bitreader(const h2645_common_bitreader& source)
         : start_(source.start),
-          size_(source.address(source.end) - source.address(source.start)),
+          size_(size_of(source)),
           position_(source.bit_position()),
           last_word_bit_(size_ < word_bytes ? 0 : 8 * std::uint64_t{size_ - word_bytes}) {
         constexpr std::size_t half_bytes = word_bytes / 2;
@@ -114,6 +114,13 @@ private:
     static constexpr std::size_t word_bytes = 8;
     static constexpr unsigned int word_bits = 64;
     static constexpr unsigned int window_bits = word_bits - 7;
+
+    // None in a range whose end is before its start.
+    [[nodiscard]] static std::size_t size_of(const h2645_common_bitreader& source) {
+        const std::uintptr_t start = source.address(source.start);
+        const std::uintptr_t end = source.address(source.end);
+        return start < end ? end - start : 0;
+    }
 
     // The bits from the position on, left aligned; the 57 first of them are the stream's.
     [[nodiscard, gnu::always_inline]] std::uint64_t window() const {
