@@ -108,8 +108,8 @@ TEST(InspectDifferenceCauses, AnElementOfAnotherWidthDiffers) {
         list{"unit 3: index_width"});
 }
 
-// The PPS ends with the flag of its extension and without a stop bit, so that the library's own rules
-// lose it. An extension that they only skip is no cause.
+// The PPS ends with the flag of its extension and without a stop bit, so that the library's own
+// rules lose it. An extension that they only skip is no cause.
 TEST(InspectDifferenceCauses, ASetThatIsLostBehindItsExtensionIsACause) {
     pps_syntax pps;
     pps.extension = bit_writer().u<1>(1);
