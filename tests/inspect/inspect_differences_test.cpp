@@ -316,7 +316,7 @@ TEST(InspectDifferences, LeavesTheEndOfASliceHeaderOut) {
     EXPECT_EQ(whole.status, 0) << whole.err;
     EXPECT_EQ(whole.out, none);
 
-    // The first slice of 128 times 64 samples and, dependent on it, the second coding tree block.
+    // Of three coding tree blocks, the second one has a dependent segment.
     pps_syntax pps;
     pps.slice_header = bit_writer().u<1>(1).u<1>(0).u<3>(0).u<1>(0).u<1>(0);
     sps_syntax sps;
@@ -399,7 +399,7 @@ TEST(InspectDifferences, ShowsASliceWhoseListModificationHangsOnAnExtension) {
     pps.extension = bit_writer().u<1>(1).u<8>(0x10).u<1>(1).u<1>(0).u<1>(0);
     bit_writer slice = bit_writer().u<1>(1).ue(0).ue(1).u<8>(5).u<1>(0);
     slice.ue(1).ue(0).ue(0).u<1>(1);  // the set
-    slice.u<1>(0).u<1>(0);            // the flag that is told, behind the one before it
+    slice.u<1>(0).u<1>(0);            // num_ref_idx_active_override_flag, and no modification
     slice.ue(0).se(0).trailing_bits();
     const outcome result = differences_of_slice(pps, TRAIL_R, slice, sps);
     EXPECT_EQ(result.status, 0) << result.err;
