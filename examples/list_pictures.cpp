@@ -1,6 +1,5 @@
 #include <kovran/kovran.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <fstream>
@@ -8,10 +7,6 @@
 #include <vector>
 
 namespace {
-
-// Longer than any slice segment header up to its list modification. The slice data after it is
-// most of a stream and is not needed.
-constexpr std::size_t slice_header_bytes = 256;
 
 // What this program keeps of a stream: its parameter sets.
 struct stream_state {
@@ -85,9 +80,7 @@ int main(int argc, char** argv) {
             break;
         }
         if (reader.found && reader.nal.nuh_layer_id == 0) {
-            const bool is_slice = reader.nal.nal_unit_type <= kovran::RSV_VCL31;
-            const std::size_t size = reader.block_decode(
-                rbsp.data(), is_slice ? std::min(rbsp.size(), slice_header_bytes) : rbsp.size());
+            const std::size_t size = reader.block_decode(rbsp.data(), rbsp.size());
             read_unit(state, reader.nal, {rbsp.data(), rbsp.data() + size});
         }
     }

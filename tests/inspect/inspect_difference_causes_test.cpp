@@ -34,7 +34,8 @@ using list = std::vector<std::string>;
 
 // An I slice of an IDR picture.
 std::string slice(unsigned int pps_id) {
-    return annex_b_unit(IDR_W_RADL, bit_writer().u<1>(1).u<1>(0).ue(pps_id).ue(2).trailing_bits());
+    return annex_b_unit(IDR_W_RADL,
+                        bit_writer().u<1>(1).u<1>(0).ue(pps_id).ue(2).se(0).trailing_bits());
 }
 
 std::string pps_unit(unsigned int id, unsigned int sps_id) {
@@ -95,7 +96,7 @@ TEST(InspectDifferenceCauses, AMessageSuffersFromTheVpsThatItNames) {
 }
 
 // Of two sets, an index has one bit by the standard, and two by the library's own rules, which have
-// the same value here and end what is read.
+// the same value here.
 TEST(InspectDifferenceCauses, AnElementOfAnotherWidthDiffers) {
     sps_syntax sps;
     sps.short_term_ref_pic_sets = bit_writer().ue(2).ue(0).ue(0).u<1>(0).ue(0).ue(0);
@@ -105,6 +106,21 @@ TEST(InspectDifferenceCauses, AnElementOfAnotherWidthDiffers) {
         causes_in(annex_b_unit(VPS_NUT, vps_syntax().rbsp()) + annex_b_unit(SPS_NUT, sps.rbsp()) +
                   pps_unit(0, 0) + annex_b_unit(TRAIL_R, bit_writer(slice).trailing_bits())),
         list{"unit 3: index_width"});
+}
+
+// The PPS ends with the flag of its extension and without a stop bit, so that the library's own
+// rules lose it. An extension that they only skip is no cause.
+TEST(InspectDifferenceCauses, ASetThatIsLostBehindItsExtensionIsACause) {
+    pps_syntax pps;
+    pps.extension = bit_writer().u<1>(1);
+    bit_writer rbsp = pps.payload();
+    while (rbsp.size() % 8 != 0) {
+        rbsp.u<1>(0);
+    }
+    rbsp.u<8>(0).u<8>(0);
+    EXPECT_EQ(causes_in(annex_b_unit(VPS_NUT, vps_syntax().rbsp()) + sps_unit(0, 0) +
+                        annex_b_unit(PPS_NUT, rbsp) + slice(0)),
+              (list{"unit 2: knows_extensions", "unit 3: knows_extensions, in unit 2"}));
 }
 
 // Of two parameter sets, a unit suffers from the one that it names.

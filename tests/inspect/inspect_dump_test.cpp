@@ -415,6 +415,42 @@ TEST(InspectDump, GoesByAParameterSetWithMalformedTrailingBits) {
     EXPECT_EQ(own.out.find("slice_reserved_flag"), std::string::npos);
 }
 
+// All flags of extensions are 0, but three bits follow.
+TEST(InspectDump, TellsAnExtensionThatIsNotKnown) {
+    sps_syntax sps;
+    sps.extension = bit_writer().u<1>(1).u<8>(0).u<3>(0b101);
+    const std::size_t bit = sps.payload().size() - 3 - 4;
+    const std::string fault =
+        "kept as data: no extension that is known follows sps_extension_4bits at bit " +
+        std::to_string(bit);
+    const std::string stream =
+        annex_b_unit(VPS_NUT, vps_syntax().rbsp()) + annex_b_unit(SPS_NUT, sps.rbsp());
+    const outcome result = program({"dump", "--json", "-"}).input(stream).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.err.find(": the SPS was read, but its extension was " + fault + '\n'),
+              std::string::npos)
+        << result.err;
+    const auto line = nlohmann::ordered_json::parse(result.out.substr(result.out.find('\n') + 1));
+    EXPECT_EQ(line.at("syntax").at("sps_extension_data_flag").dump(), "[1,0,1]");
+    EXPECT_EQ(line.at("fault").dump(),
+              "{\"kind\":\"unknown_extension\",\"element\":\"sps_extension_4bits\",\"bit\":" +
+                  std::to_string(bit) + ",\"value\":0}");
+    const outcome own = program({"dump", "-", "--rules", "own"}).input(stream).run();
+    EXPECT_EQ(own.status, 0) << own.err;
+}
+
+// An I slice of an IDR picture ends with slice_qp_delta at bit 6; bit 7 is 0. Slice data follows.
+TEST(InspectDump, TellsMalformedAlignmentOfASlice) {
+    const bit_writer slice = bit_writer().u<1>(1).u<1>(0).ue(0).ue(2).se(0).u<1>(0).u<8>(0x55);
+    const outcome result =
+        program({"dump", "-"}).input(parameter_sets() + annex_b_unit(IDR_W_RADL, slice)).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.err.find(": the slice segment header was read, but malformed trailing bits: "
+                              "alignment_bit_equal_to_one at bit 7 is 0\n"),
+              std::string::npos)
+        << result.err;
+}
+
 TEST(InspectDump, TellsWhichParameterSetIsMissing) {
     const std::string all = parameter_sets();
     const std::string without_vps = all.substr(all.find(bytes("000001 4201"))) + good_slice();

@@ -123,6 +123,15 @@ TEST(InspectTree, CountsTheBitsOfAnExtension) {
               (list{"vps_extension_flag 1", "vps_extension_data_flag (7 bits)"}));
 }
 
+// Three bits of which the standard says nothing yet.
+TEST(InspectTree, HasTheFlagsOfAnExtensionOnOneLine) {
+    sps_syntax sps;
+    sps.extension = bit_writer().u<1>(1).u<8>(0x01).u<3>(0b101);
+    EXPECT_EQ(lines_of(dump_of(annex_b_unit(SPS_NUT, sps.rbsp())), "sps_extension_"),
+              (list{"sps_extension_present_flag 1", "sps_extension_4bits 1",
+                    "sps_extension_data_flag 1 0 1"}));
+}
+
 // The lengths and types of messages are no lines of their own, long ones neither.
 TEST(InspectTree, HasEachMessageBelowItsUnit) {
     const std::string payload(2 * 256, 'a');

@@ -157,6 +157,12 @@ TEST(StandardTables, PictureTypesOfDelimiters) {
                  {{0, "I slices"}, {1, "P and I slices"}, {2, "B, P and I slices"}});
 }
 
+// Clause 7.4.3.2.3.
+TEST(StandardTables, MotionVectorResolutions) {
+    expect_table(motion_vector_resolution_name,
+                 {{0, "fractional samples"}, {1, "whole samples"}, {2, "as each slice says"}});
+}
+
 // ---- Which element goes by which table
 
 std::string meaning_of_element(const std::string& prefix, const std::string& name,
@@ -179,6 +185,7 @@ TEST(StandardTables, EachElementHasItsOwn) {
     EXPECT_EQ(meaning_of_element("transfer_characteristics", 8), "linear");
     EXPECT_EQ(meaning_of_element("matrix_coeffs", 8), "YCgCo");
     EXPECT_EQ(meaning_of_element("pic_type", 1), "P and I slices");
+    EXPECT_EQ(meaning_of_element("motion_vector_resolution_control_idc", 1), "whole samples");
     for (const char* const layer : {"general_", "sub_layer_"}) {
         EXPECT_EQ(meaning_of_element(layer, "profile_idc", 2), "Main 10");
         EXPECT_EQ(meaning_of_element(layer, "tier_flag", 1), "High tier");

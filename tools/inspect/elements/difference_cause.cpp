@@ -9,6 +9,9 @@ namespace {
 // what names one differs by a rule of its own.
 constexpr unsigned int highest_id = 63;
 
+// By which the library's own rules leave the end of a set out. They use nothing of it elsewhere.
+constexpr std::string_view skips_extensions = "knows_extensions";
+
 }  // namespace
 
 difference_cause difference_causes::of_sets_used_by(const unit_reader& reader,
@@ -35,12 +38,15 @@ difference_cause difference_causes::of_sets_used_by(const unit_reader& reader,
 
 void difference_causes::remember(const unit_reader& standard, const unit_reader& own,
                                  const difference_cause& cause) {
+    const std::optional<set_name> name_by_own = name_of_set(own.record());
     std::optional<set_name> name = name_of_set(standard.record());
     if (!name) {
-        name = name_of_set(own.record());
+        name = name_by_own;
     }
     if (name && name->second <= highest_id) {
-        causes_[*name] = cause;
+        const bool only_skips_extensions =
+            name_by_own && cause.rule != nullptr && cause.rule == skips_extensions;
+        causes_[*name] = only_skips_extensions ? difference_cause{} : cause;
     }
 }
 

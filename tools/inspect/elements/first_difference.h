@@ -1,6 +1,8 @@
 #ifndef KOVRAN_TOOLS_INSPECT_ELEMENTS_FIRST_DIFFERENCE_H
 #define KOVRAN_TOOLS_INSPECT_ELEMENTS_FIRST_DIFFERENCE_H
 
+#include <kovran/h265/h265_fault.h>
+
 #include "elements/element_list.h"
 #include "units/fault_list.h"
 
@@ -12,6 +14,8 @@ namespace kovran::inspect {
 // The first element of a unit that the library's own rules read otherwise than the standard's, or
 // its faults where all elements are alike. The readings are compared part by part, and nothing is
 // kept of a part but what is told: all of them find the same SEI messages.
+//
+// What the library's own rules leave unread of every slice segment header is no difference.
 class first_difference {
 public:
     using element = element_list::entry;
@@ -20,6 +24,7 @@ public:
     struct part {
         const std::vector<element>& elements;
         const fault_list& faults;
+        const h265_fault& fault;  // the one that ends it, if any
     };
 
     // `rules_alone` is read by the library's own rules, with the parameter sets that the standard's

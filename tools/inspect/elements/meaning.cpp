@@ -57,6 +57,7 @@ constexpr std::array tables = {
     table_of_element{"transfer_characteristics", transfer_characteristics_name},
     table_of_element{"matrix_coeffs", matrix_coeffs_name},
     table_of_element{"pic_type", aud_pic_type_name},
+    table_of_element{"motion_vector_resolution_control_idc", motion_vector_resolution_name},
     table_of_element{"slice_type", slice_type},
     table_of_element{"pic_struct", pic_struct},
     table_of_element{"source_scan_type", source_scan_type},

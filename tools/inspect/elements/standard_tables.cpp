@@ -154,4 +154,10 @@ std::string aud_pic_type_name(std::int64_t pic_type) {
     return row(names, pic_type);
 }
 
+std::string motion_vector_resolution_name(std::int64_t value) {
+    static constexpr const char* names[] = {"fractional samples", "whole samples",
+                                            "as each slice says"};
+    return row(names, value);
+}
+
 }  // namespace kovran::inspect

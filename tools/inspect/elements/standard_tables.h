@@ -17,6 +17,7 @@ namespace kovran::inspect {
 [[nodiscard]] std::string transfer_characteristics_name(std::int64_t value);   // table E.4
 [[nodiscard]] std::string matrix_coeffs_name(std::int64_t value);              // table E.5
 [[nodiscard]] std::string aud_pic_type_name(std::int64_t pic_type);            // table 7-2
+[[nodiscard]] std::string motion_vector_resolution_name(std::int64_t value);   // clause 7.4.3.2.3
 
 }  // namespace kovran::inspect
 

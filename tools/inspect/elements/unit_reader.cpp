@@ -177,7 +177,7 @@ void unit_reader::read_vps(nal_unit& unit, trace_sink& sink) {
         lost_->add("VPS", vps.vps_video_parameter_set_id, unit.index);
         return;
     }
-    add_trailing_bits_fault(unit, "VPS");
+    add_fault_of_read_structure(unit, "VPS");
     if (keeps_sets_) {
         sets_->vps[vps.vps_video_parameter_set_id] = vps;
     }
@@ -190,7 +190,7 @@ void unit_reader::read_sps(nal_unit& unit, trace_sink& sink) {
         lost_->add("SPS", sps.sps_seq_parameter_set_id, unit.index);
         return;
     }
-    add_trailing_bits_fault(unit, "SPS");
+    add_fault_of_read_structure(unit, "SPS");
     if (sps.sps_seq_parameter_set_id > highest_sps_id) {
         unit.faults.push_back(fmt::format("SPS {} has an identifier above {}",
                                           sps.sps_seq_parameter_set_id, highest_sps_id));
@@ -209,7 +209,7 @@ void unit_reader::read_pps(nal_unit& unit, trace_sink& sink) {
         lost_->add("PPS", pps.pps_pic_parameter_set_id, unit.index);
         return;
     }
-    add_trailing_bits_fault(unit, "PPS");
+    add_fault_of_read_structure(unit, "PPS");
     if (pps.pps_pic_parameter_set_id > highest_pps_id) {
         unit.faults.push_back(fmt::format("PPS {} has an identifier above {}",
                                           pps.pps_pic_parameter_set_id, highest_pps_id));
@@ -236,7 +236,10 @@ void unit_reader::read_slice(nal_unit& unit, trace_sink& sink) {
     }
     if (!read) {
         add_reading_fault(unit, "the slice segment header", "slice");
-    } else if (keeps_sets_) {
+        return;
+    }
+    add_fault_of_read_structure(unit, "slice segment header");
+    if (keeps_sets_) {
         const h265_nal_pps& pps = sets_->pps.at(slice.slice_pic_parameter_set_id);
         sets_->sps.active_id = pps.pps_seq_parameter_set_id;
     }
@@ -332,8 +335,11 @@ void unit_reader::add_reading_fault(nal_unit& unit, std::string_view what,
                                       : fmt::format("{} cannot be read: {}", what, why(user)));
 }
 
-void unit_reader::add_trailing_bits_fault(nal_unit& unit, std::string_view what) const {
-    if (fault_.kind != h265_fault_kind::none) {
+void unit_reader::add_fault_of_read_structure(nal_unit& unit, std::string_view what) const {
+    if (fault_.kind == h265_fault_kind::unknown_extension) {
+        unit.faults.push_back(
+            fmt::format("the {} was read, but its extension was {}", what, to_string(fault_)));
+    } else if (fault_.kind != h265_fault_kind::none) {
         unit.faults.push_back(fmt::format("the {} was read, but {}", what, to_string(fault_)));
     }
 }

@@ -83,7 +83,7 @@ private:
                              Context&... context);
     [[nodiscard]] std::string why(std::string_view user) const;
     void add_reading_fault(nal_unit& unit, std::string_view what, std::string_view user) const;
-    void add_trailing_bits_fault(nal_unit& unit, std::string_view what) const;
+    void add_fault_of_read_structure(nal_unit& unit, std::string_view what) const;
 
     rule_set rules_;
     rbsp own_payload_;

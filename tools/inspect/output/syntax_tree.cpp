@@ -27,6 +27,10 @@ bool continues(const h2645_common_element_name& first, unsigned int innermost,
            std::equal(first.indices.begin(), outer, next.indices.begin());
 }
 
+bool are_flags_of_an_extension(const h2645_common_element_name& first, const shown_element& next) {
+    return is_extension_flag(next) && std::string_view(next.name.name) == first.name;
+}
+
 }  // namespace
 
 void syntax_tree::begin_structure(const h2645_common_element_name& name) {
@@ -50,7 +54,8 @@ void syntax_tree::read(const shown_element& read_element) {
         return;
     }
     if (!run_values_.empty() && !read_element.out_of_range && !run_is_out_of_range_ &&
-        continues(run_begin_, run_end_, read_element.name)) {
+        (continues(run_begin_, run_end_, read_element.name) ||
+         are_flags_of_an_extension(run_begin_, read_element))) {
         run_values_ += fmt::format(" {}", read_element.value);
         run_meaning_.clear();
         ++run_end_;

@@ -37,7 +37,8 @@ private:
     std::size_t depth_ = 1;
     std::string line_;  // keeps its memory
 
-    // Entries of one array that are not yet on a line; none when the values are empty.
+    // Entries of one array, or flags of one extension, that are not yet on a line; none when the
+    // values are empty.
     h2645_common_element_name run_begin_;
     unsigned int run_end_ = 0;  // the innermost index behind the last one
     bool run_is_out_of_range_ = false;
