@@ -238,7 +238,7 @@ TEST(InlinedBitreader, GivesAReaderOfTheSamePosition) {
 // A host may have read flags, codes, or past the end before.
 TEST(InlinedBitreader, GoesOnWhereAHostStands) {
     at_every_position([](const bytes& data, unsigned int position) {
-        for (const unsigned char step : {1, 3, 25}) {
+        for (const unsigned char step : {std::uint8_t{1}, std::uint8_t{3}, std::uint8_t{25}}) {
             const test::rbsp input{data};
             h2645_common_bitreader host = input.reader;
             while (host.bit_position() + step <= position) {
