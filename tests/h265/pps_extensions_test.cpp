@@ -671,6 +671,62 @@ TEST(UnknownPpsExtension, IsWhatIsCutOff) {
     }
 }
 
+// ---- What known extensions leave before the trailing bits
+
+// The extensions are read, and behind them `left` is kept and told.
+reading expect_left(const test::bit_writer& extension, h265_nal_pps extensions,
+                    const test::bit_writer& left) {
+    const test::bit_writer whole = test::joined(extension, left);
+    reading result = read_extension(whole);
+    extensions.pps_extension_data_flag = bits_of(left);
+    EXPECT_TRUE(result.read);
+    EXPECT_TRUE(result.pps.valid);
+    EXPECT_TRUE(test::same_fields(result.pps, smallest_with(extensions)));
+    EXPECT_EQ(result.fault.kind, h265_fault_kind::unknown_extension);
+    EXPECT_EQ(result.bits, test::pps_with_extension(whole).rbsp().size());
+    return result;
+}
+
+TEST(PpsExtensionsLeave, BitsBehindNoExtension) {
+    const reading result =
+        expect_left(test::bit_writer().u<8>(0), {}, test::bit_writer().u<3>(0b101));
+    EXPECT_EQ(to_string(result.fault.element), "pps_extension_4bits");
+    EXPECT_EQ(result.fault.structure_count, 0U);
+    EXPECT_EQ(result.fault.first_bit, test::pps_syntax{}.payload().size() + 4);
+}
+
+TEST(PpsExtensionsLeave, AnyNumberOfBits) {
+    h265_nal_pps range;
+    range.pps_range_extension_flag = true;
+    range.pps_range_extension = test::pps_range_extension().record;
+    const auto extension =
+        test::joined(test::bit_writer().u<8>(0b10000000), test::pps_range_extension().syntax);
+    for (unsigned int size = 1; size <= 40; ++size) {
+        SCOPED_TRACE(size);
+        expect_left(extension, range, test::bit_writer().u(size, 0));
+        expect_left(extension, range, test::bit_writer().u(size, 1));
+        const reading result =
+            expect_left(extension, range, test::bit_writer().u(size - 1, size > 1 ? 1 : 0).u<1>(0));
+        EXPECT_EQ(to_string(result.fault.element), "log2_sao_offset_scale_chroma");
+        EXPECT_EQ(to_string(result.fault.structures[0]), "pps_range_extension");
+    }
+}
+
+TEST(PpsExtensionsLeave, ElementsOfTheTrace) {
+    const reading result = read_extension(test::bit_writer().u<8>(0b00010000).u<3>(0).u<2>(0b10));
+    const std::size_t first = test::pps_syntax{}.payload().size() + 10;
+    names all;
+    for (const auto& element : result.trace.elements) {
+        if (element.first_bit >= first && *element.descriptor != 'f') {
+            all.push_back(path_of(result.trace, element) + " " + std::to_string(element.value) +
+                          " at " + std::to_string(element.first_bit - first));
+        }
+    }
+    EXPECT_EQ(all,
+              (names{"pps_scc_extension.pps_palette_predictor_initializers_present_flag 0 at 0",
+                     "pps_extension_data_flag 1 at 1", "pps_extension_data_flag 0 at 2"}));
+}
+
 // ---- Records used again, and the library's own rules
 
 TEST(PpsExtensions, ShowNothingStale) {
@@ -680,6 +736,7 @@ TEST(PpsExtensions, ShowNothingStale) {
         test::pps_with_extension(test::bit_writer().u<8>(0)),
         test::pps_with_extension(test::bit_writer().u<3>(0b101)),
         test::pps_with_extension(scc_flag().u<3>(0)),
+        test::pps_with_extension(scc_flag().u<3>(0).u<2>(0b10)),
         test::pps_with_extension(flag_of_3d().u<1>(0)),
         test::pps_with_extension(depth_layers(0, 0).u<1>(0)),
         test::pps_with_extension(test::append(depth_layers(5, 0).u<1>(0),
