@@ -31,8 +31,8 @@ struct reading {
     std::size_t bits = 0;
 };
 
-// Into a record that may have held something else, with and without a trace: both are the same.
-// There is no SPS.
+// Into a record that may have held something else, with and without a trace and a fault: all are
+// the same. There is no SPS.
 reading read_into(const h265_nal_pps& used, const std::vector<unsigned char>& bytes) {
     h2645_common_base_store<h265_nal_sps> store;
     reading result;
@@ -46,6 +46,14 @@ reading read_into(const h265_nal_pps& used, const std::vector<unsigned char>& by
     EXPECT_EQ(untraced.parse_standard(other_input.reader, store), result.read);
     EXPECT_EQ(other_input.reader.bit_position(), result.bits);
     EXPECT_TRUE(test::same_fields(untraced, result.pps));
+
+    h265_nal_pps without_fault = used;
+    h265_trace trace;
+    test::rbsp third_input{bytes};
+    EXPECT_EQ(without_fault.parse_standard(third_input.reader, store, trace), result.read);
+    EXPECT_EQ(trace.elements.size(), result.trace.elements.size());
+    EXPECT_EQ(trace.structures.size(), result.trace.structures.size());
+    EXPECT_TRUE(test::same_fields(without_fault, result.pps));
     return result;
 }
 

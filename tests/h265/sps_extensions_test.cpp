@@ -29,7 +29,8 @@ struct reading {
     std::size_t bits = 0;
 };
 
-// Into a record that may have held something else, with and without a trace: both are the same.
+// Into a record that may have held something else, with and without a trace and a fault: all are
+// the same.
 reading read_into(const h265_nal_sps& used, const std::vector<unsigned char>& bytes) {
     h2645_common_base_store<h265_nal_vps> store;
     reading result;
@@ -43,6 +44,14 @@ reading read_into(const h265_nal_sps& used, const std::vector<unsigned char>& by
     EXPECT_EQ(untraced.parse_standard(other_input.reader, store), result.read);
     EXPECT_EQ(other_input.reader.bit_position(), result.bits);
     EXPECT_TRUE(test::same_fields(untraced, result.sps));
+
+    h265_nal_sps without_fault = used;
+    h265_trace trace;
+    test::rbsp third_input{bytes};
+    EXPECT_EQ(without_fault.parse_standard(third_input.reader, store, trace), result.read);
+    EXPECT_EQ(trace.elements.size(), result.trace.elements.size());
+    EXPECT_EQ(trace.structures.size(), result.trace.structures.size());
+    EXPECT_TRUE(test::same_fields(without_fault, result.sps));
     return result;
 }
 
