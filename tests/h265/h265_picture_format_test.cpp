@@ -100,6 +100,10 @@ TEST(H265PictureFormat, AWindowThatLeavesNothingIsEmpty) {
     expect_size(h265_cropped_size(sps), 0, 0);
     sps.conf_win_bottom_offset = 1;
     expect_size(h265_cropped_size(sps), 0, 0);
+    sps.conf_win_top_offset = 31;
+    expect_size(h265_cropped_size(sps), 0, 0);
+    sps.conf_win_top_offset = 30;
+    expect_size(h265_cropped_size(sps), 64, 2);
 }
 
 TEST(H265PictureFormat, BlocksAtTheEdgesCount) {
