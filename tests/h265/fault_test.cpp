@@ -481,17 +481,6 @@ TEST(Fault, OfTooManyReferenceIndices) {
 }
 
 // Profile 9, whose pictures may refer to themselves: the PPS's extension would tell.
-TEST(Fault, OfReferencesThatCannotBeCounted) {
-    slice_host host(1);
-    h265_nal_sps& sps = host.sps_store.at(0);
-    sps.profile_tier_level.general.profile_idc = 9;
-    sps.st_ref_pic_set.at(0).num_negative_pics = 1;
-    sps.st_ref_pic_set.at(0).used_by_curr_pic_s0_flag = {true};
-    host.pps_store.at(0).lists_modification_present_flag = true;
-    host.pps_store.at(0).pps_extension_present_flag = true;
-    expect_contradiction(host.fault(p_slice().u<1>(0)), "num_ref_idx_active_override_flag", 10, 0);
-}
-
 // ---- SEI messages, access unit delimiter
 
 TEST(Fault, OfActiveParameterSets) {

@@ -65,5 +65,23 @@ TEST(H265HrdRates, AreZeroForACpbThatIsNotListed) {
     expect_rates(h265_hrd_rates_of(hrd, no_decoding_units, 0), 64000, 8000, 0, 0, false);
 }
 
+// In records that a host fills.
+TEST(H265HrdRates, AreZeroWhereOneOfItsListsIsShorter) {
+    h265_hrd_parameters hrd;
+    hrd.sub_pic_hrd_params_present_flag = true;
+    h265_nal_sub_layer_hrd_parameters shorter = two_cpbs();
+    shorter.bit_rate_value_minus1.pop_back();
+    expect_rates(h265_hrd_rates_of(hrd, shorter, 1), 0, 0, 0, 0, false);
+    shorter = two_cpbs();
+    shorter.cpb_size_value_minus1.pop_back();
+    expect_rates(h265_hrd_rates_of(hrd, shorter, 1), 0, 0, 0, 0, false);
+    shorter = two_cpbs();
+    shorter.cbr_flag.pop_back();
+    expect_rates(h265_hrd_rates_of(hrd, shorter, 1), 0, 0, 0, 0, false);
+    shorter = two_cpbs();
+    shorter.bit_rate_du_value_minus1.pop_back();  // 2^32 times 2^6 and 2^4
+    expect_rates(h265_hrd_rates_of(hrd, shorter, 1), 274877906944, 68719476736, 0, 0, true);
+}
+
 }  // namespace
 }  // namespace kovran

@@ -138,6 +138,17 @@ TEST(H265Level, HoldsOnePictureMoreWhereTheCurrentOneMayBeAReference) {
     EXPECT_EQ(h265_max_dpb_size(sps), 7U);
 }
 
+TEST(H265Level, KnowsNoCompatibilityWithProfilesThatAreNotListed) {
+    h265_nal_sps sps;
+    sps.profile_tier_level.general = layer_of(4, 120);
+    sps.pic_width_in_luma_samples = 1920;
+    sps.pic_height_in_luma_samples = 1088;
+    sps.profile_tier_level.general.profile_compatibility_flag.assign(9, true);
+    EXPECT_EQ(h265_max_dpb_size(sps), 6U);
+    sps.profile_tier_level.general.profile_compatibility_flag.assign(10, true);
+    EXPECT_EQ(h265_max_dpb_size(sps), 7U);
+}
+
 TEST(H265Level, HoldsSixteenPicturesWithoutLimits) {
     for (const unsigned char level : std::vector<unsigned char>{0, 1, 189, 255}) {
         EXPECT_EQ(dpb_size(level, 8192, 4320), 16U);

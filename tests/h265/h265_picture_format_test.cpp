@@ -91,11 +91,19 @@ TEST(H265PictureFormat, AWindowThatLeavesNothingIsEmpty) {
     sps.conf_win_left_offset = largest;
     sps.conf_win_right_offset = largest;
     expect_size(h265_cropped_size(sps), 0, 0);
+    sps.conf_win_right_offset = 1;  // 2^32 together
+    expect_size(h265_cropped_size(sps), 0, 0);
     sps.conf_win_left_offset = 0;
     sps.conf_win_right_offset = 0;
     sps.conf_win_top_offset = largest;
     sps.conf_win_bottom_offset = largest;
     expect_size(h265_cropped_size(sps), 0, 0);
+    sps.conf_win_bottom_offset = 1;
+    expect_size(h265_cropped_size(sps), 0, 0);
+    sps.conf_win_top_offset = 31;
+    expect_size(h265_cropped_size(sps), 0, 0);
+    sps.conf_win_top_offset = 30;
+    expect_size(h265_cropped_size(sps), 64, 2);
 }
 
 TEST(H265PictureFormat, BlocksAtTheEdgesCount) {

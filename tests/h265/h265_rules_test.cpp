@@ -19,9 +19,9 @@ TEST(H265Rules, AreFoundByName) {
 
 // Those that a trace can name, as docs/differences.md has them.
 TEST(H265Rules, HaveAClauseAndASentence) {
-    for (const char* const name : {"can_count_pictures",
-                                   "can_read_long_term_pics",
+    for (const char* const name : {"can_read_long_term_pics",
                                    "count_long_term_pics",
+                                   "counts_current_picture",
                                    "cpb_cnt_minus1",
                                    "data_may_end",
                                    "end_predicted_scaling_list",
@@ -35,6 +35,7 @@ TEST(H265Rules, HaveAClauseAndASentence) {
                                    "infer_first_cprms_present_flag",
                                    "is_dependent",
                                    "is_slice_type",
+                                   "knows_extensions",
                                    "max_active_sps_ids",
                                    "max_decoding_units_minus1",
                                    "max_hrd_cpbs",

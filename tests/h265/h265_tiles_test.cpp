@@ -136,6 +136,13 @@ TEST(H265Tiles, NoSideHasMoreThanThatOfAnyPicture) {
     expect_none(tiles, uniform(1, 1057), sps_of(1, 1057));
 }
 
+TEST(H265Tiles, ColumnsWithoutRowsAreNoTiles) {
+    h265_tiles tiles;
+    tiles.column_boundaries = {0, 2, 5};
+    EXPECT_EQ(tiles.tile_of(7), 0U);
+    EXPECT_EQ(tiles.tile_scan_address(7), 7U);
+}
+
 TEST(H265Tiles, APictureHasBlocks) {
     h265_nal_sps sps = sps_of(5, 4);
     sps.pic_height_in_luma_samples = 0;

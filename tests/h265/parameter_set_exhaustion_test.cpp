@@ -579,6 +579,14 @@ TEST(ParameterSetExhaustion, ClearsValidOfAParameterSetWithAnUnknownExtension) {
                                           parse_standard_pps);
 }
 
+TEST(ParameterSetExhaustion, ClearsValidOfAParameterSetWithBitsBehindItsExtensions) {
+    const auto left = test::bit_writer().u<8>(0).u<64>(0x123456789ABCDEF);
+    expect_standard_failure<h265_nal_sps>(test::sps_with_extension(left).rbsp().bytes(),
+                                          parse_standard_sps);
+    expect_standard_failure<h265_nal_pps>(test::pps_with_extension(left).rbsp().bytes(),
+                                          parse_standard_pps);
+}
+
 // Small extensions of the same kinds, which allocate less.
 TEST(ParameterSetReuse, SurvivesExhaustionInExtensions) {
     test::bit_writer sps = test::bit_writer().u<8>(0b00010001);

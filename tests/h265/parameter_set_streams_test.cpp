@@ -457,6 +457,22 @@ std::vector<placed_element> extensions_of(const h265_trace& trace) {
     return all;
 }
 
+// The encoder of this stream codes delta_dlt_val0 of tables without values, where the syntax has
+// none: eight 0 bits in the PPSs of both depth layers, at bits 117 and 121 of their units.
+void expect_left_over_bits(const std::string& stream, const test::unit_reading& unit,
+                           std::vector<placed_element>& expected, const h265_fault& fault) {
+    if (stream != "htm_3d2d" || unit.nal_unit_type != PPS_NUT || unit.nuh_layer_id % 2 == 0) {
+        EXPECT_EQ(fault.kind, h265_fault_kind::none) << to_string(fault);
+        return;
+    }
+    const std::size_t first = (unit.nuh_layer_id == 1 ? 117 : 121) - 16;
+    for (std::size_t i = 0; i < 8; ++i) {
+        expected.push_back({"pps_extension_data_flag", 0, first + i, 1});
+    }
+    EXPECT_EQ(fault.kind, h265_fault_kind::unknown_extension);
+    EXPECT_EQ(to_string(fault.element), "num_val_delta_dlt");
+}
+
 // A PPS is the same in every layer.
 TEST_P(ParameterSetStreams, HaveTheExtensionsThatAnotherReaderFound) {
     const test::stream_reading stream = test::load_stream_reading(GetParam());
@@ -481,8 +497,9 @@ TEST_P(ParameterSetStreams, HaveTheExtensionsThatAnotherReaderFound) {
             EXPECT_TRUE(pps.parse_standard(
                 input.reader, unit.nuh_layer_id == 0 ? sps_store : no_sps, trace, &fault));
         }
-        EXPECT_EQ(fault.kind, h265_fault_kind::none) << to_string(fault);
-        EXPECT_EQ(extensions_of(trace), extensions_of(unit));
+        std::vector<placed_element> expected = extensions_of(unit);
+        expect_left_over_bits(GetParam(), unit, expected, fault);
+        EXPECT_EQ(extensions_of(trace), expected);
     }
 }
 

@@ -32,8 +32,8 @@ struct reading {
     std::size_t bits = 0;
 };
 
-// Into a record that may have held something else, with and without a trace: both are the same.
-// There is no SPS.
+// Into a record that may have held something else, with and without a trace and a fault: all are
+// the same. There is no SPS.
 reading read_into(const h265_nal_pps& used, const std::vector<unsigned char>& bytes) {
     h2645_common_base_store<h265_nal_sps> store;
     reading result;
@@ -47,6 +47,14 @@ reading read_into(const h265_nal_pps& used, const std::vector<unsigned char>& by
     EXPECT_EQ(untraced.parse_standard(other_input.reader, store), result.read);
     EXPECT_EQ(other_input.reader.bit_position(), result.bits);
     EXPECT_TRUE(test::same_fields(untraced, result.pps));
+
+    h265_nal_pps without_fault = used;
+    h265_trace trace;
+    test::rbsp third_input{bytes};
+    EXPECT_EQ(without_fault.parse_standard(third_input.reader, store, trace), result.read);
+    EXPECT_EQ(trace.elements.size(), result.trace.elements.size());
+    EXPECT_EQ(trace.structures.size(), result.trace.structures.size());
+    EXPECT_TRUE(test::same_fields(without_fault, result.pps));
     return result;
 }
 
@@ -704,6 +712,62 @@ TEST(UnknownPpsExtension, IsWhatIsCutOff) {
     }
 }
 
+// ---- What known extensions leave before the trailing bits
+
+// The extensions are read, and behind them `left` is kept and told.
+reading expect_left(const test::bit_writer& extension, h265_nal_pps extensions,
+                    const test::bit_writer& left) {
+    const test::bit_writer whole = test::joined(extension, left);
+    reading result = read_extension(whole);
+    extensions.pps_extension_data_flag = bits_of(left);
+    EXPECT_TRUE(result.read);
+    EXPECT_TRUE(result.pps.valid);
+    EXPECT_TRUE(test::same_fields(result.pps, smallest_with(extensions)));
+    EXPECT_EQ(result.fault.kind, h265_fault_kind::unknown_extension);
+    EXPECT_EQ(result.bits, test::pps_with_extension(whole).rbsp().size());
+    return result;
+}
+
+TEST(PpsExtensionsLeave, BitsBehindNoExtension) {
+    const reading result =
+        expect_left(test::bit_writer().u<8>(0), {}, test::bit_writer().u<3>(0b101));
+    EXPECT_EQ(to_string(result.fault.element), "pps_extension_4bits");
+    EXPECT_EQ(result.fault.structure_count, 0U);
+    EXPECT_EQ(result.fault.first_bit, test::pps_syntax{}.payload().size() + 4);
+}
+
+TEST(PpsExtensionsLeave, AnyNumberOfBits) {
+    h265_nal_pps range;
+    range.pps_range_extension_flag = true;
+    range.pps_range_extension = test::pps_range_extension().record;
+    const auto extension =
+        test::joined(test::bit_writer().u<8>(0b10000000), test::pps_range_extension().syntax);
+    for (unsigned int size = 1; size <= 40; ++size) {
+        SCOPED_TRACE(size);
+        expect_left(extension, range, test::bit_writer().u(size, 0));
+        expect_left(extension, range, test::bit_writer().u(size, 1));
+        const reading result =
+            expect_left(extension, range, test::bit_writer().u(size - 1, size > 1 ? 1 : 0).u<1>(0));
+        EXPECT_EQ(to_string(result.fault.element), "log2_sao_offset_scale_chroma");
+        EXPECT_EQ(to_string(result.fault.structures[0]), "pps_range_extension");
+    }
+}
+
+TEST(PpsExtensionsLeave, ElementsOfTheTrace) {
+    const reading result = read_extension(test::bit_writer().u<8>(0b00010000).u<3>(0).u<2>(0b10));
+    const std::size_t first = test::pps_syntax{}.payload().size() + 10;
+    names all;
+    for (const auto& element : result.trace.elements) {
+        if (element.first_bit >= first && *element.descriptor != 'f') {
+            all.push_back(path_of(result.trace, element) + " " + std::to_string(element.value) +
+                          " at " + std::to_string(element.first_bit - first));
+        }
+    }
+    EXPECT_EQ(all,
+              (names{"pps_scc_extension.pps_palette_predictor_initializers_present_flag 0 at 0",
+                     "pps_extension_data_flag 1 at 1", "pps_extension_data_flag 0 at 2"}));
+}
+
 // ---- Records used again, and the library's own rules
 
 TEST(PpsExtensions, ShowNothingStale) {
@@ -713,6 +777,7 @@ TEST(PpsExtensions, ShowNothingStale) {
         test::pps_with_extension(test::bit_writer().u<8>(0)),
         test::pps_with_extension(test::bit_writer().u<3>(0b101)),
         test::pps_with_extension(scc_flag().u<3>(0)),
+        test::pps_with_extension(scc_flag().u<3>(0).u<2>(0b10)),
         test::pps_with_extension(flag_of_3d().u<1>(0)),
         test::pps_with_extension(depth_layers(0, 0).u<1>(0)),
         test::pps_with_extension(test::append(depth_layers(5, 0).u<1>(0),

@@ -29,7 +29,8 @@ struct reading {
     std::size_t bits = 0;
 };
 
-// Into a record that may have held something else, with and without a trace: both are the same.
+// Into a record that may have held something else, with and without a trace and a fault: all are
+// the same.
 reading read_into(const h265_nal_sps& used, const std::vector<unsigned char>& bytes) {
     h2645_common_base_store<h265_nal_vps> store;
     reading result;
@@ -43,6 +44,14 @@ reading read_into(const h265_nal_sps& used, const std::vector<unsigned char>& by
     EXPECT_EQ(untraced.parse_standard(other_input.reader, store), result.read);
     EXPECT_EQ(other_input.reader.bit_position(), result.bits);
     EXPECT_TRUE(test::same_fields(untraced, result.sps));
+
+    h265_nal_sps without_fault = used;
+    h265_trace trace;
+    test::rbsp third_input{bytes};
+    EXPECT_EQ(without_fault.parse_standard(third_input.reader, store, trace), result.read);
+    EXPECT_EQ(trace.elements.size(), result.trace.elements.size());
+    EXPECT_EQ(trace.structures.size(), result.trace.structures.size());
+    EXPECT_TRUE(test::same_fields(without_fault, result.sps));
     return result;
 }
 
@@ -364,6 +373,69 @@ TEST(UnknownSpsExtension, IsWhatIsCutOff) {
     }
 }
 
+// ---- What known extensions leave before the trailing bits
+
+// The extensions are read, and behind them `left` is kept and told.
+reading expect_left(const test::bit_writer& extension, h265_nal_sps extensions,
+                    const test::bit_writer& left) {
+    const test::bit_writer whole = test::joined(extension, left);
+    reading result = read_extension(whole);
+    extensions.sps_extension_data_flag = bits_of(left);
+    EXPECT_TRUE(result.read);
+    EXPECT_TRUE(result.sps.valid);
+    EXPECT_TRUE(test::same_fields(result.sps, smallest_with(extensions)));
+    EXPECT_EQ(result.fault.kind, h265_fault_kind::unknown_extension);
+    EXPECT_EQ(result.bits, test::sps_with_extension(whole).rbsp().size());
+    return result;
+}
+
+TEST(SpsExtensionsLeave, BitsBehindNoExtension) {
+    const reading result =
+        expect_left(test::bit_writer().u<8>(0), {}, test::bit_writer().u<3>(0b101));
+    EXPECT_EQ(to_string(result.fault.element), "sps_extension_4bits");
+    EXPECT_EQ(result.fault.structure_count, 0U);
+    EXPECT_EQ(result.fault.first_bit, test::sps_syntax{}.payload().size() + 4);
+}
+
+TEST(SpsExtensionsLeave, AnyNumberOfBits) {
+    h265_nal_sps range;
+    range.sps_range_extension_flag = true;
+    range.sps_range_extension = test::sps_range_extension().record;
+    const auto extension =
+        test::joined(test::bit_writer().u<8>(0b10000000), test::sps_range_extension().syntax);
+    for (unsigned int size = 1; size <= 40; ++size) {
+        SCOPED_TRACE(size);
+        expect_left(extension, range, test::bit_writer().u(size, 0));
+        expect_left(extension, range, test::bit_writer().u(size, 1));
+        const reading result =
+            expect_left(extension, range, test::bit_writer().u(size - 1, size > 1 ? 1 : 0).u<1>(0));
+        EXPECT_EQ(to_string(result.fault.element), "cabac_bypass_alignment_enabled_flag");
+        EXPECT_EQ(to_string(result.fault.structures[0]), "sps_range_extension");
+    }
+}
+
+TEST(SpsExtensionsLeave, NothingUnderTheNameOfExtensionDataThatAreAnnounced) {
+    h265_nal_sps later;
+    later.sps_extension_4bits = 1;
+    later.sps_extension_data_flag = {true, false};
+    expect_read(test::bit_writer().u<8>(1).u<2>(0b10), later);
+}
+
+TEST(SpsExtensionsLeave, ElementsOfTheTrace) {
+    const reading result = read_extension(test::bit_writer().u<8>(0b01000000).u<1>(1).u<2>(0b10));
+    const std::size_t first = test::sps_syntax{}.payload().size() + 8;
+    std::vector<std::string> all;
+    for (const auto& element : result.trace.elements) {
+        if (element.first_bit >= first && *element.descriptor != 'f') {
+            all.push_back(path_of(result.trace, element) + " " + std::to_string(element.value) +
+                          " at " + std::to_string(element.first_bit - first));
+        }
+    }
+    EXPECT_EQ(all, (std::vector<std::string>{
+                       "sps_multilayer_extension.inter_view_mv_vert_constraint_flag 1 at 0",
+                       "sps_extension_data_flag 1 at 1", "sps_extension_data_flag 0 at 2"}));
+}
+
 // ---- Records used again
 
 TEST(SpsExtensions, ShowNothingStale) {
@@ -376,6 +448,12 @@ TEST(SpsExtensions, ShowNothingStale) {
 
     const auto other = test::sps_with_extension(scc_flag().u<5>(0)).rbsp().bytes();
     EXPECT_TRUE(test::same_fields(read_into(used, other).sps, read_into({}, other).sps));
+
+    const auto left =
+        test::sps_with_extension(test::bit_writer().u<8>(0b01000000).u<1>(1).u<2>(0b10)).rbsp();
+    const h265_nal_sps with_left = read_into(used, left.bytes()).sps;
+    EXPECT_TRUE(test::same_fields(with_left, read_into({}, left.bytes()).sps));
+    EXPECT_TRUE(test::same_fields(read_into(with_left, smallest).sps, read({}).sps));
 }
 
 // ---- The library's own rules
