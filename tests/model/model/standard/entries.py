@@ -201,7 +201,22 @@ class StandardSliceSegmentHeader(StandardEntry, own.SliceSegmentHeader):
         }
         self.habits = {**HABITS, "slice_pic_parameter_set_id": often(self.pps_store.map, 0.99)}
 
+    def arguments(self, rng, record):
+        """Now and then with what a dependent slice segment takes over: of the segment before, or
+        anything that a host may have."""
+        arguments = super().arguments(rng, record)
+        if arguments["rules"] == "standard" and rng.random() < 0.3:
+            of_record = record.valid and rng.random() < 0.7
+            arguments["independent"] = record.copy() if of_record else self.record.scramble(rng)
+        return arguments
+
     def parse_standard(self, record, reader, arguments):
+        read = self.parse_header(record, reader, arguments)
+        if read and record.dependent_slice_segment_flag and "independent" in arguments:
+            h265_slice_segment_header.take_over(record, arguments["independent"])
+        return read
+
+    def parse_header(self, record, reader, arguments):
         return h265_slice_segment_header.parse(
             record,
             reader,
