@@ -155,7 +155,8 @@ std::string both_sets() {
 
 // An I slice of an IDR picture.
 std::string slice(unsigned int pps_id) {
-    return annex_b_unit(IDR_W_RADL, bit_writer().u<1>(1).u<1>(0).ue(pps_id).ue(2).trailing_bits());
+    return annex_b_unit(IDR_W_RADL,
+                        bit_writer().u<1>(1).u<1>(0).ue(pps_id).ue(2).se(0).trailing_bits());
 }
 
 // Delays by the SPS that it names, which is the rich one or the plain one.

@@ -313,7 +313,7 @@ TEST(InspectDifferences, TellsFaultsOfTheStandardReadingOnly) {
 TEST(InspectDifferences, NamesAParameterSetThatOnlyTheOwnRulesRead) {
     sps_syntax sps;
     sps.log2_max_pic_order_cnt_lsb_minus4 = bit_writer().ue(13);
-    const bit_writer idr_slice = bit_writer().u<1>(1).u<1>(0).ue(0).ue(2).trailing_bits();
+    const bit_writer idr_slice = bit_writer().u<1>(1).u<1>(0).ue(0).ue(2).se(0).trailing_bits();
     const std::string stream =
         annex_b_unit(VPS_NUT, vps_syntax().rbsp()) + annex_b_unit(SPS_NUT, sps.rbsp()) +
         annex_b_unit(PPS_NUT, pps_syntax().rbsp()) + annex_b_unit(IDR_W_RADL, idr_slice);

@@ -172,10 +172,10 @@ TEST(InspectInfo, TellsDependentSegmentsFromSlices) {
     sps.picture_size = bit_writer().ue(128).ue(64);
     pps_syntax pps;
     pps.slice_header = bit_writer().u<1>(1).u<1>(0).u<3>(0).u<1>(0).u<1>(0);
-    const bit_writer first = bit_writer().u<1>(1).u<1>(0).ue(0).ue(2).trailing_bits();
+    const bit_writer first = bit_writer().u<1>(1).u<1>(0).ue(0).ue(2).se(0).trailing_bits();
     const bit_writer dependent = bit_writer().u<1>(0).u<1>(0).ue(0).u<1>(1).u<1>(1).trailing_bits();
     const bit_writer second =
-        bit_writer().u<1>(0).u<1>(0).ue(0).u<1>(0).u<1>(1).ue(2).trailing_bits();
+        bit_writer().u<1>(0).u<1>(0).ue(0).u<1>(0).u<1>(1).ue(2).se(0).trailing_bits();
     const std::string sets = annex_b_unit(VPS_NUT, vps_syntax().rbsp()) +
                              annex_b_unit(SPS_NUT, sps.rbsp()) + annex_b_unit(PPS_NUT, pps.rbsp());
     const std::string picture = annex_b_unit(IDR_W_RADL, first);

@@ -236,7 +236,10 @@ void unit_reader::read_slice(nal_unit& unit, trace_sink& sink) {
     }
     if (!read) {
         add_reading_fault(unit, "the slice segment header", "slice");
-    } else if (keeps_sets_) {
+        return;
+    }
+    add_trailing_bits_fault(unit, "slice segment header");
+    if (keeps_sets_) {
         const h265_nal_pps& pps = sets_->pps.at(slice.slice_pic_parameter_set_id);
         sets_->sps.active_id = pps.pps_seq_parameter_set_id;
     }

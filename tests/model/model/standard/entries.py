@@ -183,6 +183,8 @@ class StandardSliceSegmentHeader(StandardEntry, own.SliceSegmentHeader):
     def __init__(self, rng):
         super(own.SliceSegmentHeader, self).__init__(rng)
         self.vps_store = stores.vps_store(rng)
+        if not self.vps_store.map:  # seldom worth a case
+            self.vps_store = stores.vps_store(rng)
         self.sps_store = Store()
         for number in rng.sample(range(16), rng.choice((1, 1, 2))):
             sps = stores.sps(rng)

@@ -23,7 +23,7 @@ SPS_HABITS = {
 PPS_HABITS = {
     **HABITS,
     "scaling_list_data_present_flag": seldom(0.02),
-    "dependent_slice_segments_enabled_flag": seldom(0.3),
+    "dependent_slice_segments_enabled_flag": seldom(0.6),
 }
 
 
