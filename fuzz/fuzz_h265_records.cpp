@@ -12,12 +12,15 @@
 #include <vector>
 
 #include "claim.h"
+#include "extension_claims.h"
+#include "slice_claims.h"
 #include "support/allocation_failure.h"
 #include "support/slice_record_fields.h"
 
 namespace {
 
 using kovran::fuzz::claim;
+using kovran::fuzz::claim_whole_header;
 using kovran::test::allocation_count;
 using kovran::test::allocation_failure;
 
@@ -53,6 +56,7 @@ struct host {
     kovran::h265_nal_pps pps_record;
     kovran::h265_nal_aud aud;
     kovran::h265_slice_segment_header slice;
+    kovran::h265_slice_segment_header independent_slice;
     kovran::h265_nal_sei_pic_timing timing;
     kovran::h265_nal_sei_buffering_period period;
     kovran::h265_nal_sei_active_parameter_sets active;
@@ -229,6 +233,9 @@ void read_sps(host& state, const data& from) {
                   (sps.lt_ref_pic_poc_lsb_sps.size() == sps.num_long_term_ref_pics_sps &&
                    sps.used_by_curr_pic_lt_sps_flag.size() == sps.num_long_term_ref_pics_sps),
               "an SPS has its long-term pictures");
+        if (state.by_standard) {
+            kovran::fuzz::claim_extensions(sps);
+        }
     }
     state.sps[sps.sps_seq_parameter_set_id % 4] = sps;
 }
@@ -244,6 +251,9 @@ void read_pps(host& state, const data& from) {
         claim(pps.column_width_minus1.size() == pps.num_tile_columns_minus1 &&
                   pps.row_height_minus1.size() == pps.num_tile_rows_minus1,
               "a PPS has the widths and heights of its tiles");
+    }
+    if (read && state.by_standard) {
+        kovran::fuzz::claim_extensions(pps);
     }
     state.pps[pps.pps_pic_parameter_set_id % 4] = pps;
 }
@@ -274,6 +284,10 @@ void parse_slice(host& state, kovran::h265_slice_segment_header& slice, const da
         const bool read =
             parse_by_rules(state, slice, reader, state.pps, state.sps, state.vps, type);
         claim(read == slice.valid, "a slice segment header tells of the latest parse");
+        if (read && state.by_standard) {
+            claim_whole_header(slice, state.pps.at(slice.slice_pic_parameter_set_id),
+                               reader.bit_position(), from.size());
+        }
     } catch (const std::bad_alloc&) {
         claim(!slice.valid, "a slice segment header without memory is not valid");
         claim(!state.by_standard && asks_for_too_much(slice), "only long arrays are refused");
@@ -317,6 +331,11 @@ void read_slice(host& state, const data& from, kovran::h265_nal_unit_type type) 
                                                                 auto&&... told) {
             return target.parse_standard(reader, state.pps, state.sps, state.vps, type, told...);
         });
+        if (fresh.dependent_slice_segment_flag) {
+            kovran::fuzz::claim_taken_over(fresh, state.independent_slice);
+        } else if (fresh.valid) {
+            state.independent_slice = fresh;
+        }
     }
     if (state.failing_allocation != 0) {
         parse_slice_with_failing_allocation(state, from, type);

@@ -347,6 +347,21 @@ TEST(InspectFaults, MalformedTrailingBitsOfEachParameterSetAreTold) {
               message("PPS", pps_syntax().payload().size()));
 }
 
+// Digit groups: first_slice_segment_in_pic_flag, no_output_of_prior_pics_flag,
+// slice_pic_parameter_set_id, slice_type, slice_qp_delta, alignment_bit_equal_to_one as 0.
+TEST(InspectFaults, AMalformedAlignmentBehindASliceSegmentHeaderIsTold) {
+    const bit_writer slice = bit_writer().u<1>(1).u<1>(0).ue(0).ue(2).se(0).u<1>(0);
+    const std::string sets = annex_b_unit(VPS_NUT, vps_syntax().rbsp()) +
+                             annex_b_unit(SPS_NUT, sps_syntax().rbsp()) +
+                             annex_b_unit(PPS_NUT, pps_syntax().rbsp());
+    const outcome result =
+        program({"dump", "-"}).input(sets + annex_b_unit(IDR_W_RADL, slice)).run();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "kovran: standard input: unit 3 at " + std::to_string(sets.size() + 4) +
+                              ": the slice segment header was read, but malformed trailing bits: "
+                              "alignment_bit_equal_to_one at bit 7 is 0\n");
+}
+
 TEST(InspectFaults, ALostVpsExplainsWhatItMisses) {
     // A VPS that ends behind its identifier; active parameter sets, and an SPS, that name it.
     const std::string vps = bytes("000001 4001 0c");

@@ -304,8 +304,13 @@ findings run_slice_segment_header(const json& test_case) {
         test_case, header,
         [&](h265_slice_segment_header& record, h2645_common_bitreader& reader, const json& step) {
             const auto nal_unit_type = step.at("nal_unit_type").get<unsigned int>();
-            return parse_by_rules(step, record, reader, pps_store, sps_store, vps_store,
-                                  static_cast<h265_nal_unit_type>(nal_unit_type));
+            const bool read = parse_by_rules(step, record, reader, pps_store, sps_store, vps_store,
+                                             static_cast<h265_nal_unit_type>(nal_unit_type));
+            const auto independent = step.find("independent");
+            if (read && record.dependent_slice_segment_flag && independent != step.end()) {
+                record.take_over(record_of<h265_slice_segment_header>(*independent));
+            }
+            return read;
         },
         [&](findings& differences, const json&) {
             constexpr unsigned int none = 0xFFFFFFFF;

@@ -2,6 +2,8 @@
 #define KOVRAN_TESTS_MODEL_RECORD_JSON_H
 
 #include <kovran/h2645_common/h2645_common_base_store.h>
+#include <kovran/h265/h265_colour_mapping_table.h>
+#include <kovran/h265/h265_delta_dlt.h>
 #include <kovran/h265/h265_hrd_parameters.h>
 #include <kovran/h265/h265_nal_aud.h>
 #include <kovran/h265/h265_nal_pps.h>
@@ -11,15 +13,25 @@
 #include <kovran/h265/h265_nal_sps.h>
 #include <kovran/h265/h265_nal_sub_layer_hrd_parameters.h>
 #include <kovran/h265/h265_nal_vps.h>
+#include <kovran/h265/h265_pps_3d_extension.h>
+#include <kovran/h265/h265_pps_multilayer_extension.h>
+#include <kovran/h265/h265_pps_range_extension.h>
+#include <kovran/h265/h265_pps_scc_extension.h>
+#include <kovran/h265/h265_pred_weight_table.h>
 #include <kovran/h265/h265_profile_tier_level.h>
 #include <kovran/h265/h265_ref_pic_lists_modification.h>
 #include <kovran/h265/h265_scaling_list_data.h>
 #include <kovran/h265/h265_slice_segment_header.h>
+#include <kovran/h265/h265_sps_3d_extension.h>
+#include <kovran/h265/h265_sps_multilayer_extension.h>
+#include <kovran/h265/h265_sps_range_extension.h>
+#include <kovran/h265/h265_sps_scc_extension.h>
 #include <kovran/h265/h265_st_ref_pic_set.h>
 #include <kovran/h265/h265_vui_parameters.h>
 
 #include <nlohmann/json.hpp>
 
+#include <array>
 #include <cstddef>
 #include <stdexcept>
 #include <string>
@@ -29,7 +41,7 @@
 
 // Records as JSON: an object of the fields by name, without those that are zero, false or empty.
 // An array of flags is a string of 0 and 1. An array may also be {"size": ..., "head": ...}, which
-// leaves out zeros at its end.
+// leaves out zeros at its end, as one of a fixed length may.
 namespace kovran::model {
 
 using json = nlohmann::json;
@@ -252,6 +264,67 @@ struct fields_of<h265_vui_parameters> {
 };
 
 template <>
+struct fields_of<h265_sps_range_extension> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(transform_skip_rotation_enabled_flag);
+        FIELD(transform_skip_context_enabled_flag);
+        FIELD(implicit_rdpcm_enabled_flag);
+        FIELD(explicit_rdpcm_enabled_flag);
+        FIELD(extended_precision_processing_flag);
+        FIELD(intra_smoothing_disabled_flag);
+        FIELD(high_precision_offsets_enabled_flag);
+        FIELD(persistent_rice_adaptation_enabled_flag);
+        FIELD(cabac_bypass_alignment_enabled_flag);
+    }
+};
+
+template <>
+struct fields_of<h265_sps_multilayer_extension> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(inter_view_mv_vert_constraint_flag);
+    }
+};
+
+template <>
+struct fields_of<h265_sps_3d_extension> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(iv_di_mc_enabled_flag);
+        FIELD(iv_mv_scal_enabled_flag);
+        FIELD(log2_ivmc_sub_pb_size_minus3);
+        FIELD(iv_res_pred_enabled_flag);
+        FIELD(depth_ref_enabled_flag);
+        FIELD(vsp_mc_enabled_flag);
+        FIELD(dbbp_enabled_flag);
+        FIELD(tex_mc_enabled_flag);
+        FIELD(log2_texmc_sub_pb_size_minus3);
+        FIELD(intra_contour_enabled_flag);
+        FIELD(intra_dc_only_wedge_enabled_flag);
+        FIELD(cqt_cu_part_pred_enabled_flag);
+        FIELD(inter_dc_only_enabled_flag);
+        FIELD(skip_intra_enabled_flag);
+    }
+};
+
+template <>
+struct fields_of<h265_sps_scc_extension> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(sps_curr_pic_ref_enabled_flag);
+        FIELD(palette_mode_enabled_flag);
+        FIELD(palette_max_size);
+        FIELD(delta_palette_max_predictor_size);
+        FIELD(sps_palette_predictor_initializers_present_flag);
+        FIELD(sps_num_palette_predictor_initializers_minus1);
+        FIELD(sps_palette_predictor_initializer);
+        FIELD(motion_vector_resolution_control_idc);
+        FIELD(intra_boundary_filtering_disabled_flag);
+    }
+};
+
+template <>
 struct fields_of<h265_nal_sps> {
     template <class Record, class Visit>
     static void visit(Record& record, Visit visit) {
@@ -305,6 +378,142 @@ struct fields_of<h265_nal_sps> {
         FIELD(vui_parameters);
         FIELD(sps_extension_flag);
         FIELD(valid);
+        FIELD(sps_range_extension_flag);
+        FIELD(sps_multilayer_extension_flag);
+        FIELD(sps_3d_extension_flag);
+        FIELD(sps_scc_extension_flag);
+        FIELD(sps_extension_4bits);
+        FIELD(sps_range_extension);
+        FIELD(sps_multilayer_extension);
+        FIELD(sps_3d_extension);
+        FIELD(sps_scc_extension);
+        FIELD(sps_extension_data_flag);
+    }
+};
+
+template <>
+struct fields_of<h265_pps_range_extension> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(log2_max_transform_skip_block_size_minus2);
+        FIELD(cross_component_prediction_enabled_flag);
+        FIELD(chroma_qp_offset_list_enabled_flag);
+        FIELD(diff_cu_chroma_qp_offset_depth);
+        FIELD(chroma_qp_offset_list_len_minus1);
+        FIELD(cb_qp_offset_list);
+        FIELD(cr_qp_offset_list);
+        FIELD(log2_sao_offset_scale_luma);
+        FIELD(log2_sao_offset_scale_chroma);
+    }
+};
+
+template <>
+struct fields_of<h265_colour_mapping_table::part_t> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(idxShiftY);
+        FIELD(idxCb);
+        FIELD(idxCr);
+        FIELD(coded_res_flag);
+        FIELD(res_coeff_q);
+        FIELD(res_coeff_r);
+        FIELD(res_coeff_s);
+    }
+};
+
+template <>
+struct fields_of<h265_colour_mapping_table> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(num_cm_ref_layers_minus1);
+        FIELD(cm_ref_layer_id);
+        FIELD(cm_octant_depth);
+        FIELD(cm_y_part_num_log2);
+        FIELD(luma_bit_depth_cm_input_minus8);
+        FIELD(chroma_bit_depth_cm_input_minus8);
+        FIELD(luma_bit_depth_cm_output_minus8);
+        FIELD(chroma_bit_depth_cm_output_minus8);
+        FIELD(cm_res_quant_bits);
+        FIELD(cm_delta_flc_bits_minus1);
+        FIELD(cm_adapt_threshold_u_delta);
+        FIELD(cm_adapt_threshold_v_delta);
+        FIELD(split_octant_flag);
+        FIELD(parts);
+    }
+};
+
+template <>
+struct fields_of<h265_pps_multilayer_extension> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(poc_reset_info_present_flag);
+        FIELD(pps_infer_scaling_list_flag);
+        FIELD(pps_scaling_list_ref_layer_id);
+        FIELD(num_ref_loc_offsets);
+        FIELD(ref_loc_offset_layer_id);
+        FIELD(scaled_ref_layer_offset_present_flag);
+        FIELD(scaled_ref_layer_left_offset);
+        FIELD(scaled_ref_layer_top_offset);
+        FIELD(scaled_ref_layer_right_offset);
+        FIELD(scaled_ref_layer_bottom_offset);
+        FIELD(ref_region_offset_present_flag);
+        FIELD(ref_region_left_offset);
+        FIELD(ref_region_top_offset);
+        FIELD(ref_region_right_offset);
+        FIELD(ref_region_bottom_offset);
+        FIELD(resample_phase_set_present_flag);
+        FIELD(phase_hor_luma);
+        FIELD(phase_ver_luma);
+        FIELD(phase_hor_chroma_plus8);
+        FIELD(phase_ver_chroma_plus8);
+        FIELD(colour_mapping_enabled_flag);
+        FIELD(colour_mapping_table);
+    }
+};
+
+template <>
+struct fields_of<h265_delta_dlt> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(num_val_delta_dlt);
+        FIELD(max_diff);
+        FIELD(min_diff_minus1);
+        FIELD(delta_dlt_val0);
+        FIELD(delta_val_diff_minus_min);
+    }
+};
+
+template <>
+struct fields_of<h265_pps_3d_extension> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(dlts_present_flag);
+        FIELD(pps_depth_layers_minus1);
+        FIELD(pps_bit_depth_for_depth_layers_minus8);
+        FIELD(dlt_flag);
+        FIELD(dlt_pred_flag);
+        FIELD(dlt_val_flags_present_flag);
+        FIELD(dlt_value_flag);
+        FIELD(delta_dlt);
+    }
+};
+
+template <>
+struct fields_of<h265_pps_scc_extension> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(pps_curr_pic_ref_enabled_flag);
+        FIELD(residual_adaptive_colour_transform_enabled_flag);
+        FIELD(pps_slice_act_qp_offsets_present_flag);
+        FIELD(pps_act_y_qp_offset_plus5);
+        FIELD(pps_act_cb_qp_offset_plus5);
+        FIELD(pps_act_cr_qp_offset_plus3);
+        FIELD(pps_palette_predictor_initializers_present_flag);
+        FIELD(pps_num_palette_predictor_initializers);
+        FIELD(monochrome_palette_flag);
+        FIELD(luma_bit_depth_entry_minus8);
+        FIELD(chroma_bit_depth_entry_minus8);
+        FIELD(pps_palette_predictor_initializer);
     }
 };
 
@@ -353,6 +562,16 @@ struct fields_of<h265_nal_pps> {
         FIELD(slice_segment_header_extension_present_flag);
         FIELD(pps_extension_present_flag);
         FIELD(valid);
+        FIELD(pps_range_extension_flag);
+        FIELD(pps_multilayer_extension_flag);
+        FIELD(pps_3d_extension_flag);
+        FIELD(pps_scc_extension_flag);
+        FIELD(pps_extension_4bits);
+        FIELD(pps_range_extension);
+        FIELD(pps_multilayer_extension);
+        FIELD(pps_3d_extension);
+        FIELD(pps_scc_extension);
+        FIELD(pps_extension_data_flag);
     }
 };
 
@@ -365,6 +584,28 @@ struct fields_of<h265_ref_pic_lists_modification> {
         FIELD(ref_pic_list_modification_flag_l1);
         FIELD(list_entry_l1);
         FIELD(valid);
+    }
+};
+
+template <>
+struct fields_of<h265_pred_weight_table> {
+    template <class Record, class Visit>
+    static void visit(Record& record, Visit visit) {
+        FIELD(luma_log2_weight_denom);
+        FIELD(delta_chroma_log2_weight_denom);
+        FIELD(luma_weight_l0_flag);
+        FIELD(chroma_weight_l0_flag);
+        FIELD(delta_luma_weight_l0);
+        FIELD(luma_offset_l0);
+        FIELD(delta_chroma_weight_l0);
+        FIELD(delta_chroma_offset_l0);
+        FIELD(luma_weight_l1_flag);
+        FIELD(chroma_weight_l1_flag);
+        FIELD(delta_luma_weight_l1);
+        FIELD(luma_offset_l1);
+        FIELD(delta_chroma_weight_l1);
+        FIELD(delta_chroma_offset_l1);
+        FIELD(present);
     }
 };
 
@@ -401,6 +642,31 @@ struct fields_of<h265_slice_segment_header> {
         FIELD(NumPicTotalCurr);
         FIELD(CurrRpsIdx);
         FIELD(valid);
+        FIELD(mvd_l1_zero_flag);
+        FIELD(cabac_init_flag);
+        FIELD(collocated_from_l0_flag);
+        FIELD(collocated_ref_idx);
+        FIELD(pred_weight_table);
+        FIELD(five_minus_max_num_merge_cand);
+        FIELD(use_integer_mv_flag);
+        FIELD(slice_qp_delta);
+        FIELD(slice_cb_qp_offset);
+        FIELD(slice_cr_qp_offset);
+        FIELD(slice_act_y_qp_offset);
+        FIELD(slice_act_cb_qp_offset);
+        FIELD(slice_act_cr_qp_offset);
+        FIELD(cu_chroma_qp_offset_enabled_flag);
+        FIELD(deblocking_filter_override_flag);
+        FIELD(slice_deblocking_filter_disabled_flag);
+        FIELD(slice_beta_offset_div2);
+        FIELD(slice_tc_offset_div2);
+        FIELD(slice_loop_filter_across_slices_enabled_flag);
+        FIELD(num_entry_point_offsets);
+        FIELD(offset_len_minus1);
+        FIELD(entry_point_offset_minus1);
+        FIELD(slice_segment_header_extension_length);
+        FIELD(slice_segment_header_extension_data_byte);
+        FIELD(slice_data_begin);
     }
 };
 
@@ -475,6 +741,12 @@ struct is_vector : std::false_type {};
 template <class Element>
 struct is_vector<std::vector<Element>> : std::true_type {};
 
+template <class Type>
+struct is_array : std::false_type {};
+
+template <class Element, std::size_t length>
+struct is_array<std::array<Element, length>> : std::true_type {};
+
 // Sets a value that is fresh.
 template <class Value>
 void read(Value& value, const json& from) {
@@ -499,6 +771,10 @@ void read(Value& value, const json& from) {
         }
         if (from.is_object()) {
             value.resize(from.at("size").get<std::size_t>());
+        }
+    } else if constexpr (is_array<Value>::value) {
+        for (std::size_t i = 0; i < from.size(); ++i) {
+            read(value.at(i), from[i]);
         }
     } else {
         std::size_t known = 0;
@@ -543,7 +819,7 @@ json to_json(const Value& value) {
             digits += digit ? '1' : '0';
         }
         return digits;
-    } else if constexpr (is_vector<Value>::value) {
+    } else if constexpr (is_vector<Value>::value || is_array<Value>::value) {
         json entries = json::array();
         for (const auto& entry : value) {
             entries.push_back(to_json(entry));
@@ -586,7 +862,7 @@ void compare(const Value& value, const json& expected, const place& here,
             differs(value, should);
         }
     } else if constexpr (std::is_arithmetic_v<Value>) {
-        const auto should = expected.is_null() ? 0 : expected.get<long long>();
+        const Value should = expected.is_null() ? Value{} : expected.get<Value>();
         if (value != should) {
             differs(value, should);
         }
@@ -613,6 +889,14 @@ void compare(const Value& value, const json& expected, const place& here,
             } else {
                 compare(value[i], i < given ? entries[i] : nothing, entry, differences);
             }
+        }
+    } else if constexpr (is_array<Value>::value) {
+        if (expected.size() > value.size()) {
+            throw std::out_of_range(expected.dump() + " does not fit its field");
+        }
+        for (std::size_t i = 0; i < value.size(); ++i) {
+            compare(value[i], i < expected.size() ? expected[i] : nothing, place{&here, nullptr, i},
+                    differences);
         }
     } else {
         std::size_t known = 0;

@@ -71,6 +71,22 @@ class Reader:
         """Whether all that was read is in the data."""
         return self.pos <= self.size
 
+    def holds(self, count):
+        """Whether so many more bits are in the data."""
+        return self.pos + count <= self.size
+
+    def payload_bits_left(self):
+        """Up to the last 1 of the data, which begins the trailing bits; below 0 behind it."""
+        return max(self.bits.rfind("1"), 0) - self.pos
+
+    def attempt(self, part):
+        """Goes back where `part` returns false, or has read more than the payload."""
+        before = self.pos
+        if part() and self.payload_bits_left() >= 0:
+            return True
+        self.pos = before
+        return False
+
     def more_rbsp_data(self):
         if self.pos >= self.size:
             return False

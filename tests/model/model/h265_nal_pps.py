@@ -1,7 +1,13 @@
 """pic_parameter_set_rbsp(), H.265 clause 7.3.2.3."""
 
+from .h265_pps_extensions import (
+    h265_pps_3d_extension,
+    h265_pps_multilayer_extension,
+    h265_pps_range_extension,
+    h265_pps_scc_extension,
+)
 from .h265_scaling_list_data import h265_scaling_list_data
-from .record import Array, fields, flag, i32, resize, u8, u32, zero
+from .record import Array, Bits, fields, flag, i32, resize, u8, u32, zero
 
 
 class h265_nal_pps(
@@ -47,6 +53,16 @@ class h265_nal_pps(
         slice_segment_header_extension_present_flag=flag,
         pps_extension_present_flag=flag,
         valid=flag,
+        pps_range_extension_flag=flag,
+        pps_multilayer_extension_flag=flag,
+        pps_3d_extension_flag=flag,
+        pps_scc_extension_flag=flag,
+        pps_extension_4bits=u8,
+        pps_range_extension=h265_pps_range_extension,
+        pps_multilayer_extension=h265_pps_multilayer_extension,
+        pps_3d_extension=h265_pps_3d_extension,
+        pps_scc_extension=h265_pps_scc_extension,
+        pps_extension_data_flag=Bits(),
     )
 ):
     __slots__ = ()
@@ -85,6 +101,9 @@ class h265_nal_pps(
             if not self.scaling_list_data.parse(r):
                 return False
         self.end(r)
+        if self.pps_extension_present_flag:
+            while r.more_rbsp_data():
+                r.skip(1)
         self.valid = r.skip_rbsp_trailing_bits()
         return self.valid
 
@@ -134,6 +153,3 @@ class h265_nal_pps(
         self.log2_parallel_merge_level_minus2 = r.ue()
         self.slice_segment_header_extension_present_flag = r.flag()
         self.pps_extension_present_flag = r.flag("extension_flag")
-        if self.pps_extension_present_flag:
-            while r.more_rbsp_data():
-                r.skip(1)

@@ -2,6 +2,12 @@
 
 from .h265_profile_tier_level import h265_profile_tier_level
 from .h265_scaling_list_data import h265_scaling_list_data
+from .h265_sps_extensions import (
+    h265_sps_3d_extension,
+    h265_sps_multilayer_extension,
+    h265_sps_range_extension,
+    h265_sps_scc_extension,
+)
 from .h265_st_ref_pic_set import h265_st_ref_pic_set
 from .h265_vui_parameters import h265_vui_parameters
 from .record import Array, Bits, false, fields, flag, resize, u8, u32, zero
@@ -59,6 +65,16 @@ class h265_nal_sps(
         vui_parameters=h265_vui_parameters,
         sps_extension_flag=flag,
         valid=flag,
+        sps_range_extension_flag=flag,
+        sps_multilayer_extension_flag=flag,
+        sps_3d_extension_flag=flag,
+        sps_scc_extension_flag=flag,
+        sps_extension_4bits=u8,
+        sps_range_extension=h265_sps_range_extension,
+        sps_multilayer_extension=h265_sps_multilayer_extension,
+        sps_3d_extension=h265_sps_3d_extension,
+        sps_scc_extension=h265_sps_scc_extension,
+        sps_extension_data_flag=Bits(),
     )
 ):
     __slots__ = ()
@@ -110,7 +126,10 @@ class h265_nal_sps(
         if self.vui_parameters_present_flag:
             if not self.vui_parameters.parse(r, self):
                 return False
-        self.end(r)
+        self.sps_extension_flag = r.flag("extension_flag")
+        if self.sps_extension_flag:
+            while r.more_rbsp_data():
+                r.skip(1)
         self.valid = r.skip_rbsp_trailing_bits()
         return self.valid
 
@@ -165,9 +184,3 @@ class h265_nal_sps(
         for i in range(self.num_long_term_ref_pics_sps):
             self.lt_ref_pic_poc_lsb_sps[i] = r.u_v(self.log2_max_pic_order_cnt_lsb_minus4 + 4)
             self.used_by_curr_pic_lt_sps_flag[i] = r.flag()
-
-    def end(self, r):
-        self.sps_extension_flag = r.flag("extension_flag")
-        if self.sps_extension_flag:
-            while r.more_rbsp_data():
-                r.skip(1)

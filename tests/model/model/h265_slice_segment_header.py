@@ -1,9 +1,10 @@
-"""slice_segment_header(), H.265 clause 7.3.6.1, up to ref_pic_lists_modification()."""
+"""slice_segment_header(), H.265 clause 7.3.6.1; own rules end with the list modification."""
 
 from .bits import MASK32, bit_length
+from .h265_pred_weight_table import h265_pred_weight_table
 from .h265_ref_pic_lists_modification import ENTRY_LIMIT, h265_ref_pic_lists_modification
 from .h265_st_ref_pic_set import h265_st_ref_pic_set
-from .record import Array, BadAlloc, Bits, false, fields, flag, resize, u8, u32, zero
+from .record import Array, BadAlloc, Bits, false, fields, flag, i32, resize, u8, u32, zero
 
 SLICE_TYPES = ("B", "P", "I")
 
@@ -60,6 +61,31 @@ class h265_slice_segment_header(
         NumPicTotalCurr=u32,
         CurrRpsIdx=u32,
         valid=flag,
+        mvd_l1_zero_flag=flag,
+        cabac_init_flag=flag,
+        collocated_from_l0_flag=flag,
+        collocated_ref_idx=u32,
+        pred_weight_table=h265_pred_weight_table,
+        five_minus_max_num_merge_cand=u32,
+        use_integer_mv_flag=flag,
+        slice_qp_delta=i32,
+        slice_cb_qp_offset=i32,
+        slice_cr_qp_offset=i32,
+        slice_act_y_qp_offset=i32,
+        slice_act_cb_qp_offset=i32,
+        slice_act_cr_qp_offset=i32,
+        cu_chroma_qp_offset_enabled_flag=flag,
+        deblocking_filter_override_flag=flag,
+        slice_deblocking_filter_disabled_flag=flag,
+        slice_beta_offset_div2=i32,
+        slice_tc_offset_div2=i32,
+        slice_loop_filter_across_slices_enabled_flag=flag,
+        num_entry_point_offsets=u32,
+        offset_len_minus1=u32,
+        entry_point_offset_minus1=Array(u32),
+        slice_segment_header_extension_length=u32,
+        slice_segment_header_extension_data_byte=Array(u8),
+        slice_data_begin=u32,
     )
 ):
     __slots__ = ()

@@ -103,6 +103,8 @@ TENDENCIES = {
     "profile_compatibility_flag": (0.0, 0.02, 0.05, 0.5),
     "scaling_list_pred_mode_flag": (0.0, 0.05, 0.3, 1.0),
     "inter_ref_pic_set_prediction_flag": (0.0, 0.2, 0.5, 1.0),
+    "one_extension_flag": (0.1, 0.3, 0.5, 1.0),
+    "weight_flag": (0.0, 0.1, 0.5, 1.0),
     "": (0.1, 0.5, 0.5, 0.5, 0.9),
 }
 
@@ -184,6 +186,19 @@ class Inventor:
 
     def in_data(self):
         return True
+
+    def holds(self, count):
+        return self.pos + count <= self.size
+
+    def payload_bits_left(self):
+        return self.rng.choice((0, 0, 0, 0, 0, 1, 7, 8, self.rng.randrange(200)))
+
+    def attempt(self, part):
+        """What was read is not taken back: it is to be read as data. Now and then that is all."""
+        if self.rng.random() < 0.15:
+            self.u(self.rng.randrange(1, 70))
+            return False
+        return part()
 
     def more_rbsp_data(self):
         if self.extension_bits is None:

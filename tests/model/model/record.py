@@ -108,6 +108,30 @@ class Array:
         return [self.element.scramble(rng) for _ in range(length)]
 
 
+class Fixed:
+    """An array of a fixed length, which is written without what is fresh at its end."""
+
+    def __init__(self, element, length):
+        self.element = element
+        self.length = length
+
+    def fresh(self):
+        return [self.element.fresh() for _ in range(self.length)]
+
+    def copy(self, value):
+        return [self.element.copy(entry) for entry in value]
+
+    def sparse(self, value):
+        assert len(value) == self.length
+        entries = [self.element.sparse(entry) for entry in value]
+        while entries and not entries[-1]:
+            entries.pop()
+        return entries
+
+    def scramble(self, rng):
+        return [self.element.scramble(rng) for _ in range(self.length)]
+
+
 class Record:
     """Base of all; `fields` makes the class in between that has the fields."""
 

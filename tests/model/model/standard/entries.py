@@ -183,6 +183,8 @@ class StandardSliceSegmentHeader(StandardEntry, own.SliceSegmentHeader):
     def __init__(self, rng):
         super(own.SliceSegmentHeader, self).__init__(rng)
         self.vps_store = stores.vps_store(rng)
+        if not self.vps_store.map:  # seldom worth a case
+            self.vps_store = stores.vps_store(rng)
         self.sps_store = Store()
         for number in rng.sample(range(16), rng.choice((1, 1, 2))):
             sps = stores.sps(rng)
@@ -201,7 +203,22 @@ class StandardSliceSegmentHeader(StandardEntry, own.SliceSegmentHeader):
         }
         self.habits = {**HABITS, "slice_pic_parameter_set_id": often(self.pps_store.map, 0.99)}
 
+    def arguments(self, rng, record):
+        """Now and then with what a dependent slice segment takes over: of the segment before, or
+        anything that a host may have."""
+        arguments = super().arguments(rng, record)
+        if arguments["rules"] == "standard" and rng.random() < 0.3:
+            of_record = record.valid and rng.random() < 0.7
+            arguments["independent"] = record.copy() if of_record else self.record.scramble(rng)
+        return arguments
+
     def parse_standard(self, record, reader, arguments):
+        read = self.parse_header(record, reader, arguments)
+        if read and record.dependent_slice_segment_flag and "independent" in arguments:
+            h265_slice_segment_header.take_over(record, arguments["independent"])
+        return read
+
+    def parse_header(self, record, reader, arguments):
         return h265_slice_segment_header.parse(
             record,
             reader,

@@ -1,5 +1,6 @@
 """pic_parameter_set_rbsp(), H.265 clauses 7.3.2.3 and 7.4.3.3."""
 
+from . import h265_pps_extensions as extensions
 from . import h265_scaling_list_data as scaling_list_reading
 
 MAX_REF_IDX_ACTIVE = 15
@@ -33,6 +34,8 @@ def parse(pps, r):
         if not scaling_list_reading.parse(pps.scaling_list_data, r):
             return False
     pps.end(r)
+    if pps.pps_extension_present_flag:
+        extensions.read(pps, r)
     pps.valid = r.in_data()
     r.skip_rbsp_trailing_bits()
     return pps.valid

@@ -3,6 +3,7 @@
 from ..h265_st_ref_pic_set import h265_st_ref_pic_set
 from . import h265_profile_tier_level as ptl_reading
 from . import h265_scaling_list_data as scaling_list_reading
+from . import h265_sps_extensions as extensions
 from . import h265_st_ref_pic_set as set_reading
 from . import h265_vui_parameters as vui_reading
 from . import ordering_info
@@ -46,7 +47,9 @@ def parse(sps, r):
         vui_reading.infer_absent(sps.vui_parameters, sps.profile_tier_level.general)
     elif not vui_reading.parse(sps.vui_parameters, r, sps):
         return False
-    sps.end(r)
+    sps.sps_extension_flag = r.flag("extension_flag")
+    if sps.sps_extension_flag:
+        extensions.read(sps, r)
     sps.valid = r.in_data()
     r.skip_rbsp_trailing_bits()
     return sps.valid

@@ -1,6 +1,6 @@
 """What suits an element by the standard's limits, in place of what inventor.py has for it."""
 
-from ..inventor import any_code, count, often
+from ..inventor import any_code, count, often, seldom
 
 
 def mostly_small(rng):
@@ -42,13 +42,32 @@ HABITS = {
     "num_decoding_units_minus1": count(5, 80),
     "num_sps_ids_minus1": count(4, 15),
     "active_seq_parameter_set_id": often(range(16), 0.99),
-    "slice_type": often((0, 0, 0, 1, 1, 2, 3)),
+    "slice_type": often((0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 2, 2, 3), 0.99),
     "short_term_ref_pic_set_idx": index,
-    "num_long_term_sps": lambda rng: rng.choice((0, 0, 1, 1, 2, 3, 15, 16, 17)),
-    "num_long_term_pics": lambda rng: rng.choice((0, 0, 1, 1, 2, 3, 3, 4, 15, 16, 17)),
+    "num_long_term_sps": often((0, 0, 0, 1, 1, 1, 1, 2), 0.9),
+    "num_long_term_pics": often((0, 0, 1, 1, 2, 2, 3, 3, 4, 13, 14, 15, 16, 17), 0.99),
     "lt_idx_sps": index,
     "max_layer_id": lambda rng: rng.choice((0, 0, 1, 5, rng.getrandbits(6))),
     "num_ref_idx_active_minus1": often((0, 0, 1, 1, 2, 3, 13, 14, 14, 15), 0.99),
+    "first_slice_segment_in_pic_flag": seldom(0.4),
+    "dependent_slice_segment_flag": seldom(0.4),
+    "num_entry_point_offsets": often((0, 0, 1, 2, 3, 4, 5, 7, 8, 16, 33, 34), 0.98),
+    "offset_len_minus1": often((*range(32), 0, 7, 30, 31, 31, 31, 32), 0.99),
+    "slice_segment_header_extension_length": often((0, 1, 2, 3, 4, 255, 256, 257), 0.99),
+    "extension_flag": seldom(0.6),
+    "extension_4bits": lambda rng: rng.choice((0, 0, 0, 0, 0, 0, 1, 8, 15)),
+    "num_palette_predictor_initializers": often((0, 0, 1, 2, 3, 31, 127, 127, 128, 129), 0.98),
+    "bit_depth_entry_minus8": often((*range(9), 0, 2, 8, 9), 0.99),
+    "bit_depth_cm_minus8": often((0, 0, 0, 1, 2, 7, 8, 8, 8, 9), 0.99),
+    "chroma_qp_offset_list_len_minus1": often((0, 1, 2, 3, 4, 5, 5, 6), 0.98),
+    "num_ref_loc_offsets": often((0, 0, 1, 1, 2, 3, 61, 62, 63), 0.99),
+    "num_cm_ref_layers_minus1": often((0, 0, 1, 2, 60, 61, 62), 0.99),
+    "cm_octant_depth": lambda rng: rng.choice((0, 0, 1, 1, 1, 1, 2, 3)),
+    "dlts_present_flag": seldom(0.8),
+    "depth_layers_minus1": lambda rng: rng.choice((0, 0, 1, 2, 5, rng.getrandbits(6))),
+    "bit_depth_for_depth_layers_minus8": lambda rng: rng.choice((0,) * 12 + (1, 2, 3, 15)),
+    "num_val_delta_dlt": lambda rng: rng.choice((0, 1, 2, 3, 3, 4, 5, 9, rng.getrandbits(8))),
+    "max_diff": lambda rng: rng.choice((0, 1, 2, 3, 4, 7, 8, rng.getrandbits(8), 255)),
 }
 
 # Sets that are all within the limits, so that many of them are.

@@ -23,7 +23,7 @@ SPS_HABITS = {
 PPS_HABITS = {
     **HABITS,
     "scaling_list_data_present_flag": seldom(0.02),
-    "dependent_slice_segments_enabled_flag": seldom(0.3),
+    "dependent_slice_segments_enabled_flag": seldom(0.6),
 }
 
 
@@ -72,6 +72,7 @@ def sps(rng):
     record = read(rng, h265_nal_sps, sps_reading.parse, SPS_HABITS)
     if rng.random() < 0.05:
         impossible_size(rng, record)
+    record.sps_scc_extension.motion_vector_resolution_control_idc = rng.choice((0, 0, 1, 2, 2, 3))
     return record
 
 
@@ -79,6 +80,13 @@ def pps(rng, sps_store):
     habits = {**PPS_HABITS, "pps_seq_parameter_set_id": often(sps_store.map, 1.0)}
     record = read(rng, h265_nal_pps, pps_reading.parse, habits)
     record.lists_modification_present_flag = rng.random() < 0.7
+    # As of a PPS with these extensions.
+    screen_content = record.pps_scc_extension
+    screen_content.pps_curr_pic_ref_enabled_flag = rng.random() < 0.5
+    screen_content.pps_slice_act_qp_offsets_present_flag = rng.random() < 0.3
+    record.pps_range_extension.chroma_qp_offset_list_enabled_flag = rng.random() < 0.4
+    record.weighted_pred_flag = rng.random() < 0.6
+    record.weighted_bipred_flag = rng.random() < 0.6
     return record
 
 
