@@ -262,6 +262,7 @@ template <class Walker, class Slice, class Pps, class Sps>
 // 7.3.6.1.
 template <class Walker, class Slice, class Pps, class Sps>
 [[nodiscard]] bool slice_segment_end(Walker& walk, Slice& slice, const Pps& pps, const Sps& sps) {
+    unsigned int width = 0;  // of an entry point
     if (pps.tiles_enabled_flag || pps.entropy_coding_sync_enabled_flag) {
         const std::int64_t most = most_entry_points(pps, sps);
         walk.ue(ELEMENT(slice, num_entry_point_offsets), up_to(most));
@@ -270,18 +271,17 @@ template <class Walker, class Slice, class Pps, class Sps>
         }
         if (slice.num_entry_point_offsets > 0) {
             walk.ue(ELEMENT(slice, offset_len_minus1), up_to(31));
-            const unsigned int width = wrapping_sum(slice.offset_len_minus1, 1);
+            width = wrapping_sum(slice.offset_len_minus1, 1);
             if (!walk.at_most(ELEMENT(slice, offset_len_minus1), 31U) ||
                 !walk.data_holds(ELEMENT(slice, num_entry_point_offsets),
                                  slice.num_entry_point_offsets, width)) {
                 return false;
             }
-            walk.grow_or_throw(slice.num_entry_point_offsets, slice.entry_point_offset_minus1);
-            for (unsigned int i = 0; i < slice.num_entry_point_offsets; ++i) {
-                walk.u_v(static_cast<unsigned char>(width),
-                         ELEMENT(slice, entry_point_offset_minus1)[i]);
-            }
         }
+    }
+    walk.grow_or_throw(slice.num_entry_point_offsets, slice.entry_point_offset_minus1);
+    for (unsigned int i = 0; i < slice.num_entry_point_offsets; ++i) {
+        walk.u_v(static_cast<unsigned char>(width), ELEMENT(slice, entry_point_offset_minus1)[i]);
     }
     if (pps.slice_segment_header_extension_present_flag) {
         walk.ue(ELEMENT(slice, slice_segment_header_extension_length), up_to(256));

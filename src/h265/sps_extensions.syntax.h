@@ -12,7 +12,7 @@ namespace kovran {
 
 // sps_range_extension(), clause 7.3.2.2.2.
 template <class Walker, class Extension>
-[[nodiscard]] bool sps_range_extension(Walker& walk, Extension& extension) {
+void sps_range_extension(Walker& walk, Extension& extension) {
     walk.u(1, ELEMENT(extension, transform_skip_rotation_enabled_flag));
     walk.u(1, ELEMENT(extension, transform_skip_context_enabled_flag));
     walk.u(1, ELEMENT(extension, implicit_rdpcm_enabled_flag));
@@ -22,7 +22,6 @@ template <class Walker, class Extension>
     walk.u(1, ELEMENT(extension, high_precision_offsets_enabled_flag));
     walk.u(1, ELEMENT(extension, persistent_rice_adaptation_enabled_flag));
     walk.u(1, ELEMENT(extension, cabac_bypass_alignment_enabled_flag));
-    return true;
 }
 
 // sps_scc_extension(), clause 7.3.2.2.3.
@@ -60,14 +59,13 @@ template <class Walker, class Extension, class Sps>
 
 // sps_multilayer_extension(), clause F.7.3.2.2.4.
 template <class Walker, class Extension>
-[[nodiscard]] bool sps_multilayer_extension(Walker& walk, Extension& extension) {
+void sps_multilayer_extension(Walker& walk, Extension& extension) {
     walk.u(1, ELEMENT(extension, inter_view_mv_vert_constraint_flag));
-    return true;
 }
 
 // sps_3d_extension(), clause I.7.3.2.2.5.
 template <class Walker, class Extension, class Sps>
-[[nodiscard]] bool sps_3d_extension(Walker& walk, Extension& extension, const Sps& sps) {
+void sps_3d_extension(Walker& walk, Extension& extension, const Sps& sps) {
     constexpr unsigned int texture = 0;
     constexpr unsigned int depth = 1;
     const value_range sub_block = between(min_cb_log2_size(sps) - 3, ctb_log2_size(sps) - 3);
@@ -88,7 +86,6 @@ template <class Walker, class Extension, class Sps>
     walk.u(1, ELEMENT(extension, cqt_cu_part_pred_enabled_flag)[depth]);
     walk.u(1, ELEMENT(extension, inter_dc_only_enabled_flag)[depth]);
     walk.u(1, ELEMENT(extension, skip_intra_enabled_flag)[depth]);
-    return true;
 }
 
 // What follows sps_extension_present_flag, clause 7.3.2.2.1.
@@ -99,21 +96,24 @@ template <class Walker, class Sps>
     walk.u(1, ELEMENT(sps, sps_3d_extension_flag));
     walk.u(1, ELEMENT(sps, sps_scc_extension_flag));
     walk.u(4, ELEMENT(sps, sps_extension_4bits));
-    if (sps.sps_range_extension_flag &&
-        !walk.structure(ELEMENT(sps, sps_range_extension),
-                        [&](auto& extension) { return sps_range_extension(walk, extension); })) {
-        return false;
+    if (sps.sps_range_extension_flag) {
+        static_cast<void>(walk.structure(ELEMENT(sps, sps_range_extension), [&](auto& extension) {
+            sps_range_extension(walk, extension);
+            return true;
+        }));
     }
-    if (sps.sps_multilayer_extension_flag &&
-        !walk.structure(ELEMENT(sps, sps_multilayer_extension), [&](auto& extension) {
-            return sps_multilayer_extension(walk, extension);
-        })) {
-        return false;
+    if (sps.sps_multilayer_extension_flag) {
+        static_cast<void>(
+            walk.structure(ELEMENT(sps, sps_multilayer_extension), [&](auto& extension) {
+                sps_multilayer_extension(walk, extension);
+                return true;
+            }));
     }
-    if (sps.sps_3d_extension_flag &&
-        !walk.structure(ELEMENT(sps, sps_3d_extension),
-                        [&](auto& extension) { return sps_3d_extension(walk, extension, sps); })) {
-        return false;
+    if (sps.sps_3d_extension_flag) {
+        static_cast<void>(walk.structure(ELEMENT(sps, sps_3d_extension), [&](auto& extension) {
+            sps_3d_extension(walk, extension, sps);
+            return true;
+        }));
     }
     if (sps.sps_scc_extension_flag &&
         !walk.structure(ELEMENT(sps, sps_scc_extension),

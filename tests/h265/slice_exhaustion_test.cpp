@@ -394,6 +394,9 @@ TEST(SliceExhaustion, FailsInTheSetOfASliceReadByTheStandard) {
 
 TEST(SliceExhaustion, LeavesAFreshRecordOfASliceReadByTheStandard) {
     const test::bit_writer bits = slice_read_by_the_standard();
+    h265_slice_segment_header undisturbed;  // the first parse makes the host as well
+    test::rbsp undisturbed_input{bits.bytes()};
+    ASSERT_TRUE(parse_slice_by_the_standard(undisturbed, undisturbed_input.reader));
     std::size_t failures = 0;
     for (bool exhausted = true; exhausted; failures += exhausted ? 1 : 0) {
         h265_slice_segment_header slice;

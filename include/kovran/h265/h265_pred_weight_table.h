@@ -40,9 +40,7 @@ struct h265_pred_weight_table {
     entries<std::array<int, 2>> delta_chroma_weight_l1{};
     entries<std::array<int, 2>> delta_chroma_offset_l1{};
 
-    // The slice has the table. A record that is parsed again is cleared of a table that is present:
-    // set this if you fill in weights yourself.
-    bool present = false;
+    bool present = false;  // the slice has the table
 
     // The variables of clause 7.4.7.3 for an entry below most_entries, `component` being 0 for Cb
     // and 1 for Cr. A denominator above 2^7, which the standard does not allow, counts as 2^7.

@@ -140,6 +140,8 @@ def extension_3d(extension, r):
         return True
     extension.pps_depth_layers_minus1 = r.u(6, "depth_layers_minus1")
     extension.pps_bit_depth_for_depth_layers_minus8 = r.u(4, "bit_depth_for_depth_layers_minus8")
+    if extension.pps_bit_depth_for_depth_layers_minus8 > 8:
+        return False
     for _ in range(extension.pps_depth_layers_minus1 + 1):
         dlt = r.flag()
         predicted = dlt and r.flag()
