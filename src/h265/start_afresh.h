@@ -425,6 +425,19 @@ inline void start_afresh(h265_nal_pps& record) {
            pps_scc_extension_flag, pps_extension_4bits, pps_range_extension,
            pps_multilayer_extension, pps_3d_extension, pps_scc_extension, pps_extension_data_flag] =
         record;
+    // Their many arrays are fresh unless the flag is set, and hardly a stream has one.
+    if (pps_range_extension_flag) {
+        start_afresh(pps_range_extension);
+    }
+    if (pps_multilayer_extension_flag) {
+        start_afresh(pps_multilayer_extension);
+    }
+    if (pps_3d_extension_flag) {
+        start_afresh(pps_3d_extension);
+    }
+    if (pps_scc_extension_flag) {
+        start_afresh(pps_scc_extension);
+    }
     start_all_afresh(
         pps_pic_parameter_set_id, pps_seq_parameter_set_id, dependent_slice_segments_enabled_flag,
         output_flag_present_flag, num_extra_slice_header_bits, sign_data_hiding_enabled_flag,
@@ -441,8 +454,8 @@ inline void start_afresh(h265_nal_pps& record) {
         pps_scaling_list_data_present_flag, scaling_list_data, lists_modification_present_flag,
         log2_parallel_merge_level_minus2, slice_segment_header_extension_present_flag,
         pps_extension_present_flag, valid, pps_range_extension_flag, pps_multilayer_extension_flag,
-        pps_3d_extension_flag, pps_scc_extension_flag, pps_extension_4bits, pps_range_extension,
-        pps_multilayer_extension, pps_3d_extension, pps_scc_extension, pps_extension_data_flag);
+        pps_3d_extension_flag, pps_scc_extension_flag, pps_extension_4bits,
+        pps_extension_data_flag);
 }
 
 inline void start_afresh(h265_ref_pic_lists_modification& record) {

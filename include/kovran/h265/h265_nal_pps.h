@@ -74,16 +74,17 @@ struct h265_nal_pps {
     bool valid = false;  // the latest parse succeeded
 
     // Behind pps_extension_present_flag; only parse_standard() reads these.
-    bool pps_range_extension_flag = false;                   // u(1)
-    bool pps_multilayer_extension_flag = false;              // u(1)
-    bool pps_3d_extension_flag = false;                      // u(1)
-    bool pps_scc_extension_flag = false;                     // u(1)
-    unsigned char pps_extension_4bits = 0;                   // u(4)
-    h265_pps_range_extension pps_range_extension;            // when pps_range_extension_flag
-    h265_pps_multilayer_extension pps_multilayer_extension;  // when pps_multilayer_extension_flag
-    h265_pps_3d_extension pps_3d_extension;                  // when pps_3d_extension_flag
-    h265_pps_scc_extension pps_scc_extension;                // when pps_scc_extension_flag
-    std::vector<bool> pps_extension_data_flag;               // u(1), what is read as nothing else
+    bool pps_range_extension_flag = false;       // u(1)
+    bool pps_multilayer_extension_flag = false;  // u(1)
+    bool pps_3d_extension_flag = false;          // u(1)
+    bool pps_scc_extension_flag = false;         // u(1)
+    unsigned char pps_extension_4bits = 0;       // u(4)
+    // Each when its flag is set. A record that is used again is cleared of those whose flag is set.
+    h265_pps_range_extension pps_range_extension;
+    h265_pps_multilayer_extension pps_multilayer_extension;
+    h265_pps_3d_extension pps_3d_extension;
+    h265_pps_scc_extension pps_scc_extension;
+    std::vector<bool> pps_extension_data_flag;  // u(1), what is read as nothing else
 
     // Reads one RBSP; `reader` stands right after the two NAL unit header bytes. Of the SPS only
     // its presence and `valid` matter. Nothing is inserted into `sps_store`. Fields of absent

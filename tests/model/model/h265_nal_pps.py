@@ -67,6 +67,15 @@ class h265_nal_pps(
 ):
     __slots__ = ()
 
+    @classmethod
+    def scramble(cls, rng):
+        """A host sets the flags of the extensions that it puts there."""
+        pps = super().scramble(rng)
+        for kind in ("range", "multilayer", "3d", "scc"):
+            if not getattr(pps, f"pps_{kind}_extension_flag"):
+                getattr(pps, f"pps_{kind}_extension").reset()
+        return pps
+
     def parse(self, r, sps_store):
         self.valid = False
         self.pps_pic_parameter_set_id = r.ue("pps_pic_parameter_set_id")

@@ -26,10 +26,3 @@ class h265_pred_weight_table(
     )
 ):
     __slots__ = ()
-
-    @classmethod
-    def scramble(cls, rng):
-        """A host says of what it puts there that it is present."""
-        table = super().scramble(rng)
-        table.present = True
-        return table if rng.random() < 0.5 else cls()
