@@ -80,7 +80,7 @@ public:
     void skip(unsigned int n) { position_ += n; }
     void align() { position_ += bits_to_byte_boundary(); }
     [[nodiscard]] unsigned char bits_to_byte_boundary() const {
-        return static_cast<unsigned char>((0 - position_) & 7U);
+        return static_cast<unsigned char>((8 - position_ % 8) % 8);
     }
 
     // rbsp_trailing_bits(), clause 7.3.2.11: false when they are malformed; consumed even then.
@@ -93,7 +93,7 @@ public:
 
     // The bits of the data that are not consumed yet; negative past the end.
     [[nodiscard]] std::int64_t bits_left() const {
-        return static_cast<std::int64_t>(std::uint64_t{8} * size_ - position_);
+        return 8 * static_cast<std::int64_t>(size_) - static_cast<std::int64_t>(position_);
     }
 
     // The bits before the last 1 bit of the data, which begins the trailing bits of an RBSP;
@@ -106,8 +106,8 @@ public:
         if (last == 0) {
             return -1;
         }
-        const auto behind = static_cast<unsigned int>(__builtin_ctz(start_[last - 1])) + 1;
-        return static_cast<std::int64_t>(std::uint64_t{8} * last - behind - position_);
+        const int behind = __builtin_ctz(start_[last - 1]) + 1;
+        return 8 * static_cast<std::int64_t>(last) - behind - static_cast<std::int64_t>(position_);
     }
 
 private:

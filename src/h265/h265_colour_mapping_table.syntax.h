@@ -13,16 +13,16 @@ namespace kovran {
 template <class Walker, class Part>
 void colour_mapping_vertex(Walker& walk, Part& part, const element_indices& at, unsigned int j,
                            unsigned char CMResLSBits) {
-    const auto here = [&](auto array) { return named(array.name, array.field, at)[j]; };
-    walk.u(1, here(ELEMENT(part, coded_res_flag)));
+    walk.u(1, named("coded_res_flag", part.coded_res_flag[j], at.followed_by(j)));
     if (!part.coded_res_flag[j]) {
         return;
     }
     for (unsigned int c = 0; c < 3; ++c) {
-        walk.ue(here(ELEMENT(part, res_coeff_q))[c]);
-        walk.u_v(CMResLSBits, here(ELEMENT(part, res_coeff_r))[c]);
+        const element_indices here = at.followed_by(j).followed_by(c);
+        walk.ue(named("res_coeff_q", part.res_coeff_q[j][c], here));
+        walk.u_v(CMResLSBits, named("res_coeff_r", part.res_coeff_r[j][c], here));
         if (part.res_coeff_q[j][c] != 0 || part.res_coeff_r[j][c] != 0) {
-            walk.u(1, here(ELEMENT(part, res_coeff_s))[c]);
+            walk.u(1, named("res_coeff_s", part.res_coeff_s[j][c], here));
         }
     }
 }

@@ -32,10 +32,12 @@ void ref_loc_offset(Walker& walk, Extension& extension, unsigned int i) {
     }
     walk.u(1, ELEMENT(extension, resample_phase_set_present_flag)[i]);
     if (extension.resample_phase_set_present_flag[i]) {
-        walk.ue(of_layer(ELEMENT(extension, phase_hor_luma)), up_to(31));
-        walk.ue(of_layer(ELEMENT(extension, phase_ver_luma)), up_to(31));
-        walk.ue(of_layer(ELEMENT(extension, phase_hor_chroma_plus8)), up_to(63));
-        walk.ue(of_layer(ELEMENT(extension, phase_ver_chroma_plus8)), up_to(63));
+        walk.ue(named("phase_hor_luma", extension.phase_hor_luma[i], layer), up_to(31));
+        walk.ue(named("phase_ver_luma", extension.phase_ver_luma[i], layer), up_to(31));
+        walk.ue(named("phase_hor_chroma_plus8", extension.phase_hor_chroma_plus8[i], layer),
+                up_to(63));
+        walk.ue(named("phase_ver_chroma_plus8", extension.phase_ver_chroma_plus8[i], layer),
+                up_to(63));
     } else {
         walk.assign(extension.phase_hor_chroma_plus8[i], 8);
     }
