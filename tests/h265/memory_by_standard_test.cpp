@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <new>
 #include <string>
 
@@ -106,7 +107,8 @@ test::bit_writer cut_off(const test::bit_writer& extensions) {
     constexpr std::size_t missing = 20;
     test::bit_writer bits;
     for (std::size_t i = 0; i < extensions.size() - missing; ++i) {
-        bits.u<1>(extensions.bytes()[i / 8] >> (7 - i % 8) & 1U);
+        const std::uint32_t byte = extensions.bytes()[i / 8];
+        bits.u<1>(byte >> (7 - i % 8) & 1U);
     }
     return bits;
 }
