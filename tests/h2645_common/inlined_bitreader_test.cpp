@@ -93,7 +93,8 @@ struct slow_bits {
 
     unsigned int bit() {
         const std::size_t at = position++;
-        return at < 8 * data.size() ? data[at / 8] >> (7 - at % 8) & 1U : 0;
+        const unsigned int byte = at < 8 * data.size() ? data[at / 8] : 0;
+        return byte >> (7 - at % 8) & 1U;
     }
 
     // The last 32 of `n` bits.
