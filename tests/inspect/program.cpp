@@ -3,6 +3,7 @@
 #include <array>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <sstream>
 #include <stdexcept>
 #include <thread>
@@ -37,6 +38,14 @@ void feed(int pipe_end, const std::function<bool(std::string&)>& next_piece) {
         }
     }
     ::close(pipe_end);
+}
+
+// Of this process, in bytes.
+std::size_t resident_memory() {
+    std::size_t pages = 0;
+    std::size_t resident_pages = 0;
+    std::ifstream("/proc/self/statm") >> pages >> resident_pages;
+    return resident_pages * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
 }
 
 // Where the program writes to: a file in memory or a terminal.
@@ -190,6 +199,7 @@ outcome program::run() const {
     const int out_end = checked(open_output(out.writing_end()));
     checked(::fcntl(out_end, F_SETFD, FD_CLOEXEC));
 
+    const std::size_t memory_before = resident_memory();
     const pid_t child = checked(::fork());
     if (child == 0) {
         become_program(in, out_end, errors_into_ >= 0 ? errors_into_ : err.writing_end());
@@ -212,7 +222,9 @@ outcome program::run() const {
     result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     result.out = out.text();
     result.err = err.text();
-    result.peak_memory = static_cast<std::size_t>(usage.ru_maxrss) * 1024;
+    constexpr std::size_t to_become_program = 1048576;
+    const auto peak = static_cast<std::size_t>(usage.ru_maxrss) * 1024;
+    result.peak_memory = peak > memory_before + to_become_program ? peak : 0;
     return result;
 }
 

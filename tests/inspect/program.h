@@ -12,10 +12,12 @@ namespace kovran::test {
 
 // What a run of the program left behind.
 struct outcome {
-    int status = 0;               // the exit status, or 128 and the signal that ended the program
-    std::string out;              // standard output
-    std::string err;              // standard error
-    std::size_t peak_memory = 0;  // resident, in bytes
+    int status = 0;   // the exit status, or 128 and the signal that ended the program
+    std::string out;  // standard output
+    std::string err;  // standard error
+    // Resident, in bytes. The system counts what this process holds when it starts the program as
+    // the program's own; where the program needed no more than that, this is 0.
+    std::size_t peak_memory = 0;
 };
 
 // A run of the program kovran.
