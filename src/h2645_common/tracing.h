@@ -110,8 +110,10 @@ public:
         for (std::size_t i = listed_alone; i < count; ++i) {
             flags.field[i] = this->reader.template get<unsigned int>(1) != 0;
         }
-        if (count != listed_alone) {
-            tell(flags.name, {}, "u(1)", width_of_latest(), 0, any_value);
+        if (count != listed_alone) {  // a single flag has its value, as above
+            const std::size_t width = width_of_latest();
+            tell(flags.name, {}, "u(1)", width, width == 1 && flags.field.back() ? 1 : 0,
+                 any_value);
         }
         return true;
     }

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -647,7 +648,7 @@ TEST(PpsExtensionData, AreListedOneByOneAtFirst) {
         SCOPED_TRACE(more);
         test::bit_writer bits = test::bit_writer().u<8>(1);
         for (unsigned int i = 0; i < 4096 + more; ++i) {
-            bits.u<1>(i % 2);
+            bits.u<1>(i % 2 == 0 ? 1U : 0U);
         }
         test::rbsp input{test::pps_with_extension(bits).rbsp().bytes()};
         h2645_common_base_store<h265_nal_sps> no_sps;
@@ -655,17 +656,20 @@ TEST(PpsExtensionData, AreListedOneByOneAtFirst) {
         h265_trace trace;
         EXPECT_TRUE(pps.parse_standard(input.reader, no_sps, trace));
         EXPECT_EQ(pps.pps_extension_data_flag.size(), 4096U + more);
-        EXPECT_EQ(pps.pps_extension_data_flag.back(), (4096 + more) % 2 == 0);
+        EXPECT_EQ(pps.pps_extension_data_flag.back(), more == 1);
         std::size_t elements = 0;
         std::size_t width_of_last = 0;
+        std::int64_t value_of_last = -1;
         for (const h265_traced_element& element : trace.elements) {
             if (element.name == std::string_view("pps_extension_data_flag")) {
                 ++elements;
                 width_of_last = element.width;
+                value_of_last = element.value;
             }
         }
         EXPECT_EQ(elements, more == 0 ? 4096U : 4097U);
         EXPECT_EQ(width_of_last, more == 0 ? 1U : more);
+        EXPECT_EQ(value_of_last, more == 1 ? 1 : 0);
     }
 }
 
