@@ -9,7 +9,7 @@
 
 namespace kovran {
 
-// delta_dlt(), clause I.7.3.2.3.8, of depth values of so many bits, 23 at most.
+// delta_dlt(), clause I.7.3.2.3.8, of depth values of so many bits, 16 at most.
 template <class Walker, class Delta>
 [[nodiscard]] bool delta_dlt(Walker& walk, Delta& delta, unsigned char depth_bits) {
     walk.u_v(depth_bits, ELEMENT(delta, num_val_delta_dlt));

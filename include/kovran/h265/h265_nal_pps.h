@@ -103,9 +103,9 @@ struct h265_nal_pps {
     // uniform_spacing_flag and loop_filter_across_tiles_enabled_flag are true, and predicted
     // scaling matrices are those of their references.
     //
-    // Extensions are read. Where the bits behind pps_extension_present_flag do not fit them, as in
-    // streams of encoders that are older than the extensions, all of these bits are kept in
-    // pps_extension_data_flag; `fault` is unknown_extension then, and the PPS is valid.
+    // Extensions are read. Other bits behind pps_extension_present_flag, as encoders older than the
+    // extensions wrote them, are kept in pps_extension_data_flag: all of them, or those behind the
+    // extensions. The PPS is valid; `fault` is unknown_extension unless pps_extension_4bits is set.
     //
     // Its SPS may come later. An SPS that is in the store decides, for a trace, which values are
     // allowed.

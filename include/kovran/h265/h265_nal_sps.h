@@ -120,9 +120,9 @@ struct h265_nal_sps {
     // above, predicted scaling matrices those of their references, and absent VUI elements, with a
     // VUI or without one, have the values of clause E.3.1.
     //
-    // Extensions are read. Where the bits behind sps_extension_present_flag do not fit them, as in
-    // streams of encoders that are older than the extensions, all of these bits are kept in
-    // sps_extension_data_flag; `fault` is unknown_extension then, and the SPS is valid.
+    // Extensions are read. Other bits behind sps_extension_present_flag, as encoders older than the
+    // extensions wrote them, are kept in sps_extension_data_flag: all of them, or those behind the
+    // extensions. The SPS is valid; `fault` is unknown_extension unless sps_extension_4bits is set.
     //
     // The SPS must belong to the base layer. An SPS whose first 3-bit field is 7, which announces
     // the syntax of clause F.7.3.2.2, is refused. The VPS may come later: `vps_store` is not used.
