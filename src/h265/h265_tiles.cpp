@@ -50,6 +50,11 @@ bool space(std::vector<unsigned int>& boundaries, std::uint64_t count, std::uint
 
 constexpr std::uint64_t largest_address = 0xFFFFFFFF;
 
+bool is_in_picture(const h265_tiles& tiles, unsigned int ctb_address) {
+    return tiles.columns() != 0 && tiles.rows() != 0 &&
+           ctb_address / tiles.column_boundaries.back() < tiles.row_boundaries.back();
+}
+
 // The tile column or row of a coordinate that lies in the picture.
 std::size_t part_of(const std::vector<unsigned int>& boundaries, unsigned int coordinate) {
     return static_cast<std::size_t>(
@@ -78,8 +83,7 @@ bool h265_tiles::assign(const h265_nal_pps& pps, const h265_nal_sps& sps) {
 }
 
 std::size_t h265_tiles::tile_of(unsigned int ctb_address) const {
-    if (columns() == 0 || rows() == 0 ||
-        ctb_address / column_boundaries.back() >= row_boundaries.back()) {
+    if (!is_in_picture(*this, ctb_address)) {
         return 0;
     }
     const unsigned int width = column_boundaries.back();
@@ -89,8 +93,7 @@ std::size_t h265_tiles::tile_of(unsigned int ctb_address) const {
 
 // Equation 6-5.
 unsigned int h265_tiles::tile_scan_address(unsigned int ctb_address) const {
-    if (columns() == 0 || rows() == 0 ||
-        ctb_address / column_boundaries.back() >= row_boundaries.back()) {
+    if (!is_in_picture(*this, ctb_address)) {
         return ctb_address;
     }
     const unsigned int width = column_boundaries.back();
