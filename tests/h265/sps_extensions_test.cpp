@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -68,6 +69,44 @@ TEST(SpsExtensions, HaveEachFlagInItsField) {
         one.sps_range_extension_flag = true;
         one.sps_range_extension.*in_order[i] = true;
         expect_read(test::bit_writer().u<8>(0b10000000).u<9>(256U >> i), one);
+    }
+}
+
+TEST(SpsExtensions, HaveEachFlagOf3dInItsField) {
+    using extension = h265_sps_3d_extension;
+    const struct {
+        std::array<bool, 2> extension::*field;
+        std::size_t d;
+    } in_order[] = {{&extension::iv_di_mc_enabled_flag, 0},
+                    {&extension::iv_mv_scal_enabled_flag, 0},
+                    // log2_ivmc_sub_pb_size_minus3[ 0 ]
+                    {&extension::iv_res_pred_enabled_flag, 0},
+                    {&extension::depth_ref_enabled_flag, 0},
+                    {&extension::vsp_mc_enabled_flag, 0},
+                    {&extension::dbbp_enabled_flag, 0},
+                    {&extension::iv_di_mc_enabled_flag, 1},
+                    {&extension::iv_mv_scal_enabled_flag, 1},
+                    {&extension::tex_mc_enabled_flag, 1},
+                    // log2_texmc_sub_pb_size_minus3[ 1 ]
+                    {&extension::intra_contour_enabled_flag, 1},
+                    {&extension::intra_dc_only_wedge_enabled_flag, 1},
+                    {&extension::cqt_cu_part_pred_enabled_flag, 1},
+                    {&extension::inter_dc_only_enabled_flag, 1},
+                    {&extension::skip_intra_enabled_flag, 1}};
+    constexpr unsigned int count = 14;
+    for (unsigned int i = 0; i < count; ++i) {
+        SCOPED_TRACE(i);
+        h265_nal_sps one;
+        one.sps_3d_extension_flag = true;
+        (one.sps_3d_extension.*in_order[i].field).at(in_order[i].d) = true;
+        test::bit_writer bits = test::bit_writer().u<8>(0b00100000);
+        for (unsigned int place = 0; place < count; ++place) {
+            if (place == 2 || place == 9) {
+                bits.ue(0);
+            }
+            bits.u<1>(place == i ? 1 : 0);
+        }
+        expect_read(bits, one);
     }
 }
 
