@@ -22,6 +22,7 @@ namespace {
 using flags = std::vector<bool>;
 
 template <class Record>
+// NOLINTNEXTLINE(readability-identifier-naming): the name of a suite
 class Extensions : public testing::Test {};
 
 using extended_records = testing::Types<h265_nal_sps, h265_nal_pps>;

@@ -146,7 +146,7 @@ test::reading<h265_nal_sps> read_palette(unsigned int chroma_format_idc,
         syntax.chroma_format.u<1>(1);  // separate_colour_plane_flag
     }
     syntax.bit_depths = bit_depths;
-    const auto result = read(syntax);
+    auto result = read(syntax);
     EXPECT_EQ(result.fault.kind, h265_fault_kind::none);
     EXPECT_TRUE(result.record.sps_scc_extension.intra_boundary_filtering_disabled_flag);
     return result;
