@@ -16,6 +16,7 @@
 
 #include "support/bit_writer.h"
 #include "support/full_values.h"
+#include "support/parameter_sets.h"
 #include "support/rbsp.h"
 #include "support/slice_stores.h"
 
@@ -31,10 +32,7 @@ public:
         for (std::size_t i = 0; i < skipped_; ++i) {
             bits.u<1>(0);
         }
-        for (std::size_t i = 0; i < size; ++i) {
-            bits.u<1>(static_cast<unsigned int>(whole.bytes()[i / 8]) >> (7 - i % 8) & 1U);
-        }
-        bytes_ = bits.bytes();
+        bytes_ = test::append(bits, test::first_bits(whole, size)).bytes();
     }
 
     std::size_t skipped() const { return skipped_; }

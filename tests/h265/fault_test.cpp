@@ -480,7 +480,6 @@ TEST(Fault, OfTooManyReferenceIndices) {
     EXPECT_EQ(fault.highest, 14);
 }
 
-// Profile 9, whose pictures may refer to themselves: the PPS's extension would tell.
 // ---- SEI messages, access unit delimiter
 
 TEST(Fault, OfActiveParameterSets) {

@@ -360,7 +360,7 @@ names flags_out_of_range(unsigned int luma, unsigned int chroma) {
     host stream;
     test::bit_writer bits = p_slice(15).ue(0).se(0);
     add_list(bits, 15, luma, chroma);
-    EXPECT_EQ(stream.parsed(bits).delta_chroma_offset_l0.size(), 15U);
+    stream.parsed(bits);
     return stream.out_of_range();
 }
 

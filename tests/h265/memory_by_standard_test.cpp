@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <new>
 #include <string>
 
@@ -105,12 +104,7 @@ test::bit_writer profile_tier_level() {
 // Extensions without their last bits, among which is one that is 1: they are kept as they are.
 test::bit_writer cut_off(const test::bit_writer& extensions) {
     constexpr std::size_t missing = 20;
-    test::bit_writer bits;
-    for (std::size_t i = 0; i < extensions.size() - missing; ++i) {
-        const std::uint32_t byte = extensions.bytes()[i / 8];
-        bits.u<1>(byte >> (7 - i % 8) & 1U);
-    }
-    return bits;
+    return test::first_bits(extensions, extensions.size() - missing);
 }
 
 TEST(MemoryByStandard, OfAVps) {

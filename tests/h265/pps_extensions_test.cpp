@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "support/bit_writer.h"
+#include "support/extension_reading.h"
 #include "support/extensions.h"
 #include "support/parameter_sets.h"
 #include "support/rbsp.h"
@@ -25,119 +26,16 @@ using values = std::vector<unsigned int>;
 using flags = std::vector<bool>;
 using names = std::vector<std::string>;
 
-struct reading {
-    bool read = false;
-    h265_nal_pps pps;
-    h265_fault fault;
-    h265_trace trace;
-    std::size_t bits = 0;
-};
+constexpr auto read = test::read_set<h265_nal_pps>;
+constexpr auto read_extension = test::read_extension<h265_nal_pps>;
+constexpr auto expect_read = test::expect_read<h265_nal_pps>;
+constexpr auto expect_kept = test::expect_kept<h265_nal_pps>;
 
-// Into a record that may have held something else, with and without a trace and a fault: all are
-// the same. There is no SPS.
-reading read_into(const h265_nal_pps& used, const std::vector<unsigned char>& bytes) {
-    h2645_common_base_store<h265_nal_sps> store;
-    reading result;
-    result.pps = used;
-    test::rbsp input{bytes};
-    result.read = result.pps.parse_standard(input.reader, store, result.trace, &result.fault);
-    result.bits = input.reader.bit_position();
-
-    h265_nal_pps untraced = used;
-    test::rbsp other_input{bytes};
-    EXPECT_EQ(untraced.parse_standard(other_input.reader, store), result.read);
-    EXPECT_EQ(other_input.reader.bit_position(), result.bits);
-    EXPECT_TRUE(test::same_fields(untraced, result.pps));
-
-    h265_nal_pps without_fault = used;
-    h265_trace trace;
-    test::rbsp third_input{bytes};
-    EXPECT_EQ(without_fault.parse_standard(third_input.reader, store, trace), result.read);
-    EXPECT_EQ(trace.elements.size(), result.trace.elements.size());
-    EXPECT_EQ(trace.structures.size(), result.trace.structures.size());
-    EXPECT_TRUE(test::same_fields(without_fault, result.pps));
-    return result;
-}
-
-reading read(const test::pps_syntax& syntax) {
-    return read_into({}, syntax.rbsp().bytes());
-}
-
-reading read_extension(const test::bit_writer& extension) {
-    return read(test::pps_with_extension(extension));
-}
-
-// The smallest PPS with transform skip, whose extension flag is set, with the fields of the
-// extensions of another.
-h265_nal_pps smallest_with(const h265_nal_pps& extensions) {
-    h265_nal_pps pps = read({}).pps;
-    pps.transform_skip_enabled_flag = true;
-    pps.pps_extension_present_flag = true;
-    pps.pps_range_extension_flag = extensions.pps_range_extension_flag;
-    pps.pps_multilayer_extension_flag = extensions.pps_multilayer_extension_flag;
-    pps.pps_3d_extension_flag = extensions.pps_3d_extension_flag;
-    pps.pps_scc_extension_flag = extensions.pps_scc_extension_flag;
-    pps.pps_extension_4bits = extensions.pps_extension_4bits;
-    pps.pps_range_extension = extensions.pps_range_extension;
-    pps.pps_multilayer_extension = extensions.pps_multilayer_extension;
-    pps.pps_3d_extension = extensions.pps_3d_extension;
-    pps.pps_scc_extension = extensions.pps_scc_extension;
-    pps.pps_extension_data_flag = extensions.pps_extension_data_flag;
-    return pps;
-}
-
-flags bits_of(const test::bit_writer& bits) {
-    flags all;
-    for (std::size_t i = 0; i < bits.size(); ++i) {
-        all.push_back((bits.bytes()[i / 8] >> (7 - i % 8) & 1) != 0);
-    }
-    return all;
-}
-
-// Everything from the flags on is extension data, and told as such.
-void expect_kept(const test::bit_writer& extension) {
-    const reading result = read_extension(extension);
-    h265_nal_pps kept;
-    kept.pps_extension_data_flag = bits_of(extension);
-    EXPECT_TRUE(result.read);
-    EXPECT_TRUE(test::same_fields(result.pps, smallest_with(kept)));
-    EXPECT_EQ(result.fault.kind, h265_fault_kind::unknown_extension);
-    EXPECT_EQ(to_string(result.fault.element), "pps_extension_present_flag");
-    EXPECT_EQ(result.fault.structure_count, 0U);
-    EXPECT_EQ(result.fault.first_bit, test::pps_syntax{}.payload().size() - 1);
-    EXPECT_EQ(result.bits, test::pps_with_extension(extension).rbsp().size());
-}
-
-void expect_read(const test::bit_writer& extension, const h265_nal_pps& extensions) {
-    const reading result = read_extension(extension);
-    EXPECT_TRUE(result.read);
-    EXPECT_EQ(result.fault.kind, h265_fault_kind::none) << to_string(result.fault);
-    EXPECT_TRUE(test::same_fields(result.pps, smallest_with(extensions)));
-    EXPECT_EQ(result.bits, test::pps_with_extension(extension).rbsp().size());
-}
-
-// The names of the elements from the flags of the extensions on, up to the trailing bits, with
-// values.
+// The elements behind the flags of the extensions.
 names traced(const test::bit_writer& extension) {
-    const reading result = read_extension(extension);
+    const auto result = read_extension(extension);
     EXPECT_EQ(result.fault.kind, h265_fault_kind::none) << to_string(result.fault);
-    const std::size_t first = test::pps_syntax{}.payload().size() + 8;
-    names all;
-    for (const auto& element : result.trace.elements) {
-        if (element.first_bit >= first && *element.descriptor != 'f') {
-            all.push_back(path_of(result.trace, element) + " " + std::to_string(element.value));
-        }
-    }
-    return all;
-}
-
-TEST(PpsExtensions, AreAllRead) {
-    const auto whole = test::full_pps_extensions();
-    expect_read(whole.syntax, whole.record);
-}
-
-TEST(PpsExtensions, MayAllBeAbsent) {
-    expect_read(test::bit_writer().u<8>(0), {});
+    return test::elements_from(result, test::first_bit_of_extension<h265_nal_pps>() + 8);
 }
 
 // ---- Range extensions
@@ -163,11 +61,11 @@ TEST(PpsRangeExtension, HasNoListsUnlessTheyAreEnabled) {
 TEST(PpsRangeExtension, HasABlockSizeOnlyWithTransformSkip) {
     test::pps_syntax syntax = test::pps_with_extension(range_flag().u<1>(1).u<1>(0).ue(1).ue(2));
     syntax.intra_and_transform_skip = test::bit_writer().u<1>(0).u<1>(0);
-    const reading result = read(syntax);
+    const auto result = read(syntax);
     EXPECT_EQ(result.fault.kind, h265_fault_kind::none);
-    EXPECT_TRUE(result.pps.pps_range_extension.cross_component_prediction_enabled_flag);
-    EXPECT_EQ(result.pps.pps_range_extension.log2_sao_offset_scale_luma, 1U);
-    EXPECT_EQ(result.pps.pps_range_extension.log2_sao_offset_scale_chroma, 2U);
+    EXPECT_TRUE(result.record.pps_range_extension.cross_component_prediction_enabled_flag);
+    EXPECT_EQ(result.record.pps_range_extension.log2_sao_offset_scale_luma, 1U);
+    EXPECT_EQ(result.record.pps_range_extension.log2_sao_offset_scale_chroma, 2U);
 }
 
 TEST(PpsRangeExtension, HasUpToSixOffsets) {
@@ -178,10 +76,10 @@ TEST(PpsRangeExtension, HasUpToSixOffsets) {
         }
         return bits.ue(0).ue(0);
     };
-    const reading most = read_extension(with(6));
+    const auto most = read_extension(with(6));
     EXPECT_EQ(most.fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(most.pps.pps_range_extension.cb_qp_offset_list, std::vector<int>(6, 1));
-    EXPECT_EQ(most.pps.pps_range_extension.cr_qp_offset_list, std::vector<int>(6, -1));
+    EXPECT_EQ(most.record.pps_range_extension.cb_qp_offset_list, std::vector<int>(6, 1));
+    EXPECT_EQ(most.record.pps_range_extension.cr_qp_offset_list, std::vector<int>(6, -1));
     expect_kept(with(7));
     expect_kept(range_flag().ue(0).u<1>(0).u<1>(1).ue(0).ue(0xFFFFFFFE));
 }
@@ -245,10 +143,10 @@ TEST(PpsMultilayerExtension, HasOffsetsOfUpTo62Layers) {
         }
         return bits.u<1>(0);
     };
-    const reading most = read_extension(with(62));
+    const auto most = read_extension(with(62));
     EXPECT_EQ(most.fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(most.pps.pps_multilayer_extension.ref_loc_offset_layer_id.size(), 62U);
-    EXPECT_EQ(most.pps.pps_multilayer_extension.ref_loc_offset_layer_id.back(), 61);
+    EXPECT_EQ(most.record.pps_multilayer_extension.ref_loc_offset_layer_id.size(), 62U);
+    EXPECT_EQ(most.record.pps_multilayer_extension.ref_loc_offset_layer_id.back(), 61);
     expect_kept(with(63));
     expect_kept(offsets(0xFFFFFFFE).u<32>(0));
 }
@@ -293,13 +191,13 @@ test::bit_writer one_octant(unsigned int input, unsigned int output, unsigned in
     return bits.u<2>(cm_res_quant_bits).u<2>(cm_delta_flc_bits_minus1);
 }
 
-const h265_colour_mapping_table& table_of(const reading& result) {
+const h265_colour_mapping_table& table_of(const test::reading<h265_nal_pps>& result) {
     EXPECT_EQ(result.fault.kind, h265_fault_kind::none) << to_string(result.fault);
-    return result.pps.pps_multilayer_extension.colour_mapping_table;
+    return result.record.pps_multilayer_extension.colour_mapping_table;
 }
 
 TEST(ColourMappingTable, HasOneOctantWithoutDepth) {
-    const reading result = read_extension(one_octant(0, 0, 0, 0).u<4>(0));
+    const auto result = read_extension(one_octant(0, 0, 0, 0).u<4>(0));
     const auto& table = table_of(result);
     EXPECT_EQ(table.parts.size(), 1U);
     EXPECT_FALSE(table.split_octant_flag);
@@ -308,7 +206,7 @@ TEST(ColourMappingTable, HasOneOctantWithoutDepth) {
 
 // Parts of an octant that could have been split are two apart.
 TEST(ColourMappingTable, HasOneOctantThatIsNotSplit) {
-    const reading result = read_extension(
+    const auto result = read_extension(
         colour_mapping(1, 2).ue(0).ue(0).ue(0).ue(0).u<4>(0).se(5).se(-6).u<1>(0).u<16>(0));
     const auto& table = table_of(result);
     EXPECT_EQ(table.cm_adapt_threshold_u_delta, 5);
@@ -327,7 +225,7 @@ TEST(ColourMappingTable, HasUpTo64Parts) {
     for (unsigned int part = 0; part < 64; ++part) {
         bits.u<4>(0);
     }
-    const reading result = read_extension(bits);
+    const auto result = read_extension(bits);
     const auto& table = table_of(result);
     ASSERT_EQ(table.parts.size(), 64U);
     EXPECT_EQ(table.parts[63].idxShiftY, 15);
@@ -358,7 +256,7 @@ TEST(ColourMappingTable, HasRemaindersOfTheWidthThatBitDepthsLeave) {
             }
         }
         bits.u<3>(0);
-        const reading result = read_extension(bits);
+        const auto result = read_extension(bits);
         const auto& part = table_of(result).parts.at(0);
         EXPECT_EQ(part.res_coeff_q[0][0], 1U);
         EXPECT_EQ(part.res_coeff_r[0][0], value);
@@ -428,10 +326,10 @@ h265_nal_pps with_3d(const h265_pps_3d_extension& extension) {
 
 h265_delta_dlt delta_of_one_layer(const test::bit_writer& delta, unsigned int bit_depth_minus8) {
     test::bit_writer bits = depth_layers(0, bit_depth_minus8).u<3>(0b100);
-    const reading result = read_extension(test::append(bits, delta));
+    const auto result = read_extension(test::append(bits, delta));
     EXPECT_EQ(result.fault.kind, h265_fault_kind::none) << to_string(result.fault);
-    EXPECT_EQ(result.pps.pps_3d_extension.delta_dlt.size(), 1U);
-    return result.pps.pps_3d_extension.delta_dlt.at(0);
+    EXPECT_EQ(result.record.pps_3d_extension.delta_dlt.size(), 1U);
+    return result.record.pps_3d_extension.delta_dlt.at(0);
 }
 
 TEST(Pps3dExtension, IsRead) {
@@ -448,10 +346,10 @@ TEST(Pps3dExtension, HasUpTo64Layers) {
     for (unsigned int i = 0; i < 64; ++i) {
         bits.u<1>(0);
     }
-    const reading result = read_extension(bits);
+    const auto result = read_extension(bits);
     EXPECT_EQ(result.fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(result.pps.pps_3d_extension.dlt_flag, flags(64, false));
-    EXPECT_EQ(result.pps.pps_3d_extension.delta_dlt.size(), 64U);
+    EXPECT_EQ(result.record.pps_3d_extension.dlt_flag, flags(64, false));
+    EXPECT_EQ(result.record.pps_3d_extension.delta_dlt.size(), 64U);
 }
 
 // A flag for each depth value of 8 bits, and of 16, the most that samples have.
@@ -462,14 +360,14 @@ TEST(Pps3dExtension, HasAFlagForEachDepthValue) {
         for (std::size_t i = 0; i < count / 64; ++i) {
             bits.u<64>(i);
         }
-        const reading result = read_extension(bits);
+        const auto result = read_extension(bits);
         EXPECT_EQ(result.fault.kind, h265_fault_kind::none);
-        const flags& all = result.pps.pps_3d_extension.dlt_value_flag.at(0);
+        const flags& all = result.record.pps_3d_extension.dlt_value_flag.at(0);
         ASSERT_EQ(all.size(), count);
         EXPECT_TRUE(all[127]);
         EXPECT_FALSE(all[126]);
         EXPECT_TRUE(all[count - 1]);
-        EXPECT_EQ(result.pps.pps_3d_extension.delta_dlt.at(0).num_val_delta_dlt, 0U);
+        EXPECT_EQ(result.record.pps_3d_extension.delta_dlt.at(0).num_val_delta_dlt, 0U);
     }
 }
 
@@ -614,9 +512,9 @@ TEST(PpsSccExtension, HasBounds) {
         }
         return bits;
     };
-    const reading most = read_extension(with(128));
+    const auto most = read_extension(with(128));
     EXPECT_EQ(most.fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(most.pps.pps_scc_extension.pps_palette_predictor_initializer[0].size(), 128U);
+    EXPECT_EQ(most.record.pps_scc_extension.pps_palette_predictor_initializer[0].size(), 128U);
     expect_kept(with(129));
     expect_kept(scc_flag().u<3>(0b001).ue(0xFFFFFFFE).u<64>(0));
     expect_kept(scc_flag().u<3>(0b001).ue(1).u<1>(1).ue(9).u<17>(0));
@@ -624,23 +522,6 @@ TEST(PpsSccExtension, HasBounds) {
 }
 
 // ---- Extension data, and what is no extension that the standard has
-
-TEST(PpsExtensionData, AreKeptBitByBit) {
-    h265_nal_pps later;
-    later.pps_extension_4bits = 8;
-    expect_read(test::bit_writer().u<8>(8), later);
-    later.pps_extension_data_flag = {false};
-    expect_read(test::bit_writer().u<8>(8).u<1>(0), later);
-
-    test::bit_writer much = test::bit_writer().u<8>(0b00001111);
-    later.pps_extension_4bits = 15;
-    later.pps_extension_data_flag.clear();
-    for (unsigned int i = 0; i < 10001; ++i) {
-        much.u<1>(i % 3 == 0 ? 1U : 0U);
-        later.pps_extension_data_flag.push_back(i % 3 == 0);
-    }
-    expect_read(much, later);
-}
 
 // The record has every flag; a trace lists 4096 of them alone, and the others as one element.
 TEST(PpsExtensionData, AreListedOneByOneAtFirst) {
@@ -673,12 +554,6 @@ TEST(PpsExtensionData, AreListedOneByOneAtFirst) {
     }
 }
 
-TEST(UnknownPpsExtension, IsKeptAsItStands) {
-    expect_kept(test::bit_writer().u<3>(0b101));
-    expect_kept(test::bit_writer().u<3>(0b000));
-    expect_kept(test::bit_writer());
-}
-
 TEST(UnknownPpsExtension, MayBreakHalfWay) {
     test::bit_writer bits = test::bit_writer().u<8>(0b11110000);
     test::append(bits, test::pps_range_extension().syntax);
@@ -691,91 +566,9 @@ TEST(UnknownPpsExtension, MayBeWhatReservedBitsOnceStoodFor) {
     expect_kept(test::bit_writer().u<8>(0b00010000).u<2>(0b01));
 }
 
-// An end anywhere in the extensions, before their last bit has been read.
-TEST(UnknownPpsExtension, IsWhatIsCutOff) {
-    test::bit_writer whole = test::bit_writer().u<8>(0b11110000);
-    test::append(whole, test::pps_range_extension().syntax);
-    test::append(whole, test::pps_multilayer_extension().syntax);
-    test::append(whole, test::pps_3d_extension().syntax);
-    test::append(whole, test::pps_scc_extension().syntax);
-    const flags all = bits_of(whole);
-    for (std::size_t size = 0; size < all.size() && !testing::Test::HasFailure(); ++size) {
-        SCOPED_TRACE(size);
-        test::bit_writer cut;
-        for (std::size_t i = 0; i < size; ++i) {
-            cut.u<1>(all[i] ? 1 : 0);
-        }
-        expect_kept(cut);
-
-        // Without trailing bits: what is the last 1 bit by chance is taken for them.
-        const reading ended = read_into({}, test::pps_with_extension(cut).payload().bytes());
-        EXPECT_TRUE(ended.read);
-        EXPECT_EQ(ended.fault.kind, h265_fault_kind::unknown_extension);
-        EXPECT_LT(ended.pps.pps_extension_data_flag.size(), size + 1);
-        EXPECT_FALSE(ended.pps.pps_range_extension_flag);
-    }
-}
-
-// ---- What known extensions leave before the trailing bits
-
-// The extensions are read, and behind them `left` is kept and told.
-reading expect_left(const test::bit_writer& extension, h265_nal_pps extensions,
-                    const test::bit_writer& left) {
-    const test::bit_writer whole = test::joined(extension, left);
-    reading result = read_extension(whole);
-    extensions.pps_extension_data_flag = bits_of(left);
-    EXPECT_TRUE(result.read);
-    EXPECT_TRUE(result.pps.valid);
-    EXPECT_TRUE(test::same_fields(result.pps, smallest_with(extensions)));
-    EXPECT_EQ(result.fault.kind, h265_fault_kind::unknown_extension);
-    EXPECT_EQ(result.bits, test::pps_with_extension(whole).rbsp().size());
-    return result;
-}
-
-TEST(PpsExtensionsLeave, BitsBehindNoExtension) {
-    const reading result =
-        expect_left(test::bit_writer().u<8>(0), {}, test::bit_writer().u<3>(0b101));
-    EXPECT_EQ(to_string(result.fault.element), "pps_extension_4bits");
-    EXPECT_EQ(result.fault.structure_count, 0U);
-    EXPECT_EQ(result.fault.first_bit, test::pps_syntax{}.payload().size() + 4);
-}
-
-TEST(PpsExtensionsLeave, AnyNumberOfBits) {
-    h265_nal_pps range;
-    range.pps_range_extension_flag = true;
-    range.pps_range_extension = test::pps_range_extension().record;
-    const auto extension =
-        test::joined(test::bit_writer().u<8>(0b10000000), test::pps_range_extension().syntax);
-    for (unsigned int size = 1; size <= 40; ++size) {
-        SCOPED_TRACE(size);
-        expect_left(extension, range, test::bit_writer().u(size, 0));
-        expect_left(extension, range, test::bit_writer().u(size, 1));
-        const reading result =
-            expect_left(extension, range, test::bit_writer().u(size - 1, size > 1 ? 1 : 0).u<1>(0));
-        EXPECT_EQ(to_string(result.fault.element), "log2_sao_offset_scale_chroma");
-        EXPECT_EQ(to_string(result.fault.structures[0]), "pps_range_extension");
-    }
-}
-
-TEST(PpsExtensionsLeave, ElementsOfTheTrace) {
-    const reading result = read_extension(test::bit_writer().u<8>(0b00010000).u<3>(0).u<2>(0b10));
-    const std::size_t first = test::pps_syntax{}.payload().size() + 10;
-    names all;
-    for (const auto& element : result.trace.elements) {
-        if (element.first_bit >= first && *element.descriptor != 'f') {
-            all.push_back(path_of(result.trace, element) + " " + std::to_string(element.value) +
-                          " at " + std::to_string(element.first_bit - first));
-        }
-    }
-    EXPECT_EQ(all,
-              (names{"pps_scc_extension.pps_palette_predictor_initializers_present_flag 0 at 0",
-                     "pps_extension_data_flag 1 at 1", "pps_extension_data_flag 0 at 2"}));
-}
-
-// ---- Records used again, and the library's own rules
+// ---- Records used again
 
 TEST(PpsExtensions, ShowNothingStale) {
-    const h265_nal_pps used = read_extension(test::full_pps_extensions().syntax).pps;
     const std::vector<test::pps_syntax> all = {
         test::pps_syntax{},
         test::pps_with_extension(test::bit_writer().u<8>(0)),
@@ -789,39 +582,7 @@ TEST(PpsExtensions, ShowNothingStale) {
         test::pps_with_extension(offsets(0).u<1>(0)),
         test::pps_with_extension(one_octant(0, 0, 0, 0).u<4>(0)),
         test::pps_with_extension(range_flag().ue(0).u<1>(0).u<1>(0).ue(0).ue(6))};
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        SCOPED_TRACE(i);
-        const auto bytes = all[i].rbsp().bytes();
-        EXPECT_TRUE(test::same_fields(read_into(used, bytes).pps, read_into({}, bytes).pps));
-    }
-}
-
-TEST(PpsExtensions, AreSkippedByParse) {
-    auto store = test::sps_store_with(0);
-    const auto whole = test::full_pps_extensions();
-    for (const bool extended : {false, true}) {
-        test::pps_syntax syntax = test::pps_with_extension(whole.syntax);
-        if (!extended) {
-            syntax.extension = test::bit_writer().u<1>(0);
-        }
-        for (const h265_nal_pps& before : {h265_nal_pps{}, whole.record}) {
-            test::rbsp input{syntax.rbsp().bytes()};
-            h265_nal_pps pps = before;
-            EXPECT_TRUE(pps.parse(input.reader, store));
-            EXPECT_EQ(input.reader.bit_position(), syntax.rbsp().size());
-            h265_nal_pps expected = smallest_with(before);
-            expected.pps_extension_present_flag = extended;
-            expected.uniform_spacing_flag = false;  // nothing is inferred
-            expected.loop_filter_across_tiles_enabled_flag = false;
-            EXPECT_TRUE(test::same_fields(pps, expected));
-
-            test::rbsp traced_input{syntax.rbsp().bytes()};
-            h265_nal_pps traced = before;
-            h265_trace trace;
-            EXPECT_TRUE(traced.parse(traced_input.reader, store, trace));
-            EXPECT_TRUE(test::same_fields(traced, pps));
-        }
-    }
+    test::expect_nothing_stale(read_extension(test::full_pps_extensions().syntax).record, all);
 }
 
 }  // namespace

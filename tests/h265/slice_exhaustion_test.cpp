@@ -11,6 +11,7 @@
 
 #include "support/allocation_failure.h"
 #include "support/bit_writer.h"
+#include "support/parameter_sets.h"
 #include "support/rbsp.h"
 #include "support/reuse_exhaustion.h"
 #include "support/same_fields.h"
@@ -84,10 +85,7 @@ struct slice_syntax {
         test::bit_writer all;
         for (const test::bit_writer* part :
              {&start, &short_term_set, &long_term_pictures, &reference_indices, &lists}) {
-            for (std::size_t i = 0; i < part->size(); ++i) {
-                const unsigned int byte = part->bytes()[i / 8];
-                all.u<1>(byte >> (7 - i % 8) & 1U);
-            }
+            test::append(all, *part);
         }
         return all;
     }

@@ -439,18 +439,6 @@ TEST(InspectDump, TellsAnExtensionThatIsNotKnown) {
     EXPECT_EQ(own.status, 0) << own.err;
 }
 
-// An I slice of an IDR picture ends with slice_qp_delta at bit 6; bit 7 is 0. Slice data follows.
-TEST(InspectDump, TellsMalformedAlignmentOfASlice) {
-    const bit_writer slice = bit_writer().u<1>(1).u<1>(0).ue(0).ue(2).se(0).u<1>(0).u<8>(0x55);
-    const outcome result =
-        program({"dump", "-"}).input(parameter_sets() + annex_b_unit(IDR_W_RADL, slice)).run();
-    EXPECT_EQ(result.status, 1);
-    EXPECT_NE(result.err.find(": the slice segment header was read, but malformed trailing bits: "
-                              "alignment_bit_equal_to_one at bit 7 is 0\n"),
-              std::string::npos)
-        << result.err;
-}
-
 TEST(InspectDump, TellsWhichParameterSetIsMissing) {
     const std::string all = parameter_sets();
     const std::string without_vps = all.substr(all.find(bytes("000001 4201"))) + good_slice();

@@ -103,26 +103,33 @@ range_table sps_extension_ranges() {
 
 // ---- PPS
 
-// The first is of 4:2:0 with 8 bits, without screen content; the second has no chroma; the third
-// has 4:4:4 with 12 bits of luma and 14 of chroma, and a palette predictor of three entries.
+// The first is of 4:2:0 with 8 bits, without screen content, and has the largest transform blocks
+// and coding tree blocks. The others have 12 bits of luma and 14 of chroma, smaller blocks, and a
+// palette predictor of three entries.
 constexpr element_value without_chroma = 1;
-constexpr element_value of_screen_content = 2;
+constexpr element_value of_full_chroma = 2;
+constexpr element_value of_separate_planes = 3;
+
+sps_values sps_of_screen_content(element_value sps_id, element_value chroma_format_idc) {
+    sps_values sps;
+    sps.sps_seq_parameter_set_id = sps_id;
+    sps.chroma_format_idc = chroma_format_idc;
+    sps.bit_depth_luma_minus8 = 4;
+    sps.bit_depth_chroma_minus8 = 6;
+    sps.log2_diff_max_min_luma_coding_block_size = 2;
+    sps.log2_diff_max_min_luma_transform_block_size = 1;
+    sps.extension = bits_of(sps_scc_values());
+    return sps;
+}
 
 std::vector<range_unit> parameter_sets() {
-    sps_values first;
-    sps_values second;
-    second.sps_seq_parameter_set_id = without_chroma;
-    second.chroma_format_idc = 0;
-    sps_values third;
-    third.sps_seq_parameter_set_id = of_screen_content;
-    third.chroma_format_idc = 3;
-    third.bit_depth_luma_minus8 = 4;
-    third.bit_depth_chroma_minus8 = 6;
-    third.extension = bits_of(sps_scc_values());
+    sps_values separate_planes = sps_of_screen_content(of_separate_planes, 3);
+    separate_planes.separate_colour_plane_flag = true;
     return {{VPS_NUT, bits_of(vps_values())},
-            {SPS_NUT, bits_of(first)},
-            {SPS_NUT, bits_of(second)},
-            {SPS_NUT, bits_of(third)}};
+            {SPS_NUT, bits_of(sps_values())},
+            {SPS_NUT, bits_of(sps_of_screen_content(without_chroma, 0))},
+            {SPS_NUT, bits_of(sps_of_screen_content(of_full_chroma, 3))},
+            {SPS_NUT, bits_of(separate_planes)}};
 }
 
 // Gives an element of an extension its value, in a PPS of the SPS.
@@ -140,6 +147,16 @@ template <class Extension>
 auto in_extension(element_value sps_id, element_value Extension::*field) {
     return in_extension<Extension>(
         sps_id, [field](Extension& extension, element_value value) { extension.*field = value; });
+}
+// An element that is there when another one is 1.
+template <class Extension>
+auto in_extension(element_value sps_id, element_value Extension::*condition,
+                  element_value Extension::*field) {
+    return in_extension<Extension>(sps_id,
+                                   [condition, field](Extension& extension, element_value value) {
+                                       extension.*condition = 1;
+                                       extension.*field = value;
+                                   });
 }
 
 struct pps_range_values {
@@ -170,28 +187,33 @@ void add_range_extension(case_list<pps_values>& list) {
     using values = pps_range_values;
     list.at_most("log2_max_transform_skip_block_size_minus2", 0, 3,
                  in_extension(0, &values::log2_max_transform_skip_block_size_minus2));
-    list.at_most("cross_component_prediction_enabled_flag", 0, 0,
-                 in_extension(0, &values::cross_component_prediction_enabled_flag));
-    list.at_most("chroma_qp_offset_list_enabled_flag", 0, 0,
-                 in_extension(without_chroma, &values::chroma_qp_offset_list_enabled_flag));
-    const auto in_lists = [](element_value values::*field) {
-        return in_extension<values>(0, [field](values& extension, element_value value) {
-            extension.chroma_qp_offset_list_enabled_flag = 1;
-            extension.*field = value;
-        });
+    list.at_most("log2_max_transform_skip_block_size_minus2", 0, 1,
+                 in_extension(of_full_chroma, &values::log2_max_transform_skip_block_size_minus2));
+    for (const element_value sps_id : {element_value{0}, without_chroma, of_separate_planes}) {
+        list.at_most("cross_component_prediction_enabled_flag", 0, 0,
+                     in_extension(sps_id, &values::cross_component_prediction_enabled_flag));
+    }
+    for (const element_value sps_id : {without_chroma, of_separate_planes}) {
+        list.at_most("chroma_qp_offset_list_enabled_flag", 0, 0,
+                     in_extension(sps_id, &values::chroma_qp_offset_list_enabled_flag));
+    }
+    const auto in_lists = [](element_value sps_id, element_value values::*field) {
+        return in_extension(sps_id, &values::chroma_qp_offset_list_enabled_flag, field);
     };
     list.at_most("diff_cu_chroma_qp_offset_depth", 0, 3,
-                 in_lists(&values::diff_cu_chroma_qp_offset_depth));
-    list.within("cb_qp_offset_list[0]", -12, 12, in_lists(&values::cb_qp_offset));
-    list.within("cr_qp_offset_list[0]", -12, 12, in_lists(&values::cr_qp_offset));
+                 in_lists(0, &values::diff_cu_chroma_qp_offset_depth));
+    list.at_most("diff_cu_chroma_qp_offset_depth", 0, 2,
+                 in_lists(of_full_chroma, &values::diff_cu_chroma_qp_offset_depth));
+    list.within("cb_qp_offset_list[0]", -12, 12, in_lists(0, &values::cb_qp_offset));
+    list.within("cr_qp_offset_list[0]", -12, 12, in_lists(0, &values::cr_qp_offset));
     list.at_most("log2_sao_offset_scale_luma", 0, 0,
                  in_extension(0, &values::log2_sao_offset_scale_luma));
     list.at_most("log2_sao_offset_scale_luma", 0, 2,
-                 in_extension(of_screen_content, &values::log2_sao_offset_scale_luma));
+                 in_extension(of_full_chroma, &values::log2_sao_offset_scale_luma));
     list.at_most("log2_sao_offset_scale_chroma", 0, 0,
                  in_extension(0, &values::log2_sao_offset_scale_chroma));
     list.at_most("log2_sao_offset_scale_chroma", 0, 4,
-                 in_extension(of_screen_content, &values::log2_sao_offset_scale_chroma));
+                 in_extension(of_full_chroma, &values::log2_sao_offset_scale_chroma));
 }
 
 // Of one layer, with a table that has one octant of one part.
@@ -360,14 +382,14 @@ void add_scc_extension(case_list<pps_values>& list) {
     using values = pps_scc_values;
     list.at_most("pps_curr_pic_ref_enabled_flag", 0, 0,
                  in_extension(0, &values::pps_curr_pic_ref_enabled_flag));
-    list.at_most("residual_adaptive_colour_transform_enabled_flag", 0, 0,
-                 in_extension(0, &values::residual_adaptive_colour_transform_enabled_flag));
+    for (const element_value sps_id : {element_value{0}, without_chroma, of_separate_planes}) {
+        list.at_most(
+            "residual_adaptive_colour_transform_enabled_flag", 0, 0,
+            in_extension(sps_id, &values::residual_adaptive_colour_transform_enabled_flag));
+    }
     const auto with_transform = [](element_value values::*field) {
-        return in_extension<values>(
-            of_screen_content, [field](values& extension, element_value value) {
-                extension.residual_adaptive_colour_transform_enabled_flag = 1;
-                extension.*field = value;
-            });
+        return in_extension(of_full_chroma,
+                            &values::residual_adaptive_colour_transform_enabled_flag, field);
     };
     list.within("pps_act_y_qp_offset_plus5", -7, 17,
                 with_transform(&values::pps_act_y_qp_offset_plus5));
@@ -379,20 +401,21 @@ void add_scc_extension(case_list<pps_values>& list) {
     list.at_most("pps_num_palette_predictor_initializers", 0, 0,
                  in_extension(0, &values::pps_num_palette_predictor_initializers));
     list.at_most("pps_num_palette_predictor_initializers", 0, 3,
-                 in_extension(of_screen_content, &values::pps_num_palette_predictor_initializers));
+                 in_extension(of_full_chroma, &values::pps_num_palette_predictor_initializers));
     // These repeat what the SPS says.
-    const auto with_palette = [](element_value values::*field) {
-        return in_extension<values>(of_screen_content,
-                                    [field](values& extension, element_value value) {
-                                        extension.pps_num_palette_predictor_initializers = 1;
-                                        extension.*field = value;
-                                    });
+    const auto with_palette = [](element_value sps_id, element_value values::*field) {
+        return in_extension(sps_id, &values::pps_num_palette_predictor_initializers, field);
     };
-    list.at_most("monochrome_palette_flag", 0, 0, with_palette(&values::monochrome_palette_flag));
+    list.at_least("monochrome_palette_flag", 1, 1,
+                  with_palette(without_chroma, &values::monochrome_palette_flag));
+    for (const element_value sps_id : {of_full_chroma, of_separate_planes}) {
+        list.at_most("monochrome_palette_flag", 0, 0,
+                     with_palette(sps_id, &values::monochrome_palette_flag));
+    }
     list.within("luma_bit_depth_entry_minus8", 4, 4,
-                with_palette(&values::luma_bit_depth_entry_minus8));
+                with_palette(of_full_chroma, &values::luma_bit_depth_entry_minus8));
     list.within("chroma_bit_depth_entry_minus8", 6, 6,
-                with_palette(&values::chroma_bit_depth_entry_minus8));
+                with_palette(of_full_chroma, &values::chroma_bit_depth_entry_minus8));
 }
 
 range_table pps_extension_ranges() {

@@ -24,6 +24,34 @@ pps_syntax pps_with_extension(const bit_writer& extension) {
     return syntax;
 }
 
+h265_nal_sps with_extensions(h265_nal_sps sps, const h265_nal_sps& extensions) {
+    sps.sps_range_extension_flag = extensions.sps_range_extension_flag;
+    sps.sps_multilayer_extension_flag = extensions.sps_multilayer_extension_flag;
+    sps.sps_3d_extension_flag = extensions.sps_3d_extension_flag;
+    sps.sps_scc_extension_flag = extensions.sps_scc_extension_flag;
+    sps.sps_extension_4bits = extensions.sps_extension_4bits;
+    sps.sps_range_extension = extensions.sps_range_extension;
+    sps.sps_multilayer_extension = extensions.sps_multilayer_extension;
+    sps.sps_3d_extension = extensions.sps_3d_extension;
+    sps.sps_scc_extension = extensions.sps_scc_extension;
+    sps.sps_extension_data_flag = extensions.sps_extension_data_flag;
+    return sps;
+}
+
+h265_nal_pps with_extensions(h265_nal_pps pps, const h265_nal_pps& extensions) {
+    pps.pps_range_extension_flag = extensions.pps_range_extension_flag;
+    pps.pps_multilayer_extension_flag = extensions.pps_multilayer_extension_flag;
+    pps.pps_3d_extension_flag = extensions.pps_3d_extension_flag;
+    pps.pps_scc_extension_flag = extensions.pps_scc_extension_flag;
+    pps.pps_extension_4bits = extensions.pps_extension_4bits;
+    pps.pps_range_extension = extensions.pps_range_extension;
+    pps.pps_multilayer_extension = extensions.pps_multilayer_extension;
+    pps.pps_3d_extension = extensions.pps_3d_extension;
+    pps.pps_scc_extension = extensions.pps_scc_extension;
+    pps.pps_extension_data_flag = extensions.pps_extension_data_flag;
+    return pps;
+}
+
 sample<h265_sps_range_extension> sps_range_extension() {
     sample<h265_sps_range_extension> whole;
     whole.syntax.u<9>(0b101100101);

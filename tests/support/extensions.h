@@ -30,6 +30,10 @@ bit_writer joined(bit_writer first, const bit_writer& second);
 sps_syntax sps_with_extension(const bit_writer& extension);
 pps_syntax pps_with_extension(const bit_writer& extension);
 
+// The fields of the extensions of one record, all others of another.
+h265_nal_sps with_extensions(h265_nal_sps sps, const h265_nal_sps& extensions);
+h265_nal_pps with_extensions(h265_nal_pps pps, const h265_nal_pps& extensions);
+
 }  // namespace kovran::test
 
 #endif  // KOVRAN_TESTS_SUPPORT_EXTENSIONS_H

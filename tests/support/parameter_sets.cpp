@@ -128,10 +128,27 @@ std::vector<int> write_coefficients(bit_writer& bits, int start, int count) {
 }  // namespace
 
 bit_writer& append(bit_writer& bits, const bit_writer& more) {
-    for (std::size_t i = 0; i < more.size(); ++i) {
-        bits.u<1>(static_cast<unsigned int>(more.bytes()[i / 8]) >> (7 - i % 8) & 1U);
+    for (const bool bit : flags_of(more)) {
+        bits.u<1>(bit ? 1 : 0);
     }
     return bits;
+}
+
+bit_writer first_bits(const bit_writer& bits, std::size_t count) {
+    const std::vector<bool> all = flags_of(bits);
+    bit_writer first;
+    for (std::size_t i = 0; i < count; ++i) {
+        first.u<1>(all.at(i) ? 1 : 0);
+    }
+    return first;
+}
+
+std::vector<bool> flags_of(const bit_writer& bits) {
+    std::vector<bool> all;
+    for (std::size_t i = 0; i < bits.size(); ++i) {
+        all.push_back((bits.bytes()[i / 8] >> (7 - i % 8) & 1) != 0);
+    }
+    return all;
 }
 
 bit_writer minimal_profile_tier_level() {

@@ -10,6 +10,7 @@
 #include <kovran/h265/h265_vui_parameters.h>
 
 #include <cstddef>
+#include <vector>
 
 #include "support/bit_writer.h"
 
@@ -18,6 +19,8 @@
 namespace kovran::test {
 
 bit_writer& append(bit_writer& bits, const bit_writer& more);
+bit_writer first_bits(const bit_writer& bits, std::size_t count);
+std::vector<bool> flags_of(const bit_writer& bits);
 
 // Profile 1 with its compatibility flag, level 3.1.
 bit_writer minimal_profile_tier_level();
