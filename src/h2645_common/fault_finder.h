@@ -48,6 +48,8 @@ public:
     // A value that is above `highest`, wherever it comes from; `bit` is where the walk stands.
     void refuse(const h2645_common_element_name& name, std::size_t bit, std::int64_t value,
                 std::int64_t highest);
+    // The element read last, where a part is refused that does not end the walk.
+    void refuse_last() { tell_refusal_of_last(); }
     void missing(const char* parameter_set, unsigned int id);
     void no_memory();
     void unknown_extension();

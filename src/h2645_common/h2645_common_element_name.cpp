@@ -13,6 +13,11 @@ std::string to_string(const h2645_common_element_name& name) {
         text += std::to_string(name.indices[i]);
         text += ']';
     }
+    if (name.run != 0) {
+        text += "[0..";
+        text += std::to_string(name.run - 1);
+        text += ']';
+    }
     return text;
 }
 

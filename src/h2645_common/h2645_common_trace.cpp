@@ -32,6 +32,7 @@ h2645_common_element_name name_of(const h2645_common_trace& trace,
         name = trace.structures[element.structure].name;
     }
     name.name = element.name;
+    name.run = element.run;
     for (std::size_t i = 0; i < element.index_count; ++i) {
         const std::size_t index = element.first_index + i;
         if (name.index_count < name.most_indices && index < trace.indices.size()) {

@@ -14,27 +14,26 @@ inline int signed_value(unsigned int code_number) {
     return (code_number & 1U) != 0 ? static_cast<int>(half + 1) : -static_cast<int>(half);
 }
 
+// The value of i(n) with the bits `code`, clause 7.2; `n` is 1 to 32, or 0 for no bits.
+inline int twos_complement(unsigned int code, unsigned char n) {
+    const std::int64_t modulus = std::int64_t{1} << n;
+    return static_cast<int>(2 * std::int64_t{code} < modulus ? code : code - modulus);
+}
+
 // The bits of a bit reader's data for a walk through a description: the same values from the same
 // positions, past the end as well. All that changes from one element to the next is the position,
 // so the next element need not wait for what the last one left in a reservoir.
 class inlined_bitreader {
 public:
     explicit inlined_bitreader(const h2645_common_bitreader& source)
-        : start_(source.start),
-          size_(size_of(source)),
-          position_(source.bit_position()),
-          last_word_bit_(size_ < word_bytes ? 0 : 8 * std::uint64_t{size_ - word_bytes}) {
-        constexpr std::size_t half_bytes = word_bytes / 2;
-        if (size_ >= word_bytes) {
-            last_word_ = word_at(size_ - word_bytes);
-        } else if (size_ >= half_bytes) {  // in two halves, which may overlap
-            last_word_ = half_word_at(0) << 32U | half_word_at(size_ - half_bytes)
-                                                      << (8 * (word_bytes - size_));
-        } else {
-            for (std::size_t i = 0; i < size_; ++i) {
-                last_word_ |= std::uint64_t{start_[i]} << (8 * (word_bytes - 1 - i));
-            }
-        }
+        : inlined_bitreader(source.start, size_of(source), source.bit_position()) {}
+
+    // At the same position, of data that ends so many bytes behind the byte of the position, or
+    // where this data ends.
+    [[nodiscard]] inlined_bitreader first_bytes(std::size_t count) const {
+        const auto byte = static_cast<std::size_t>(position_ / 8);
+        const std::size_t left = byte < size_ ? size_ - byte : 0;
+        return {start_, count < left ? byte + count : size_, position_};
     }
 
     // A bit reader of the same data at the same position.
@@ -78,6 +77,7 @@ public:
     [[nodiscard, gnu::always_inline]] int se() { return signed_value(ue()); }
 
     void skip(unsigned int n) { position_ += n; }
+    void skip_bytes(std::size_t n) { position_ += 8 * std::uint64_t{n}; }
     void align() { position_ += bits_to_byte_boundary(); }
     [[nodiscard]] unsigned char bits_to_byte_boundary() const {
         return static_cast<unsigned char>((8 - position_ % 8) % 8);
@@ -87,6 +87,21 @@ public:
     [[nodiscard]] bool rbsp_trailing_bits() {
         const bool stop_bit = get<unsigned int>(1) != 0;
         return get<unsigned int>(bits_to_byte_boundary()) == 0 && stop_bit;
+    }
+
+    // The value of the next bits; 0 of more than 63, which no element's value holds.
+    [[nodiscard]] std::int64_t value_of(std::size_t bits) const {
+        inlined_bitreader ahead = *this;
+        std::int64_t value = 0;
+        for (std::size_t i = 0; bits <= 63 && i < bits; ++i) {
+            value = value << 1U | ahead.get<unsigned int>(1);
+        }
+        return value;
+    }
+
+    // The bytes from the position on, which begins one.
+    [[nodiscard]] const unsigned char* bytes() const {
+        return start_ + static_cast<std::size_t>(position_ / 8);
     }
 
     [[nodiscard]] std::size_t bit_position() const { return static_cast<std::size_t>(position_); }
@@ -114,6 +129,24 @@ private:
     static constexpr std::size_t word_bytes = 8;
     static constexpr unsigned int word_bits = 64;
     static constexpr unsigned int window_bits = word_bits - 7;
+
+    inlined_bitreader(const unsigned char* start, std::size_t size, std::uint64_t position)
+        : start_(start),
+          size_(size),
+          position_(position),
+          last_word_bit_(size_ < word_bytes ? 0 : 8 * std::uint64_t{size_ - word_bytes}) {
+        constexpr std::size_t half_bytes = word_bytes / 2;
+        if (size_ >= word_bytes) {
+            last_word_ = word_at(size_ - word_bytes);
+        } else if (size_ >= half_bytes) {  // in two halves, which may overlap
+            last_word_ = half_word_at(0) << 32U | half_word_at(size_ - half_bytes)
+                                                      << (8 * (word_bytes - size_));
+        } else {
+            for (std::size_t i = 0; i < size_; ++i) {
+                last_word_ |= std::uint64_t{start_[i]} << (8 * (word_bytes - 1 - i));
+            }
+        }
+    }
 
     // None in a range whose end is before its start.
     [[nodiscard]] static std::size_t size_of(const h2645_common_bitreader& source) {

@@ -9,6 +9,7 @@
 #include "h2645_common/store_lookup.h"
 #include "h2645_common/value_range.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
@@ -58,6 +59,57 @@ public:
     template <class Element>
     [[gnu::always_inline]] void se(Element target, value_range /*allowed*/ = {}) {
         target.field = reader.se();
+    }
+
+    // i(n), in two's complement.
+    template <class Element>
+    [[gnu::always_inline]] void i(unsigned char width, Element target,
+                                  value_range /*allowed*/ = {}) {
+        target.field = static_cast<value_type<decltype(target.field)>>(
+            twos_complement(reader.get<unsigned int>(width), width));
+    }
+
+    template <class Element>
+    [[gnu::always_inline]] void i_v(unsigned char width, Element target, value_range allowed = {}) {
+        i(width, target, allowed);
+    }
+
+    // b(8): one, and as many as the field holds, which begin on a byte boundary. Their number has
+    // been compared with what the data holds.
+    template <class Element>
+    [[gnu::always_inline]] void b(Element target) {
+        u(8, target);
+    }
+    template <class Element>
+    void bytes(Element target) {
+        if (!target.field.empty()) {
+            std::copy_n(reader.bytes(), target.field.size(), target.field.begin());
+            reader.skip_bytes(target.field.size());
+        }
+    }
+
+    // u(n) of more than 64 bits, likewise. False when the data does not hold them.
+    template <class Element>
+    [[nodiscard]] bool u_bytes(Element target) {
+        if (target.field.size() > payload_bytes_left()) {
+            return false;
+        }
+        bytes(target);
+        return true;
+    }
+
+    // st(v), which begins on a byte boundary, without the zero byte that ends it. False when there
+    // is no such byte, or no memory.
+    template <class Element>
+    [[nodiscard]] bool st(Element target) {
+        const std::size_t left = payload_bytes_left();
+        const std::size_t length = bytes_before_zero(left);
+        if (length == left || !grow(length, target.field)) {
+            return false;
+        }
+        bytes(target);
+        reader.skip(8);
+        return true;
     }
 
     // Bits that no field holds.
@@ -110,6 +162,82 @@ public:
     void unknown_extension() {}
 
     void align() { reader.align(); }
+    // The same where the standard wants the bits to have a value.
+    void align(const char* /*name*/, unsigned int /*expected*/) { reader.align(); }
+    [[nodiscard]] bool is_aligned() const { return reader.bits_to_byte_boundary() == 0; }
+
+    // The bytes of the data behind the position, which begins one.
+    [[nodiscard]] std::size_t payload_bytes_left() const {
+        const std::int64_t left = reader.bits_left();
+        return left > 0 ? static_cast<std::size_t>(left) / 8 : 0;
+    }
+
+    // Walks a part whose size in bytes is known: the data ends for it where the part does. False
+    // when a description refuses it: the walk then stands where the part begins, and what the part
+    // has left in fields is for the caller to clear.
+    template <class WalkPart>
+    [[nodiscard]] bool within(std::size_t size, WalkPart&& walk_part) {
+        inlined_bitreader whole = reader;
+        reader = whole.first_bytes(size);
+        const bool walked = std::forward<WalkPart>(walk_part)();
+        if (walked) {
+            whole.skip_bytes(size);
+        }
+        reader = whole;
+        return walked;
+    }
+
+    // payloadType or payloadSize, clause 7.3.5: 0xFF bytes and one that is less, whose sum is their
+    // value; the greatest that fits when it is more. False when the data ends before that.
+    [[nodiscard]] bool byte_run(const char* /*last_byte*/, unsigned int& sum) {
+        std::uint64_t total = 0;
+        unsigned int byte = 0xFF;
+        while (byte == 0xFF && holds(1, 8)) {
+            byte = reader.get<unsigned int>(8);
+            total += byte;
+        }
+        constexpr std::uint64_t largest = 0xFFFFFFFE;
+        sum = static_cast<unsigned int>(std::min(total, largest));
+        return byte != 0xFF;
+    }
+
+    // The messages that begin in the rest of the data, sei_message(), clause 7.3.5: the last one
+    // may be cut off. A single byte at the end is none.
+    [[nodiscard]] std::size_t count_messages() const {
+        inlined_bitreader ahead = reader;
+        const auto skip_byte_run = [&ahead] {
+            std::uint64_t sum = 0;
+            unsigned int byte = 0xFF;
+            while (byte == 0xFF && ahead.bits_left() >= 8) {
+                byte = ahead.get<unsigned int>(8);
+                sum += byte;
+            }
+            return sum;
+        };
+        std::size_t count = 0;
+        while (ahead.bits_left() >= 16) {
+            ++count;
+            skip_byte_run();
+            ahead.skip_bytes(static_cast<std::size_t>(skip_byte_run()));
+        }
+        return count;
+    }
+
+    // What follows the last element of an SEI payload in its bytes, clause D.2.1: extension data,
+    // and the bits that close it. False when there is no memory.
+    template <class Flags>
+    [[nodiscard]] bool payload_end(element<Flags&> reserved_payload_extension_data) {
+        if (reader.bits_left() <= 0) {
+            return true;
+        }
+        if (!extension_data(reserved_payload_extension_data)) {
+            return false;
+        }
+        reader.skip_bytes(payload_bytes_left());
+        reader.align();
+        return true;
+    }
+
     [[nodiscard]] bool more_rbsp_data() {
         h2645_common_bitreader ahead = reader.bitreader();
         return h2645_common_more_rbsp_data(ahead);
@@ -229,6 +357,15 @@ private:
     template <class Field>
     using value_type =
         std::conditional_t<std::is_lvalue_reference_v<Field>, std::remove_reference_t<Field>, bool>;
+
+    // Of the next bytes; all of them when none is zero.
+    [[nodiscard]] std::size_t bytes_before_zero(std::size_t count) const {
+        if (count == 0) {
+            return 0;
+        }
+        const unsigned char* const begin = reader.bytes();
+        return static_cast<std::size_t>(std::find(begin, begin + count, 0) - begin);
+    }
 
     template <class Element>
     static void store(Element& target, unsigned int value) {

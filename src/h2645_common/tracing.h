@@ -50,6 +50,12 @@ public:
         reading<Rules>::align();
         position_ = this->reader.bit_position();
     }
+    void align(const char* name, unsigned int expected) {
+        while (!this->is_aligned()) {
+            const unsigned int bit = this->reader.template get<unsigned int>(1);
+            tell(name, {}, "f(1)", 1, bit, between(expected, expected));
+        }
+    }
 
     void go_back() {
         reading<Rules>::go_back();
@@ -78,6 +84,54 @@ public:
     void se(Element target, const value_range& allowed = any_value) {
         reading<Rules>::se(target);
         tell(target, "se(v)", width_of_latest(), allowed);
+    }
+
+    template <class Element>
+    void i(unsigned char width, Element target, const value_range& allowed = any_value) {
+        reading<Rules>::i(width, target);
+        tell(target, "i(n)", width, allowed);
+    }
+
+    template <class Element>
+    void i_v(unsigned char width, Element target, const value_range& allowed = any_value) {
+        reading<Rules>::i(width, target);
+        tell(target, "i(v)", width, allowed);
+    }
+
+    template <class Element>
+    void b(Element target) {
+        reading<Rules>::b(target);
+        tell(target, "b(8)", 8, any_value);
+    }
+    template <class Element>
+    void bytes(Element target) {
+        const std::size_t count = target.field.size();
+        reading<Rules>::bytes(target);
+        if (count != 0) {
+            tell_bytes(target, "b(8)", count);
+            if (trace_ != nullptr) {
+                next_[-1].run = count;
+            }
+        }
+    }
+
+    template <class Element>
+    [[nodiscard]] bool u_bytes(Element target) {
+        const bool read = reading<Rules>::u_bytes(target);
+        tell_bytes(target, "u(n)", target.field.size());
+        return read;
+    }
+
+    template <class Element>
+    [[nodiscard]] bool st(Element target) {
+        const std::size_t left = this->payload_bytes_left();
+        const bool read = reading<Rules>::st(target);
+        if (!read && this->ran_out_of_memory()) {
+            tell_no_memory();
+        } else {
+            tell_bytes(target, "st(v)", 1 + (read ? target.field.size() : left));
+        }
+        return read;
     }
 
     void skip(unsigned int width, const char* name) { skip_bits(width, name, {}); }
@@ -120,25 +174,75 @@ public:
 
     template <class WalkPart>
     [[nodiscard]] bool attempt(WalkPart&& walk_part) {
-        const std::size_t elements = trace_ != nullptr ? listed() : 0;
-        const std::size_t structures = trace_ != nullptr ? trace_->structures.size() : 0;
-        const std::size_t indices = trace_ != nullptr ? trace_->indices.size() : 0;
-        const std::size_t position = position_;
+        const place before = here();
         const std::optional<fault_finder> finder = fault_;
         if (reading<Rules>::attempt(std::forward<WalkPart>(walk_part))) {
             return true;
         }
-        position_ = position;
-        if (trace_ != nullptr) {
-            next_ = trace_->elements.data() + elements;
-            trace_->structures.resize(structures);
-            trace_->indices.resize(indices);
-        }
+        go_back_to(before);
         if (fault_ && !this->ran_out_of_memory()) {
             fault_->forget();
             fault_.emplace(*finder);
         }
         return false;
+    }
+
+    // What goes wrong in the part stays told.
+    template <class WalkPart>
+    [[nodiscard]] bool within(std::size_t size, WalkPart&& walk_part) {
+        const place before = here();
+        const std::size_t bits_of_whole = bits_of_data_;
+        bits_of_data_ = std::min(bits_of_data_, position_ + 8 * size);
+        const bool walked = reading<Rules>::within(size, [&] {
+            const bool read = std::forward<WalkPart>(walk_part)();
+            if (!read && fault_) {
+                fault_->refuse_last();
+            }
+            return read;
+        });
+        bits_of_data_ = bits_of_whole;
+        if (!walked) {
+            go_back_to(before);
+        }
+        return walked;
+    }
+
+    [[nodiscard]] bool byte_run(const char* last_byte, unsigned int& sum) {
+        inlined_bitreader first = this->reader;
+        const bool read = reading<Rules>::byte_run(last_byte, sum);
+        for (std::size_t left = width_of_latest() / 8; left != 0; --left) {
+            const auto byte = first.get<unsigned int>(8);
+            const bool last = byte != 0xFF;
+            tell(last ? last_byte : "ff_byte", {}, last ? "u(8)" : "f(8)", 8, byte, any_value);
+        }
+        if (!read) {
+            tell(last_byte, {}, "u(8)", 8, 0, any_value);
+        }
+        return read;
+    }
+
+    template <class Flags>
+    [[nodiscard]] bool payload_end(element<Flags&> reserved_payload_extension_data) {
+        if (this->reader.bits_left() <= 0) {
+            return true;
+        }
+        const std::size_t extension_bits = this->payload_bits_left();
+        if (extension_bits != 0) {
+            inlined_bitreader first = this->reader;
+            if (!reading<Rules>::extension_data(reserved_payload_extension_data)) {
+                tell_no_memory();
+                return false;
+            }
+            tell(reserved_payload_extension_data.name, {}, "u(v)", extension_bits,
+                 first.value_of(extension_bits), any_value);
+        }
+        do {
+            static_cast<void>(trailing_bit("payload_bit_equal_to_one", 1));
+            while (!this->is_aligned()) {
+                static_cast<void>(trailing_bit("payload_bit_equal_to_zero", 0));
+            }
+        } while (this->reader.bits_left() > 0);
+        return true;
     }
 
     void unknown_extension() {
@@ -259,9 +363,7 @@ public:
     [[nodiscard]] bool grow(std::size_t count, Arrays&... arrays) {
         const bool grown = reading<Rules>::grow(count, arrays...);
         if (!grown) {
-            if (fault_) {
-                fault_->no_memory();
-            }
+            tell_no_memory();
         }
         return grown;
     }
@@ -271,9 +373,7 @@ public:
         try {
             reading<Rules>::grow_or_throw(count, arrays...);
         } catch (...) {
-            if (fault_) {
-                fault_->no_memory();
-            }
+            tell_no_memory();
             throw;
         }
     }
@@ -304,6 +404,28 @@ private:
             fault_->start();
         }
         position_ = this->reader.bit_position();
+    }
+
+    // Where the walk and its list stand.
+    struct place {
+        std::size_t position;
+        std::size_t elements;
+        std::size_t structures;
+        std::size_t indices;
+    };
+    [[nodiscard]] place here() const {
+        if (trace_ == nullptr) {
+            return {position_, 0, 0, 0};
+        }
+        return {position_, listed(), trace_->structures.size(), trace_->indices.size()};
+    }
+    void go_back_to(const place& before) {
+        position_ = before.position;
+        if (trace_ != nullptr) {
+            next_ = trace_->elements.data() + before.elements;
+            trace_->structures.resize(before.structures);
+            trace_->indices.resize(before.indices);
+        }
     }
 
     static constexpr bool takes_notes = std::is_base_of_v<rule_notes, Rules>;
@@ -386,6 +508,7 @@ private:
         element.first_index = 0;
         element.index_count = 0;
         element.out_of_range = out_of_range;
+        element.run = 0;
         if (indices.count != 0) {
             element.first_index = static_cast<unsigned int>(trace_->indices.size());
             element.index_count = static_cast<unsigned char>(indices.count);
@@ -400,6 +523,18 @@ private:
               const value_range& allowed) {
         tell(target.name, target.indices, descriptor, width,
              static_cast<std::int64_t>(target.field), allowed);
+    }
+
+    // Bytes that no value holds; they are the host's own.
+    template <class Element>
+    void tell_bytes(const Element& target, const char* descriptor, std::size_t count) {
+        tell(target.name, target.indices, descriptor, 8 * count, 0, any_value);
+    }
+
+    void tell_no_memory() {
+        if (fault_) {
+            fault_->no_memory();
+        }
     }
 
     // Fields are written one by one where they are to stay: copies of what has just been written

@@ -2,8 +2,20 @@
 
 #include "h265/h265_nal_sei_active_parameter_sets.syntax.h"
 #include "h265/parsing.h"
+#include "h265/sei/payload_parsing.h"
 
 namespace kovran {
+
+template <class Walker>
+[[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_active_parameter_sets& active,
+                                  const sei_context& context) {
+    return active_parameter_sets(walk, active, *context.vps_store);
+}
+template bool walk_payload(reading<standard_rules>&, h265_nal_sei_active_parameter_sets&,
+                           const sei_context&);
+template bool walk_payload(tracing<standard_rules>&, h265_nal_sei_active_parameter_sets&,
+                           const sei_context&);
+
 namespace {
 
 auto description_of(h265_nal_sei_active_parameter_sets& record,

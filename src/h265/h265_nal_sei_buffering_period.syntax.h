@@ -32,9 +32,20 @@ template <class Walker, class Values>
     return true;
 }
 
-// buffering_period(), clause D.2.2.
-template <class Walker, class BufferingPeriod, class SpsStore>
-[[nodiscard]] bool buffering_period(Walker& walk, BufferingPeriod& period, SpsStore& sps_store) {
+// What is read by an SPS alone goes by the HRD parameters in its VUI.
+struct vui_hrd {
+    static constexpr unsigned int highest_sub_layer_plus1 = 0;
+    template <class Sps>
+    [[nodiscard]] static const auto* hrd_of(const Sps& sps) {
+        return &sps.vui_parameters.hrd_parameters;
+    }
+};
+
+// buffering_period(), clause D.2.2. `context` says which HRD parameters go with an SPS, and which
+// sub-layer is the highest one that the message applies to.
+template <class Walker, class BufferingPeriod, class SpsStore, class Context>
+[[nodiscard]] bool buffering_period(Walker& walk, BufferingPeriod& period, SpsStore& sps_store,
+                                    const Context& context) {
     walk.ue(ELEMENT(period, bp_seq_parameter_set_id), up_to(15));
     if (!walk.at_most(ELEMENT(period, bp_seq_parameter_set_id), walk.rules.max_sps_id)) {
         return false;
@@ -44,7 +55,11 @@ template <class Walker, class BufferingPeriod, class SpsStore>
         walk.clear(period.valid);
         return walk.missing("SPS", period.bp_seq_parameter_set_id);
     }
-    const auto& hrd = sps->vui_parameters.hrd_parameters;
+    const auto* const hrd_of_sps = context.hrd_of(*sps);
+    if (hrd_of_sps == nullptr) {
+        return false;
+    }
+    const auto& hrd = *hrd_of_sps;
     const auto bits = [](unsigned char length_minus1) {
         return static_cast<unsigned char>(length_minus1 + 1);
     };
@@ -66,7 +81,7 @@ template <class Walker, class BufferingPeriod, class SpsStore>
     if (hrd.cpb_cnt_minus1.empty()) {
         return false;
     }
-    walk.assign(period.CpbCnt, walk.rules.cpb_cnt_minus1(hrd) + 1);
+    walk.assign(period.CpbCnt, walk.rules.cpb_cnt_minus1(hrd, context.highest_sub_layer_plus1) + 1);
     if (!walk.at_most(ELEMENT(period, CpbCnt), walk.rules.max_hrd_cpbs)) {
         return false;
     }

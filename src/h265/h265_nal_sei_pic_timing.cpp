@@ -3,10 +3,23 @@
 #include "h2645_common/store_lookup.h"
 #include "h265/h265_nal_sei_pic_timing.syntax.h"
 #include "h265/parsing.h"
+#include "h265/sei/payload_parsing.h"
 
 #include <iterator>
 
 namespace kovran {
+
+template <class Walker>
+[[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_pic_timing& timing,
+                                  const sei_context& context) {
+    if (context.sps == nullptr) {
+        return walk.missing("SPS", context.sps_store->active_id);
+    }
+    return pic_timing(walk, timing, *context.sps, context.hrd_of(*context.sps));
+}
+template bool walk_payload(reading<standard_rules>&, h265_nal_sei_pic_timing&, const sei_context&);
+template bool walk_payload(tracing<standard_rules>&, h265_nal_sei_pic_timing&, const sei_context&);
+
 namespace {
 
 const h265_nal_sps* active_entry(const h2645_common_base_store<h265_nal_sps>& store) {
@@ -23,7 +36,9 @@ void tell_missing(const h2645_common_base_store<h265_nal_sps>& store, h265_fault
 }
 
 auto description_of(h265_nal_sei_pic_timing& record, const h265_nal_sps& sps) {
-    return [&record, &sps](auto& walk) { return pic_timing(walk, record, sps); };
+    return [&record, &sps](auto& walk) {
+        return pic_timing(walk, record, sps, &sps.vui_parameters.hrd_parameters);
+    };
 }
 
 }  // namespace

@@ -16,10 +16,11 @@ template <class Vui>
 }
 
 // The decoding units of pic_timing(), clause D.2.3.
-template <class Walker, class PicTiming, class Sps>
-[[nodiscard]] bool pic_timing_decoding_units(Walker& walk, PicTiming& timing, const Sps& sps) {
-    const auto increment_bits = static_cast<unsigned char>(
-        sps.vui_parameters.hrd_parameters.du_cpb_removal_delay_increment_length_minus1 + 1);
+template <class Walker, class PicTiming, class Sps, class Hrd>
+[[nodiscard]] bool pic_timing_decoding_units(Walker& walk, PicTiming& timing, const Sps& sps,
+                                             const Hrd& hrd) {
+    const auto increment_bits =
+        static_cast<unsigned char>(hrd.du_cpb_removal_delay_increment_length_minus1 + 1);
     walk.set(timing.du_info_present);
     walk.ue(ELEMENT(timing, num_decoding_units_minus1), pic_size_range(sps));
     walk.u(1, ELEMENT(timing, du_common_cpb_removal_delay_flag));
@@ -43,10 +44,9 @@ template <class Walker, class PicTiming, class Sps>
     return true;
 }
 
-// pic_timing(), clause D.2.3.
-template <class Walker, class PicTiming, class Sps>
-[[nodiscard]] bool pic_timing(Walker& walk, PicTiming& timing, const Sps& sps) {
-    const auto& hrd = sps.vui_parameters.hrd_parameters;
+// pic_timing(), clause D.2.3. Without HRD parameters it ends before the delays.
+template <class Walker, class PicTiming, class Sps, class Hrd>
+[[nodiscard]] bool pic_timing(Walker& walk, PicTiming& timing, const Sps& sps, const Hrd* hrd) {
     const auto bits = [](unsigned char length_minus1) {
         return static_cast<unsigned char>(length_minus1 + 1);
     };
@@ -58,17 +58,18 @@ template <class Walker, class PicTiming, class Sps>
         walk.rules.infer_source_scan_type(walk, timing, sps);
     }
     walk.assign(timing.cpb_dpb_delays_present,
-                hrd.nal_hrd_parameters_present_flag || hrd.vcl_hrd_parameters_present_flag);
+                hrd != nullptr &&
+                    (hrd->nal_hrd_parameters_present_flag || hrd->vcl_hrd_parameters_present_flag));
     if (timing.cpb_dpb_delays_present) {
-        walk.u_v(bits(hrd.au_cpb_removal_delay_length_minus1),
+        walk.u_v(bits(hrd->au_cpb_removal_delay_length_minus1),
                  ELEMENT(timing, au_cpb_removal_delay_minus1));
-        walk.u_v(bits(hrd.dpb_output_delay_length_minus1), ELEMENT(timing, pic_dpb_output_delay));
-        if (hrd.sub_pic_hrd_params_present_flag) {
-            walk.u_v(bits(hrd.dpb_output_delay_du_length_minus1),
+        walk.u_v(bits(hrd->dpb_output_delay_length_minus1), ELEMENT(timing, pic_dpb_output_delay));
+        if (hrd->sub_pic_hrd_params_present_flag) {
+            walk.u_v(bits(hrd->dpb_output_delay_du_length_minus1),
                      ELEMENT(timing, pic_dpb_output_du_delay));
         }
-        if (walk.rules.has_decoding_unit_info(hrd) &&
-            !pic_timing_decoding_units(walk, timing, sps)) {
+        if (walk.rules.has_decoding_unit_info(*hrd) &&
+            !pic_timing_decoding_units(walk, timing, sps, *hrd)) {
             return false;
         }
     }

@@ -182,9 +182,9 @@ struct noting_rules : own_rules, rule_notes {
     }
 
     template <class Hrd>
-    unsigned int cpb_cnt_minus1(const Hrd& hrd) {
-        return decide("cpb_cnt_minus1", own_rules::cpb_cnt_minus1(hrd),
-                      standard_rules::cpb_cnt_minus1(hrd));
+    unsigned int cpb_cnt_minus1(const Hrd& hrd, unsigned int highest_sub_layer_plus1) {
+        return decide("cpb_cnt_minus1", own_rules::cpb_cnt_minus1(hrd, highest_sub_layer_plus1),
+                      standard_rules::cpb_cnt_minus1(hrd, highest_sub_layer_plus1));
     }
 
     template <class Vps>

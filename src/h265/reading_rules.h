@@ -252,7 +252,7 @@ struct own_rules {
     // Differs from clause D.3.2, where it is that of the highest sub-layer: the CPB count of
     // sub-layer 0.
     template <class Hrd>
-    static unsigned int cpb_cnt_minus1(const Hrd& hrd) {
+    static unsigned int cpb_cnt_minus1(const Hrd& hrd, unsigned int /*highest_sub_layer_plus1*/) {
         return hrd.cpb_cnt_minus1.front();
     }
 
@@ -539,8 +539,10 @@ struct standard_rules {
     }
 
     template <class Hrd>
-    static unsigned int cpb_cnt_minus1(const Hrd& hrd) {
-        return hrd.cpb_cnt_minus1.back();
+    static unsigned int cpb_cnt_minus1(const Hrd& hrd, unsigned int highest_sub_layer_plus1) {
+        const auto& counts = hrd.cpb_cnt_minus1;
+        return highest_sub_layer_plus1 - 1 < counts.size() ? counts[highest_sub_layer_plus1 - 1]
+                                                           : counts.back();
     }
 
     // -1 for a picture without blocks.

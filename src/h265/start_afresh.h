@@ -59,6 +59,13 @@ std::enable_if_t<std::is_arithmetic_v<Value>> start_afresh(Value& value) {
     value = Value{};
 }
 
+// A record without arrays.
+template <class Record>
+std::enable_if_t<std::is_class_v<Record> && std::is_trivially_copyable_v<Record>> start_afresh(
+    Record& record) {
+    record = Record{};
+}
+
 template <class Value>
 void start_afresh(std::vector<Value>& array) {
     if constexpr (std::is_trivially_destructible_v<Value>) {

@@ -4,6 +4,7 @@
 #include <kovran/export.h>
 
 #include <array>
+#include <cstddef>
 #include <string>
 
 namespace kovran {
@@ -17,6 +18,7 @@ struct h2645_common_element_name {
     const char* name = "";
     std::array<unsigned int, most_indices> indices{};  // outermost first
     unsigned int index_count = 0;
+    std::size_t run = 0;  // bytes told together: [0..run - 1] stands behind the indices
 };
 
 // The name as the standard writes it, with its indices in brackets.

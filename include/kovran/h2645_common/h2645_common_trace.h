@@ -14,10 +14,11 @@ namespace kovran {
 // A syntax element as it was read. Its name and indices come from name_of().
 struct h2645_common_traced_element {
     const char* name = "";        // without prefix and indices
-    const char* descriptor = "";  // clause 7.2: "u(n)", "u(v)", "ue(v)", "se(v)", "f(1)"
+    const char* descriptor = "";  // clause 7.2: "u(n)", "u(v)", "i(n)", "i(v)", "ue(v)", "se(v)",
+                                  // "f(1)", "b(8)", "st(v)"
     std::size_t first_bit = 0;    // counted from the first bit of the reader's bytes
     std::size_t width = 0;        // in bits
-    std::int64_t value = 0;       // 0 for extension data of several bits
+    std::int64_t value = 0;       // 0 for more than 63 bits and for extension data of several bits
 
     // When reading by the library's own rules: the rule because of which this element is here, or
     // is read this way, where the standard's rules would have decided otherwise. Null where both
@@ -33,6 +34,10 @@ struct h2645_common_traced_element {
     unsigned char index_count = 0;
 
     bool out_of_range = false;  // the standard does not allow the value here
+
+    // Bytes in a row are told together: this many entries of an array, the first of which has index
+    // 0. Not 0 for them alone. They begin at first_bit, on a byte boundary.
+    std::size_t run = 0;
 };
 
 // A structure that was read within the one that was parsed.

@@ -14,6 +14,9 @@ namespace kovran {
 
 // active_parameter_sets(), clause D.2.21.
 struct h265_nal_sei_active_parameter_sets {
+    static constexpr unsigned int payload_type = 129;
+    static constexpr const char* payload_name = "active_parameter_sets";
+
     unsigned char active_video_parameter_set_id = 0;        // u(4)
     bool self_contained_cvs_flag = false;                   // u(1)
     bool no_parameter_set_update_flag = false;              // u(1)

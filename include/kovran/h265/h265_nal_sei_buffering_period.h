@@ -14,6 +14,9 @@ namespace kovran {
 
 // buffering_period(), clause D.2.2.
 struct h265_nal_sei_buffering_period {
+    static constexpr unsigned int payload_type = 0;
+    static constexpr const char* payload_name = "buffering_period";
+
     unsigned int bp_seq_parameter_set_id = 0;   // ue(v)
     bool irap_cpb_params_present_flag = false;  // u(1), unless sub_pic_hrd_params_present_flag
     unsigned int cpb_delay_offset = 0;          // u(v), when irap_cpb_params_present_flag

@@ -14,6 +14,9 @@ namespace kovran {
 
 // pic_timing(), clause D.2.3.
 struct h265_nal_sei_pic_timing {
+    static constexpr unsigned int payload_type = 1;
+    static constexpr const char* payload_name = "pic_timing";
+
     unsigned char pic_struct = 0;        // u(4), when frame_field_info_present_flag
     unsigned char source_scan_type = 0;  // u(2), likewise
     bool duplicate_flag = false;         // u(1), likewise

@@ -246,6 +246,10 @@ void unit_reader::read_slice(nal_unit& unit, trace_sink& sink) {
 }
 
 void unit_reader::read_message(trace_sink& sink) {
+    if (rules_ == rule_set::standard) {
+        read_message_by_standard(sink);
+        return;
+    }
     if (sink.wants_elements()) {
         h2645_common_bitreader reader =
             reader_at(messages_.message_begin, payload_->begin(), messages_.payload_begin);
@@ -258,6 +262,23 @@ void unit_reader::read_message(trace_sink& sink) {
             messages_.payload_end - messages_.payload_begin, messages_.payload_size));
     }
     if (!read_payload(sink)) {
+        unit_->faults.push_back(
+            fmt::format("SEI message {} cannot be read: {}", sei_name(messages_), why("message")));
+    }
+}
+
+void unit_reader::read_message_by_standard(trace_sink& sink) {
+    const bool read =
+        sink.wants_elements()
+            ? message_.parse_standard(messages_, sets_->vps, sets_->sps, *trace_, &fault_)
+            : message_.parse_standard(messages_, sets_->vps, sets_->sps, &fault_);
+    if (sink.wants_elements()) {
+        replay(*trace_, sink);
+        if (fault_.kind != h265_fault_kind::none) {
+            sink.fault(fault_);
+        }
+    }
+    if (!read) {
         unit_->faults.push_back(
             fmt::format("SEI message {} cannot be read: {}", sei_name(messages_), why("message")));
     }

@@ -10,6 +10,7 @@
 #include <kovran/h265/h265_nal_vps.h>
 #include <kovran/h265/h265_slice_segment_header.h>
 #include <kovran/h265/h265_trace.h>
+#include <kovran/h265/sei/h265_nal_sei_message.h>
 
 #include "elements/lost_parameter_sets.h"
 #include "elements/rbsp.h"
@@ -75,6 +76,7 @@ private:
     void read_aud(nal_unit& unit, trace_sink& sink);
     void read_slice(nal_unit& unit, trace_sink& sink);
     void read_message(trace_sink& sink);
+    void read_message_by_standard(trace_sink& sink);
     [[nodiscard]] bool read_payload(trace_sink& sink);
     void read_behind_messages(trace_sink& sink);
 
@@ -100,6 +102,7 @@ private:
 
     nal_unit* unit_ = nullptr;  // of which parts are left; null when none are
     h265_nal_sei_reader messages_;
+    h265_nal_sei_message message_;
 };
 
 }  // namespace kovran::inspect

@@ -1,0 +1,31 @@
+#ifndef KOVRAN_H265_SEI_H265_NAL_SEI_PAYLOAD_H
+#define KOVRAN_H265_SEI_H265_NAL_SEI_PAYLOAD_H
+
+#include <kovran/h265/h265_nal_sei_active_parameter_sets.h>
+#include <kovran/h265/h265_nal_sei_buffering_period.h>
+#include <kovran/h265/h265_nal_sei_pic_timing.h>
+#include <kovran/h265/sei/h265_nal_sei_mastering_display_colour_volume.h>
+#include <kovran/h265/sei/h265_nal_sei_recovery_point.h>
+#include <kovran/h265/sei/h265_nal_sei_reserved_message.h>
+#include <kovran/h265/sei/h265_nal_sei_scalable_nesting.h>
+#include <kovran/h265/sei/h265_nal_sei_user_data_unregistered.h>
+
+#include <variant>
+
+namespace kovran {
+
+// sei_payload(), clause D.2.1: the payload of an SEI message, in the order of the payload types.
+// Each record has its type as payload_type, and its standard's name as payload_name.
+using h265_nal_sei_payload = std::variant<  //
+    h265_nal_sei_reserved_message,          //
+    h265_nal_sei_buffering_period,          //
+    h265_nal_sei_pic_timing,                //
+    h265_nal_sei_user_data_unregistered,    //
+    h265_nal_sei_recovery_point,            //
+    h265_nal_sei_active_parameter_sets,     //
+    h265_nal_sei_scalable_nesting,          //
+    h265_nal_sei_mastering_display_colour_volume>;
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H265_SEI_H265_NAL_SEI_PAYLOAD_H
