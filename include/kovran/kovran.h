@@ -54,6 +54,7 @@
 #include <kovran/h265/h265_trace.h>
 #include <kovran/h265/h265_video_format.h>
 #include <kovran/h265/h265_vui_parameters.h>
+#include <kovran/h265/sei/h265_mastering_display.h>
 #include <kovran/h265/sei/h265_nal_sei_mastering_display_colour_volume.h>
 #include <kovran/h265/sei/h265_nal_sei_message.h>
 #include <kovran/h265/sei/h265_nal_sei_payload.h>
@@ -61,5 +62,6 @@
 #include <kovran/h265/sei/h265_nal_sei_reserved_message.h>
 #include <kovran/h265/sei/h265_nal_sei_scalable_nesting.h>
 #include <kovran/h265/sei/h265_nal_sei_user_data_unregistered.h>
+#include <kovran/h265/sei/h265_unregistered_user_data.h>
 
 #endif  // KOVRAN_KOVRAN_H
