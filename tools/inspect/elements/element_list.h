@@ -30,7 +30,12 @@ public:
     };
 
     [[nodiscard]] const std::vector<entry>& entries() const { return entries_; }
-    void clear() { entries_.clear(); }
+    // Whether there was an SEI payload that was not taken apart. It is no element.
+    [[nodiscard]] bool has_opaque_payload() const { return has_opaque_payload_; }
+    void clear() {
+        entries_.clear();
+        has_opaque_payload_ = false;
+    }
 
     void begin_structure(const h2645_common_element_name& name) override;
     void end_structure() override;
@@ -40,6 +45,7 @@ public:
 
 private:
     std::vector<entry> entries_;
+    bool has_opaque_payload_ = false;
     bool in_ff_bytes_ = false;
     element_path path_;
 };

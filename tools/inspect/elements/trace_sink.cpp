@@ -98,6 +98,7 @@ shown_element opaque_payload(const unsigned char* first, const unsigned char* be
     element.form = value_form::bytes;
     element.begin = begin;
     element.end = end;
+    element.is_opaque_payload = true;
     return element;
 }
 

@@ -34,6 +34,8 @@ struct shown_element {
     // The bytes that the element is in, for all forms but numbers. Of a text without the zero byte.
     const unsigned char* begin = nullptr;
     const unsigned char* end = nullptr;
+
+    bool is_opaque_payload = false;
 };
 
 // A payload that is not taken apart. The bits are counted from `first`.
