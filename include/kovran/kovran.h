@@ -54,6 +54,7 @@
 #include <kovran/h265/h265_trace.h>
 #include <kovran/h265/h265_video_format.h>
 #include <kovran/h265/h265_vui_parameters.h>
+#include <kovran/h265/sei/h265_float_value.h>
 #include <kovran/h265/sei/h265_mastering_display.h>
 #include <kovran/h265/sei/h265_nal_sei_alternative_transfer_characteristics.h>
 #include <kovran/h265/sei/h265_nal_sei_ambient_viewing_environment.h>
@@ -64,13 +65,18 @@
 #include <kovran/h265/sei/h265_nal_sei_cubemap_projection.h>
 #include <kovran/h265/sei/h265_nal_sei_deinterlaced_field_identification.h>
 #include <kovran/h265/sei/h265_nal_sei_dependent_rap_indication.h>
+#include <kovran/h265/sei/h265_nal_sei_depth_representation_info.h>
 #include <kovran/h265/sei/h265_nal_sei_equirectangular_projection.h>
 #include <kovran/h265/sei/h265_nal_sei_fisheye_video_info.h>
+#include <kovran/h265/sei/h265_nal_sei_frame_field_info.h>
 #include <kovran/h265/sei/h265_nal_sei_knee_function_info.h>
 #include <kovran/h265/sei/h265_nal_sei_mastering_display_colour_volume.h>
 #include <kovran/h265/sei/h265_nal_sei_mcts_extraction_info_nesting.h>
 #include <kovran/h265/sei/h265_nal_sei_mcts_extraction_info_sets.h>
 #include <kovran/h265/sei/h265_nal_sei_message.h>
+#include <kovran/h265/sei/h265_nal_sei_multiview_acquisition_info.h>
+#include <kovran/h265/sei/h265_nal_sei_multiview_scene_info.h>
+#include <kovran/h265/sei/h265_nal_sei_multiview_view_position.h>
 #include <kovran/h265/sei/h265_nal_sei_omni_viewport.h>
 #include <kovran/h265/sei/h265_nal_sei_payload.h>
 #include <kovran/h265/sei/h265_nal_sei_recovery_point.h>
@@ -79,6 +85,8 @@
 #include <kovran/h265/sei/h265_nal_sei_reserved_message.h>
 #include <kovran/h265/sei/h265_nal_sei_scalable_nesting.h>
 #include <kovran/h265/sei/h265_nal_sei_sphere_rotation.h>
+#include <kovran/h265/sei/h265_nal_sei_temporal_mv_prediction_constraints.h>
+#include <kovran/h265/sei/h265_nal_sei_three_dimensional_reference_displays_info.h>
 #include <kovran/h265/sei/h265_nal_sei_user_data_unregistered.h>
 #include <kovran/h265/sei/h265_unregistered_user_data.h>
 
