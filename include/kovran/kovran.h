@@ -55,6 +55,8 @@
 #include <kovran/h265/h265_video_format.h>
 #include <kovran/h265/h265_vui_parameters.h>
 #include <kovran/h265/sei/h265_float_value.h>
+#include <kovran/h265/sei/h265_nal_sei_alternative_depth_info.h>
+#include <kovran/h265/sei/h265_nal_sei_annotated_regions.h>
 #include <kovran/h265/sei/h265_nal_sei_depth_representation_info.h>
 #include <kovran/h265/sei/h265_nal_sei_frame_field_info.h>
 #include <kovran/h265/sei/h265_nal_sei_mastering_display_colour_volume.h>
@@ -63,9 +65,13 @@
 #include <kovran/h265/sei/h265_nal_sei_multiview_scene_info.h>
 #include <kovran/h265/sei/h265_nal_sei_multiview_view_position.h>
 #include <kovran/h265/sei/h265_nal_sei_payload.h>
+#include <kovran/h265/sei/h265_nal_sei_phase_indication.h>
 #include <kovran/h265/sei/h265_nal_sei_recovery_point.h>
 #include <kovran/h265/sei/h265_nal_sei_reserved_message.h>
 #include <kovran/h265/sei/h265_nal_sei_scalable_nesting.h>
+#include <kovran/h265/sei/h265_nal_sei_sei_manifest.h>
+#include <kovran/h265/sei/h265_nal_sei_sei_prefix_indication.h>
+#include <kovran/h265/sei/h265_nal_sei_shutter_interval_info.h>
 #include <kovran/h265/sei/h265_nal_sei_temporal_mv_prediction_constraints.h>
 #include <kovran/h265/sei/h265_nal_sei_three_dimensional_reference_displays_info.h>
 #include <kovran/h265/sei/h265_nal_sei_user_data_unregistered.h>

@@ -4,15 +4,21 @@
 #include <kovran/h265/h265_nal_sei_active_parameter_sets.h>
 #include <kovran/h265/h265_nal_sei_buffering_period.h>
 #include <kovran/h265/h265_nal_sei_pic_timing.h>
+#include <kovran/h265/sei/h265_nal_sei_alternative_depth_info.h>
+#include <kovran/h265/sei/h265_nal_sei_annotated_regions.h>
 #include <kovran/h265/sei/h265_nal_sei_depth_representation_info.h>
 #include <kovran/h265/sei/h265_nal_sei_frame_field_info.h>
 #include <kovran/h265/sei/h265_nal_sei_mastering_display_colour_volume.h>
 #include <kovran/h265/sei/h265_nal_sei_multiview_acquisition_info.h>
 #include <kovran/h265/sei/h265_nal_sei_multiview_scene_info.h>
 #include <kovran/h265/sei/h265_nal_sei_multiview_view_position.h>
+#include <kovran/h265/sei/h265_nal_sei_phase_indication.h>
 #include <kovran/h265/sei/h265_nal_sei_recovery_point.h>
 #include <kovran/h265/sei/h265_nal_sei_reserved_message.h>
 #include <kovran/h265/sei/h265_nal_sei_scalable_nesting.h>
+#include <kovran/h265/sei/h265_nal_sei_sei_manifest.h>
+#include <kovran/h265/sei/h265_nal_sei_sei_prefix_indication.h>
+#include <kovran/h265/sei/h265_nal_sei_shutter_interval_info.h>
 #include <kovran/h265/sei/h265_nal_sei_temporal_mv_prediction_constraints.h>
 #include <kovran/h265/sei/h265_nal_sei_three_dimensional_reference_displays_info.h>
 #include <kovran/h265/sei/h265_nal_sei_user_data_unregistered.h>
@@ -38,7 +44,13 @@ using h265_nal_sei_payload = std::variant<                   //
     h265_nal_sei_depth_representation_info,                  //
     h265_nal_sei_multiview_scene_info,                       //
     h265_nal_sei_multiview_acquisition_info,                 //
-    h265_nal_sei_multiview_view_position>;
+    h265_nal_sei_multiview_view_position,                    //
+    h265_nal_sei_alternative_depth_info,                     //
+    h265_nal_sei_sei_manifest,                               //
+    h265_nal_sei_sei_prefix_indication,                      //
+    h265_nal_sei_annotated_regions,                          //
+    h265_nal_sei_shutter_interval_info,                      //
+    h265_nal_sei_phase_indication>;
 
 }  // namespace kovran
 
