@@ -4,8 +4,10 @@
 #include <kovran/h265/h265_nal_sei_active_parameter_sets.h>
 #include <kovran/h265/h265_nal_sei_buffering_period.h>
 #include <kovran/h265/h265_nal_sei_pic_timing.h>
+#include <kovran/h265/sei/h265_nal_sei_alternative_depth_info.h>
 #include <kovran/h265/sei/h265_nal_sei_alternative_transfer_characteristics.h>
 #include <kovran/h265/sei/h265_nal_sei_ambient_viewing_environment.h>
+#include <kovran/h265/sei/h265_nal_sei_annotated_regions.h>
 #include <kovran/h265/sei/h265_nal_sei_coded_region_completion.h>
 #include <kovran/h265/sei/h265_nal_sei_colour_remapping_info.h>
 #include <kovran/h265/sei/h265_nal_sei_content_colour_volume.h>
@@ -25,11 +27,15 @@
 #include <kovran/h265/sei/h265_nal_sei_multiview_scene_info.h>
 #include <kovran/h265/sei/h265_nal_sei_multiview_view_position.h>
 #include <kovran/h265/sei/h265_nal_sei_omni_viewport.h>
+#include <kovran/h265/sei/h265_nal_sei_phase_indication.h>
 #include <kovran/h265/sei/h265_nal_sei_recovery_point.h>
 #include <kovran/h265/sei/h265_nal_sei_regional_nesting.h>
 #include <kovran/h265/sei/h265_nal_sei_regionwise_packing.h>
 #include <kovran/h265/sei/h265_nal_sei_reserved_message.h>
 #include <kovran/h265/sei/h265_nal_sei_scalable_nesting.h>
+#include <kovran/h265/sei/h265_nal_sei_sei_manifest.h>
+#include <kovran/h265/sei/h265_nal_sei_sei_prefix_indication.h>
+#include <kovran/h265/sei/h265_nal_sei_shutter_interval_info.h>
 #include <kovran/h265/sei/h265_nal_sei_sphere_rotation.h>
 #include <kovran/h265/sei/h265_nal_sei_temporal_mv_prediction_constraints.h>
 #include <kovran/h265/sei/h265_nal_sei_three_dimensional_reference_displays_info.h>
@@ -74,7 +80,13 @@ using h265_nal_sei_payload = std::variant<                   //
     h265_nal_sei_depth_representation_info,                  //
     h265_nal_sei_multiview_scene_info,                       //
     h265_nal_sei_multiview_acquisition_info,                 //
-    h265_nal_sei_multiview_view_position>;
+    h265_nal_sei_multiview_view_position,                    //
+    h265_nal_sei_alternative_depth_info,                     //
+    h265_nal_sei_sei_manifest,                               //
+    h265_nal_sei_sei_prefix_indication,                      //
+    h265_nal_sei_annotated_regions,                          //
+    h265_nal_sei_shutter_interval_info,                      //
+    h265_nal_sei_phase_indication>;
 
 }  // namespace kovran
 
