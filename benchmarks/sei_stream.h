@@ -77,7 +77,13 @@ inline const sei_streams& all_sei_streams() {
             add_type(payload_type, stream_file("rich"));
         }
         const auto add_by_hand = [&](unsigned int payload_type, const bytes& payload) {
-            bytes unit = {0, 0, 0, 1, 0x4E, 0x01, static_cast<unsigned char>(payload_type),
+            bytes unit = {0,
+                          0,
+                          0,
+                          1,
+                          0x4E,
+                          0x01,
+                          static_cast<unsigned char>(payload_type),
                           static_cast<unsigned char>(payload.size())};
             unit.insert(unit.end(), payload.begin(), payload.end());
             unit.push_back(0x80);

@@ -98,7 +98,8 @@ std::vector<std::string> last_message(const std::string& stream) {
         std::string value;
         columns >> place >> bit >> width >> path >> descriptor >> value;
         const std::string name = path.substr(path.find('.') + 1);
-        if (name.rfind("last_payload_", 0) != 0 && name.rfind("rbsp_", 0) != 0) {
+        if (name.rfind("last_payload_", 0) != 0 && name.rfind("rbsp_", 0) != 0 &&
+            name.rfind("payload_bit_", 0) != 0) {
             elements.push_back(bit + ' ' + width + ' ' + name + ' ' + value);
         }
     }

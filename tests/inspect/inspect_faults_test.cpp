@@ -281,25 +281,25 @@ TEST(InspectFaults, ZeroBytesBehindMessagesAreFine) {
     const auto dump_of = [](const std::string& units) {
         return program({"dump", "-", "--format", "length8"}).input(bytes(units)).run();
     };
-    for (const char* const unit : {"06 5001 0501aa 80", "07 5001 0501aa 80 00",
-                                   "08 5001 0501aa 80 0000", "0b 5001 0501aa 80 0000 03 0000"}) {
+    for (const char* const unit : {"06 5001 6401aa 80", "07 5001 6401aa 80 00",
+                                   "08 5001 6401aa 80 0000", "0b 5001 6401aa 80 0000 03 0000"}) {
         const outcome result = dump_of(unit);
         EXPECT_EQ(result.status, 0) << unit;
         EXPECT_EQ(result.err, "") << unit;
-        EXPECT_NE(result.out.find("(payload type 5, 1 bytes)"), std::string::npos) << unit;
+        EXPECT_NE(result.out.find("(payload type 100, 1 bytes)"), std::string::npos) << unit;
         EXPECT_EQ(result.out.find("payload type 0"), std::string::npos) << unit;
     }
     // Of two zero bytes before the stop bit a message of type 0 and no bytes is made.
-    const outcome inside = dump_of("08 5001 0501aa 0000 80");
-    EXPECT_EQ(inside.status, 0);
+    const outcome inside = dump_of("08 5001 6401aa 0000 80");
+    EXPECT_EQ(inside.status, 1);
     EXPECT_NE(inside.out.find("(payload type 0, 0 bytes)"), std::string::npos);
     // Of one, a message whose size is that of the stop bit.
-    const outcome one = dump_of("07 5001 0501aa 00 80");
+    const outcome one = dump_of("07 5001 6401aa 00 80");
     EXPECT_EQ(one.status, 1);
-    EXPECT_NE(one.err.find("unit 0 at 1: SEI message payload_type_0 is truncated: 0 of 128 bytes "
-                           "are present\n"),
+    EXPECT_NE(one.err.find("unit 0 at 1: SEI message buffering_period is truncated: 0 of 128 "
+                           "bytes are present\n"),
               std::string::npos);
-    const outcome without_stop_bit = dump_of("07 5001 0501aa 0000");
+    const outcome without_stop_bit = dump_of("07 5001 6401aa 0000");
     EXPECT_EQ(without_stop_bit.status, 1);
     EXPECT_EQ(without_stop_bit.err,
               "kovran: standard input: unit 0 at 1: "
@@ -308,7 +308,7 @@ TEST(InspectFaults, ZeroBytesBehindMessagesAreFine) {
 
 TEST(InspectFaults, MessagesAreFollowedByTrailingBits) {
     for (const char* const ending : {"80", "8000", "c0", "81", "40", ""}) {
-        const std::string unit = bytes("5001 0501aa") + bytes(ending);
+        const std::string unit = bytes("5001 6401aa") + bytes(ending);
         const outcome result =
             program({"dump", "-", "--format", "length8"}).input(length_prefixed({unit}, 1)).run();
         EXPECT_EQ(result.status, std::string(ending).rfind("80", 0) == 0 ? 0 : 1) << ending;

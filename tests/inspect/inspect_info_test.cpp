@@ -191,10 +191,10 @@ TEST(InspectInfo, TellsDependentSegmentsFromSlices) {
 
 TEST(InspectInfo, CountsEveryMessageByItsName) {
     const outcome result =
-        info_of_bytes(bytes("000001 4e01 0501aa 0500 6300 80 000001 5001 8400 0501aa 80"));
+        info_of_bytes(bytes("000001 4e01 0301ff 0300 6300 80 000001 5001 9201c0 0301ff 80"));
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(fact(result.out, "SEI"),
-              "decoded_picture_hash 1, payload_type_99 1, user_data_unregistered 3");
+              "coded_region_completion 1, filler_payload 3, payload_type_99 1");
 }
 
 TEST(InspectInfo, CountsTheFaultsOfBytesThatAreNoUnit) {

@@ -54,15 +54,16 @@ TEST(InspectJson, HasTheHeaderOfTheUnit) {
 }
 
 TEST(InspectJson, HasTheMessagesOfAUnit) {
-    const auto line = lines_of(json_of(bytes("000001 5001 0502abcd ff05 00 8401ef 80"))).at(0);
+    const auto line = lines_of(json_of(bytes("000001 5001 6402abcd ff05 00 0401ef 80"))).at(0);
     EXPECT_EQ(line.at("syntax").dump(),
               "{\"sei_message\":["
-              "{\"payload_type\":5,\"payload_size\":2,\"name\":\"user_data_unregistered\","
+              "{\"payload_type\":100,\"payload_size\":2,\"name\":\"payload_type_100\","
               "\"payload\":\"abcd\"},"
               "{\"payload_type\":260,\"payload_size\":0,\"name\":\"payload_type_260\","
               "\"payload\":\"\"},"
-              "{\"payload_type\":132,\"payload_size\":1,\"name\":\"decoded_picture_hash\","
-              "\"payload\":\"ef\"}]}");
+              "{\"payload_type\":4,\"payload_size\":1,"
+              "\"name\":\"user_data_registered_itu_t_t35\","
+              "\"itu_t_t35_country_code\":239}]}");
 }
 
 // Two buffering periods, of SPS 5 and of SPS 2, neither of which is there.
@@ -88,13 +89,13 @@ TEST(InspectJson, HasThePathsOfElementsInMessages) {
     EXPECT_FALSE(line.contains("fault"));
 }
 
-// The buffering periods of this stream have no HRD parameters to go by, which is found after the
-// element at bit 19.
+// The buffering periods of this stream have no HRD parameters to go by, which is found after their
+// first element.
 TEST(InspectJson, TellsAContradiction) {
     const auto line = lines_of(run({"dump", "--json", stream_path("hrd_novuihrd")}).out).at(4);
     EXPECT_EQ(line.at("fault").dump(),
               "{\"kind\":\"contradiction\","
-              "\"element\":\"sei_message[0].au_cpb_removal_delay_delta_minus1\",\"bit\":19,"
+              "\"element\":\"sei_message[0].bp_seq_parameter_set_id\",\"bit\":16,"
               "\"value\":0}");
 }
 

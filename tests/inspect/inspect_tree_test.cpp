@@ -135,14 +135,15 @@ TEST(InspectTree, HasTheFlagsOfAnExtensionOnOneLine) {
 // The lengths and types of messages are no lines of their own, long ones neither.
 TEST(InspectTree, HasEachMessageBelowItsUnit) {
     const std::string payload(2 * 256, 'a');
-    EXPECT_EQ(dump_of(bytes("000001 5001 ff05 00 05ff01" + payload + "80")),
-              "rules: standard\n"
-              "unit 0 at 3: SUFFIX_SEI_NUT, 265 bytes, layer 0, temporal id 0\n"
-              "  payload_type_260                                    (payload type 260, 0 bytes)\n"
-              "    payload\n"
-              "  user_data_unregistered                              (payload type 5, 256 bytes)\n"
-              "    payload                                           " +
-                  payload + "\n\n");
+    EXPECT_EQ(
+        dump_of(bytes("000001 5001 ff05 00 64ff01" + payload + "80")),
+        "rules: standard\n"
+        "unit 0 at 3: SUFFIX_SEI_NUT, 265 bytes, layer 0, temporal id 0\n"
+        "  payload_type_260                                    (payload type 260, 0 bytes)\n"
+        "    payload\n"
+        "  payload_type_100                                    (payload type 100, 256 bytes)\n"
+        "    payload                                           " +
+            payload + "\n\n");
 }
 
 // Types without a structure that is parsed, whatever their payload is.

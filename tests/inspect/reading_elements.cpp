@@ -33,6 +33,11 @@ bool is_reserved(const std::string& name) {
            name.rfind("reserved_zero_2bits", 0) != 0;
 }
 
+std::string hexadecimal(unsigned int byte) {
+    constexpr const char* digits = "0123456789abcdef";
+    return {digits[byte / 16], digits[byte % 16]};
+}
+
 // Strings have no number: bytes in hexadecimal, and texts.
 std::string text_of(const nlohmann::json& value) {
     return value.is_string() ? value.get<std::string>() : value.dump();
@@ -74,6 +79,51 @@ std::vector<expected_element> elements_of(const nlohmann::json& unit) {
         }
     }
     return all;
+}
+
+std::vector<expected_element> message_elements_of(const nlohmann::json& unit) {
+    constexpr std::size_t header_bits = 16;
+    std::vector<expected_element> all;
+    for (const nlohmann::json& each : unit.at("elements")) {
+        expected_element next = {standard_name(each.at(0), ""), text_of(each.at(1)),
+                                 each.at(2).get<std::size_t>() - header_bits, each.at(3)};
+        if (next.name.rfind("rbsp_", 0) == 0) {
+            break;
+        }
+        const std::string base = next.name.substr(0, next.name.find('['));
+        const bool is_byte = (base == "uuid_iso_iec_11578" || base == "user_data_payload_byte") &&
+                             each.at(1).is_number();
+        if (is_byte) {
+            next.name = base;
+            next.value = hexadecimal(each.at(1));
+            if (!all.empty() && all.back().name == base) {
+                all.back().value += next.value;
+                all.back().width += next.width;
+                continue;
+            }
+        }
+        all.push_back(next);
+    }
+    for (expected_element& each : all) {
+        if (each.name == "user_data_payload_byte") {
+            each.name += "[0.." + std::to_string(each.width / 8 - 1) + ']';
+        }
+    }
+    return all;
+}
+
+bool is_left_out(const std::string& name, const std::vector<expected_element>& messages) {
+    for (const char* const left_out : {"ff_byte", "user_data_payload_byte"}) {
+        const auto is_named = [left_out](const std::string& other) {
+            return other.rfind(left_out, 0) == 0;
+        };
+        if (is_named(name)) {
+            return std::none_of(
+                messages.begin(), messages.end(),
+                [&is_named](const expected_element& each) { return is_named(each.name); });
+        }
+    }
+    return false;
 }
 
 void pass_over_extension(std::vector<expected_element>& all, const std::string& flag) {
@@ -162,11 +212,15 @@ bool is_parsed_message(const std::string& payload_type) {
 }
 
 bool is_sei_framing(const std::string& name) {
-    return name.rfind("last_payload_", 0) == 0 || name.rfind("rbsp_", 0) == 0;
+    return name.rfind("last_payload_", 0) == 0 || name == "ff_byte" || name.rfind("rbsp_", 0) == 0;
+}
+
+bool is_payload_bit(const std::string& name) {
+    return name.rfind("payload_bit_equal_to_", 0) == 0;
 }
 
 bool is_payload_padding(const std::string& name) {
-    return name.rfind("payload_bit_equal_to_", 0) == 0 || name == "reserved_payload_extension_data";
+    return is_payload_bit(name) || name == "reserved_payload_extension_data";
 }
 
 }  // namespace kovran::test

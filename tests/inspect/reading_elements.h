@@ -24,6 +24,15 @@ constexpr const char* not_read = "not read";
 // messages inside a message there are no types and sizes.
 [[nodiscard]] std::vector<expected_element> elements_of(const nlohmann::json& unit);
 
+// Of an SEI unit up to its trailing bits, messages inside messages with their types and sizes.
+// Bytes in a row are one element, as a trace has them: user_data_payload_byte[0..6].
+[[nodiscard]] std::vector<expected_element> message_elements_of(const nlohmann::json& unit);
+
+// Whether one reader, which leaves the 0xFF bytes of sizes out and the text behind some UUIDs, has
+// left this element of a message out.
+[[nodiscard]] bool is_left_out(const std::string& name,
+                               const std::vector<expected_element>& messages);
+
 // The place of the next element with this name; all.size() when there is none.
 [[nodiscard]] std::size_t index_of(const std::vector<expected_element>& all,
                                    const std::string& name, std::size_t from = 0);
@@ -52,7 +61,10 @@ void put_slice_extension_into_bytes(std::vector<expected_element>& all);
 // What an SEI unit has beside payloads.
 [[nodiscard]] bool is_sei_framing(const std::string& name);
 
-// The bits that fill up a payload, or extend it.
+// The bits that fill up a payload.
+[[nodiscard]] bool is_payload_bit(const std::string& name);
+
+// The same, or those that extend it.
 [[nodiscard]] bool is_payload_padding(const std::string& name);
 
 }  // namespace kovran::test

@@ -49,23 +49,23 @@ private:
 
 constexpr std::size_t half_gibibyte = std::size_t{1} << 29;
 
-// User data of 512 MiB, up to its payload.
-std::string start_of_user_data() {
-    return bytes("4e01 05") + std::string(half_gibibyte / 255, '\xff') +
+// A payload of 512 MiB, up to its payload.
+std::string start_of_payload() {
+    return bytes("4e01 64") + std::string(half_gibibyte / 255, '\xff') +
            static_cast<char>(half_gibibyte % 255);
 }
 
 // A buffering period of SPS 5, and trailing bits.
-const std::string behind_user_data = bytes("000134 80");
-const std::string fault_behind_user_data =
+const std::string behind_payload = bytes("000134 80");
+const std::string fault_behind_payload =
     "SEI message buffering_period cannot be read: SPS 5, which this message uses, is missing";
 
 TEST(UnitReader, CountsBitsInLargeUnits) {
-    const std::string start = start_of_user_data();
+    const std::string start = start_of_payload();
     std::vector<unsigned char> all(start.begin(), start.end());
     all.resize(all.size() + half_gibibyte, 0x55);
     const std::size_t message = all.size() - 2;  // its place behind the header
-    all.insert(all.end(), behind_user_data.begin(), behind_user_data.end());
+    all.insert(all.end(), behind_payload.begin(), behind_payload.end());
 
     nal_unit unit = prefix_sei(all);
     unit_reader reader(rule_set::standard);
@@ -73,9 +73,9 @@ TEST(UnitReader, CountsBitsInLargeUnits) {
     reader.read(unit, bits);
     EXPECT_EQ(bits.of("last_payload_type_byte"), 8 * message);
     EXPECT_EQ(bits.of("last_payload_size_byte"), 8 * message + 8);
-    EXPECT_EQ(bits.of("bp_seq_parameter_set_id"), 8 * message + 16);
+    EXPECT_EQ(bits.of("payload"), 8 * message + 16);
     EXPECT_EQ(bits.of("rbsp_stop_one_bit"), 8 * message + 24);
-    EXPECT_EQ(unit.faults.texts(), std::vector<std::string>{fault_behind_user_data});
+    EXPECT_EQ(unit.faults.texts(), std::vector<std::string>{fault_behind_payload});
     const bit_place place = reader.payload().place_of(8 * message + 16 + 4);
     EXPECT_EQ(place.byte, unit.offset + 2 + message + 2);
     EXPECT_EQ(place.bit, 4U);
@@ -88,16 +88,15 @@ TEST(UnitReader, ReadsLargeUnitsFromAPipe) {
     const test::outcome result = inspector
                                      .input([&pieces](std::string& piece) {
                                          constexpr std::size_t last = half_gibibyte / piece_size;
-                                         piece = pieces == 0
-                                                     ? bytes("000001") + start_of_user_data()
+                                         piece = pieces == 0 ? bytes("000001") + start_of_payload()
                                                  : pieces <= last ? std::string(piece_size, '\x55')
-                                                                  : behind_user_data;
+                                                                  : behind_payload;
                                          return pieces++ <= last + 1;
                                      })
                                      .run();
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.err, "kovran: standard input: unit 0 at 3: " + fault_behind_user_data + '\n');
-    EXPECT_NE(result.out.find("SEI           buffering_period 1, user_data_unregistered 1\n"),
+    EXPECT_EQ(result.err, "kovran: standard input: unit 0 at 3: " + fault_behind_payload + '\n');
+    EXPECT_NE(result.out.find("SEI           buffering_period 1, payload_type_100 1\n"),
               std::string::npos)
         << result.out;
 }

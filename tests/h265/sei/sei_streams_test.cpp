@@ -6,12 +6,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "inspect/reading_elements.h"
 #include "support/rbsp_of_unit.h"
 #include "support/stream_reading.h"
 #include "support/tracing_host.h"
@@ -19,33 +18,17 @@
 namespace kovran {
 namespace {
 
-constexpr std::size_t header_bits = 16;
+using test::expected_element;
+using message_elements = std::vector<expected_element>;
 
-struct message_element {
-    std::string name;
-    std::string value;  // bytes in hexadecimal
-    std::size_t bit;    // counted from the first one of the NAL unit header
-    std::size_t width;
-
-    bool operator==(const message_element& other) const {
-        return name == other.name && value == other.value && bit == other.bit &&
-               width == other.width;
-    }
-};
-
-void PrintTo(const message_element& each, std::ostream* out) {
-    *out << each.name << " = " << each.value << " at " << each.bit << ", " << each.width << " bits";
+bool alike(const expected_element& one, const expected_element& other) {
+    return one.name == other.name && one.value == other.value && one.bit == other.bit &&
+           one.width == other.width;
 }
 
-using message_elements = std::vector<message_element>;
-
-std::string hexadecimal(std::uint64_t byte) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    return {digits[byte / 16 % 16], digits[byte % 16]};
-}
-
-bool begins_with(const std::string& name, std::string_view beginning) {
-    return name.compare(0, beginning.size(), beginning) == 0;
+std::string text_of(const expected_element& each) {
+    return each.name + " = " + each.value + " at " + std::to_string(each.bit) + ", " +
+           std::to_string(each.width) + " bits";
 }
 
 // ---- What kovran tells
@@ -61,7 +44,9 @@ std::string value_in_trace(const h265_traced_element& element, const unsigned ch
     }
     std::string digits;
     for (std::size_t i = 0; i < element.width / 8; ++i) {
-        digits += hexadecimal(first[i]);
+        constexpr std::string_view of_nibble = "0123456789abcdef";
+        digits += of_nibble[first[i] / 16];
+        digits += of_nibble[first[i] % 16];
     }
     return digits;
 }
@@ -77,10 +62,10 @@ message_elements elements_of(const h265_nal_sei_message& message, const h265_tra
     message_elements all;
     for (const h265_traced_element& each : trace.elements) {
         all.push_back({each.name == opaque ? opaque_name(message) : to_string(name_of(trace, each)),
-                       value_in_trace(each, rbsp), each.first_bit + header_bits, each.width});
+                       value_in_trace(each, rbsp), each.first_bit, each.width});
         if (each.name == std::string_view("ff_byte") && each.run != 0) {
             // The readings have the bytes of filler_payload() one by one.
-            const message_element run = all.back();
+            const expected_element run = all.back();
             all.pop_back();
             for (std::size_t i = 0; i < each.run; ++i) {
                 all.push_back({"ff_byte", "255", run.bit + 8 * i, 8});
@@ -88,56 +73,6 @@ message_elements elements_of(const h265_nal_sei_message& message, const h265_tra
         }
     }
     return all;
-}
-
-// ---- What the readings tell
-
-// Of a unit, up to its trailing bits. One reader has other names for the bits that close a payload,
-// and the bytes of user data one by one.
-message_elements elements_of_reading(const nlohmann::json& reading) {
-    message_elements all;
-    for (const nlohmann::json& each : reading) {
-        message_element next = {
-            each.at(0), each.at(1).is_string() ? each.at(1).get<std::string>() : each.at(1).dump(),
-            each.at(2), each.at(3)};
-        if (begins_with(next.name, "bit_equal_to_")) {
-            next.name.insert(0, "payload_");
-        }
-        if (begins_with(next.name, "rbsp_")) {
-            break;
-        }
-        const std::string base = next.name.substr(0, next.name.find('['));
-        if ((base == "uuid_iso_iec_11578" || base == "user_data_payload_byte") &&
-            each.at(1).is_number()) {
-            next.name = base;
-            next.value = hexadecimal(each.at(1).get<std::uint64_t>());
-            if (!all.empty() && all.back().name == base) {
-                all.back().value += next.value;
-                all.back().width += next.width;
-                continue;
-            }
-        }
-        all.push_back(next);
-    }
-    for (message_element& each : all) {
-        if (each.name == "user_data_payload_byte") {
-            each.name += "[0.." + std::to_string(each.width / 8 - 1) + ']';
-        }
-    }
-    return all;
-}
-
-// One reader leaves the 0xFF bytes of sizes out, and the text behind some UUIDs.
-void leave_out_what_is_missing(message_elements& elements, const message_elements& reading) {
-    for (const std::string_view left_out : {"ff_byte", "user_data_payload_byte"}) {
-        const auto is_left_out = [left_out](const message_element& each) {
-            return begins_with(each.name, left_out);
-        };
-        if (std::none_of(reading.begin(), reading.end(), is_left_out)) {
-            elements.erase(std::remove_if(elements.begin(), elements.end(), is_left_out),
-                           elements.end());
-        }
-    }
 }
 
 // ---- The comparison
@@ -171,12 +106,17 @@ TEST_P(SeiStreams, HaveTheMessagesOfTheReading) {
                 const message_elements more = elements_of(message, trace, rbsp.data());
                 elements.insert(elements.end(), more.begin(), more.end());
             }
-            const message_elements reading = elements_of_reading(unit.elements);
-            leave_out_what_is_missing(elements, reading);
-            const auto [element, other] =
-                std::mismatch(elements.begin(), elements.end(), reading.begin(), reading.end());
+            const message_elements reading =
+                test::message_elements_of({{"elements", unit.elements}});
+            elements.erase(std::remove_if(elements.begin(), elements.end(),
+                                          [&reading](const expected_element& each) {
+                                              return test::is_left_out(each.name, reading);
+                                          }),
+                           elements.end());
+            const auto [element, other] = std::mismatch(elements.begin(), elements.end(),
+                                                        reading.begin(), reading.end(), alike);
             if (element != elements.end() && other != reading.end()) {
-                EXPECT_EQ(*element, *other);
+                EXPECT_EQ(text_of(*element), text_of(*other));
             }
             EXPECT_EQ(elements.size(), reading.size());
         }

@@ -70,14 +70,9 @@ std::size_t shown_bytes(const h265_traced_element& element) {
 shown_element shown(const h265_trace& trace, const h265_traced_element& element,
                     const unsigned char* payload) {
     constexpr std::string_view opaque = "reserved_sei_message_payload_byte";
-    shown_element result{name_of(trace, element),
-                         element.descriptor,
-                         element.first_bit,
-                         element.width,
-                         element.value,
-                         element.rule,
-                         element.out_of_range,
-                         element.run};
+    shown_element result{name_of(trace, element), element.descriptor, element.first_bit,
+                         element.width,           element.value,      element.rule,
+                         element.out_of_range,    element.run};
     result.form = form_of(element);
     if (result.form != value_form::number) {
         result.begin = payload + element.first_bit / 8;

@@ -297,10 +297,9 @@ void unit_reader::read_message_by_standard(trace_sink& sink) {
     }
     if (!h265_nal_sei_payload_is_in(messages_.payload_type, messages_.nal_unit_type) &&
         has_standard_name(messages_)) {
-        unit_->faults.push_back(
-            fmt::format("SEI message {} stands in a {} SEI unit, where its type is reserved",
-                        sei_name(messages_),
-                        messages_.nal_unit_type == PREFIX_SEI_NUT ? "prefix" : "suffix"));
+        unit_->faults.push_back(fmt::format(
+            "SEI message {} stands in a {} SEI unit, where its type is reserved",
+            sei_name(messages_), messages_.nal_unit_type == PREFIX_SEI_NUT ? "prefix" : "suffix"));
     }
     if (const auto* const period = std::get_if<h265_nal_sei_buffering_period>(&message_.payload);
         period != nullptr) {
@@ -369,9 +368,9 @@ void unit_reader::activate_sps(unsigned int id) {
 }
 
 void unit_reader::add_truncation() {
-    unit_->faults.push_back(fmt::format(
-        "SEI message {} is truncated: {} of {} bytes are present", sei_name(messages_),
-        messages_.payload_end - messages_.payload_begin, messages_.payload_size));
+    unit_->faults.push_back(
+        fmt::format("SEI message {} is truncated: {} of {} bytes are present", sei_name(messages_),
+                    messages_.payload_end - messages_.payload_begin, messages_.payload_size));
 }
 
 // The latest fault, of what is called `user` in it.

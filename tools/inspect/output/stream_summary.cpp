@@ -111,6 +111,7 @@ void stream_summary::add(const nal_unit& unit, const unit_record& record) {
     }
     ++units_.at(unit.header.nal_unit_type);
     higher_layer_units_ += unit.header.nuh_layer_id != 0 ? 1 : 0;
+    sei_.add(unit);
     if (const auto* const vps = std::get_if<h265_nal_vps>(&record); vps != nullptr) {
         if (vps->valid) {
             vps_.emplace(vps->vps_video_parameter_set_id, *vps);
@@ -209,6 +210,9 @@ std::string stream_summary::text() const {
          counts(messages_) + (other_messages_ != 0
                                   ? fmt::format(", and {} of other types", other_messages_)
                                   : std::string{}));
+    for (const auto& [name, words] : sei_.lines()) {
+        line(text, name, words);
+    }
     line(text, "rules", name_of(rules_));
     line(text, "faults", faults_ == 0 ? "none" : fmt::format("{}", faults_));
     return text;

@@ -6,6 +6,7 @@
 #include <kovran/h265/h265_slice_segment_header.h>
 
 #include "elements/unit_reader.h"
+#include "output/sei_summary.h"
 #include "units/nal_unit.h"
 #include "units/type_name.h"
 
@@ -33,6 +34,7 @@ public:
     void end_structure() override {}
     void read(const shown_element&) override {}
     void begin_message(const h265_nal_sei_reader& message) override;
+    void message(const h265_nal_sei_message& read) override { sei_.add(read); }
     void end_message() override {}
 
 private:
@@ -49,6 +51,7 @@ private:
     std::map<std::string, std::uint64_t> messages_;
     std::size_t unnamed_types_ = 0;
     std::uint64_t other_messages_ = 0;
+    sei_summary sei_;
 
     std::uint64_t pictures_ = 0;
     std::uint64_t irap_pictures_ = 0;

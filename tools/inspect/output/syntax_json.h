@@ -17,8 +17,8 @@ namespace kovran::inspect {
 
 // A unit as one line of JSON: its header, its syntax elements, and what is wrong with it.
 // Structures are objects, indexed elements and structures arrays. Values are numbers; texts are
-// strings, and so are bytes, by their hexadecimal digits, and what is wider than 63 bits. Entries of
-// an array that are not in the stream are null; an element that a structure has more than once
+// strings, and so are bytes, by their hexadecimal digits, and what is wider than 63 bits. Entries
+// of an array that are not in the stream are null; an element that a structure has more than once
 // without an index is an array of its values.
 //
 // The line is written as the unit is read: an SEI message when it ends, another unit at its end.
