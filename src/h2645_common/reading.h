@@ -81,7 +81,7 @@ public:
         u(8, target);
     }
     template <class Element>
-    void bytes(Element target) {
+    void bytes(Element target, value_range /*allowed*/ = {}) {
         if (!target.field.empty()) {
             std::copy_n(reader.bytes(), target.field.size(), target.field.begin());
             reader.skip_bytes(target.field.size());

@@ -104,13 +104,18 @@ public:
         tell(target, "b(8)", 8, any_value);
     }
     template <class Element>
-    void bytes(Element target) {
+    void bytes(Element target, const value_range& allowed = any_value) {
         const std::size_t count = target.field.size();
         reading<Rules>::bytes(target);
         if (count != 0) {
-            tell_bytes(target, "b(8)", count);
+            const auto wrong =
+                std::find_if(target.field.begin(), target.field.end(),
+                             [&allowed](unsigned char byte) { return !allowed.has(byte); });
+            tell(target.name, target.indices, "b(8)", 8 * count,
+                 wrong != target.field.end() ? *wrong : target.field.front(), allowed);
             if (trace_ != nullptr) {
                 next_[-1].run = count;
+                next_[-1].value = 0;
             }
         }
     }

@@ -477,9 +477,7 @@ TEST(InspectDifferences, ReadsAMessageByTheSetThatAnEarlierOneActivates) {
     const differences found =
         differences_in(program({"differences", "--all", "-"}).input(stream).run().out);
     ASSERT_EQ(found.units.size(), 1U);
-    EXPECT_EQ(found.units[0].own,
-              "own ends here: SEI message buffering_period cannot be read: SPS 16, which this "
-              "message uses, is missing");
+    EXPECT_EQ(found.units[0].own, "own 72 9 buffering_period.bp_seq_parameter_set_id ue(v) 16");
     EXPECT_EQ(found.units[0].rule, "rule max_sps_id");
 }
 }  // namespace

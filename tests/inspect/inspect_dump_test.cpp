@@ -154,7 +154,11 @@ unit 3 at 76: IDR_W_RADL, 752 bytes, layer 0, temporal id 0
 
 unit 4 at 831: SUFFIX_SEI_NUT, 54 bytes, layer 0, temporal id 0
   decoded_picture_hash                                (payload type 132, 49 bytes)
-    payload                                           00d3e7f0711ae3d48d89b085b3dd2401175b28a245c041ec52d1db3096fd7b8ba7c39ae38c170d3755300aa573ff8cca28
+    hash_type                                         0  (MD5)
+    picture_md5[0][0..15]                             211 231 240 113 26 227 212 141 137 176 133 179 221 36 1 23
+    picture_md5[1][0..15]                             91 40 162 69 192 65 236 82 209 219 48 150 253 123 139 167
+    picture_md5[2][0..15]                             195 154 227 140 23 13 55 85 48 10 165 115 255 140 202 40
+    = Y d3e7f0711ae3d48d89b085b3dd240117, Cb 5b28a245c041ec52d1db3096fd7b8ba7, Cr c39ae38c170d3755300aa573ff8cca28
 
 )";
 
@@ -662,10 +666,12 @@ values values_in(const std::vector<expected_element>& messages) {
 void expect_messages(const nlohmann::ordered_json& syntax, const nlohmann::json& unit) {
     const std::vector<expected_element> reading = message_elements_of(unit);
     values found = values_in(syntax.at("sei_message"));
-    found.erase(
-        std::remove_if(found.begin(), found.end(),
-                       [&reading](const auto& each) { return is_left_out(each.first, reading); }),
-        found.end());
+    found.erase(std::remove_if(found.begin(), found.end(),
+                               [&reading](const auto& each) {
+                                   return each.first == "ff_byte" ||
+                                          is_left_out(each.first, reading);
+                               }),
+                found.end());
     EXPECT_EQ(found, values_in(reading));
 }
 

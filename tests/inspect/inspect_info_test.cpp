@@ -51,30 +51,37 @@ TEST(InspectInfo, ShowsAStreamWithColours) {
               "pictures      4\n"
               "IRAP          1: picture 0 at 273\n"
               "SEI           decoded_picture_hash 4, user_data_unregistered 1\n"
+              "encoder       Kvazaar HEVC Encoder v. 2.3.2\n"
               "rules         standard\n"
               "faults        none\n");
 }
 
 // Delimiters, repeated parameter sets, two IRAP pictures, nine types of messages.
 TEST(InspectInfo, ShowsAStreamWithMessages) {
-    EXPECT_EQ(info_of("sei_everything"),
-              "profile       Main 10, Main tier, level 2\n"
-              "size          176 x 144\n"
-              "format        4:2:0, 10 bit luma, 10 bit chroma\n"
-              "rate          25 pictures per second (25/1)\n"
-              "colour        not given\n"
-              "NAL units     51: AUD_NUT 8, CRA_NUT 1, IDR_N_LP 1, PPS_NUT 2, "
-              "PREFIX_SEI_NUT 21, SPS_NUT 2, SUFFIX_SEI_NUT 8, TRAIL_N 2, TRAIL_R 4, "
-              "VPS_NUT 2\n"
-              "slices        B 4, I 2, P 2\n"
-              "pictures      8\n"
-              "IRAP          2: picture 0 at 2672, 4 at 7736; every 4 pictures\n"
-              "SEI           active_parameter_sets 2, alternative_transfer_characteristics 2, "
-              "buffering_period 2, content_light_level_info 2, decoded_picture_hash 8, "
-              "mastering_display_colour_volume 2, pic_timing 8, recovery_point 1, "
-              "user_data_unregistered 2\n"
-              "rules         standard\n"
-              "faults        none\n");
+    EXPECT_EQ(
+        info_of("sei_everything"),
+        "profile       Main 10, Main tier, level 2\n"
+        "size          176 x 144\n"
+        "format        4:2:0, 10 bit luma, 10 bit chroma\n"
+        "rate          25 pictures per second (25/1)\n"
+        "colour        not given\n"
+        "NAL units     51: AUD_NUT 8, CRA_NUT 1, IDR_N_LP 1, PPS_NUT 2, "
+        "PREFIX_SEI_NUT 21, SPS_NUT 2, SUFFIX_SEI_NUT 8, TRAIL_N 2, TRAIL_R 4, "
+        "VPS_NUT 2\n"
+        "slices        B 4, I 2, P 2\n"
+        "pictures      8\n"
+        "IRAP          2: picture 0 at 2672, 4 at 7736; every 4 pictures\n"
+        "SEI           active_parameter_sets 2, alternative_transfer_characteristics 2, "
+        "buffering_period 2, content_light_level_info 2, decoded_picture_hash 8, "
+        "mastering_display_colour_volume 2, pic_timing 8, recovery_point 1, "
+        "user_data_unregistered 2\n"
+        "HDR10         G 0.1700 0.7970, B 0.1310 0.0460, R 0.7080 0.2920, white point 0.3127 "
+        "0.3290; 0.0050 to 4000 cd/m2; content light level 4000 cd/m2, of a picture on average "
+        "900 cd/m2\n"
+        "transfer      SMPTE ST 2084, PQ preferred\n"
+        "encoder       x265 (build 199) - 3.5+1-f0c1022b6:[Linux][GCC 12.2.0][64 bit] 10bit\n"
+        "rules         standard\n"
+        "faults        none\n");
 }
 
 // Tiles in slices of their own, timing information in the VPS only.

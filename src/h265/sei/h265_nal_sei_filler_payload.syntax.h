@@ -22,9 +22,7 @@ template <class Walker>
     if (!walk.grow(walk.payload_bytes_left(), filler.ff_byte)) {
         return false;
     }
-    for (unsigned char& byte : filler.ff_byte) {
-        walk.u(8, named("ff_byte", byte), between(0xFF, 0xFF));
-    }
+    walk.bytes(ELEMENT(filler, ff_byte), between(0xFF, 0xFF));
     return walk.finish(filler.valid);
 }
 

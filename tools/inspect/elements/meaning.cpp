@@ -99,6 +99,9 @@ std::string meaning_of(const shown_element& element) {
 }
 
 bool is_framing(const shown_element& element) {
+    if (element.run != 0) {  // the ff_byte elements of filler_payload()
+        return false;
+    }
     const std::string_view name = element.name.name;
     return std::find(framing.begin(), framing.end(), name) != framing.end();
 }

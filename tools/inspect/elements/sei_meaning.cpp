@@ -23,6 +23,9 @@ using lines = std::vector<std::string>;
 
 constexpr double steps_of_coordinate = 50000;
 
+// Longer than the options of any encoder.
+constexpr std::size_t longest_text = 16384;
+
 std::string coordinates(const h265_chromaticity& colour) {
     return fmt::format("{:.4f} {:.4f}", colour.x, colour.y);
 }
@@ -57,7 +60,8 @@ lines lines_of(const h265_nal_sei_user_data_unregistered& user_data) {
             ": " + (name == "MISP time in nanoseconds" ? date_and_time(*time, nanoseconds, 9)
                                                        : date_and_time(*time, microseconds, 6));
     } else if (const std::string_view text = h265_user_data_text(user_data); !text.empty()) {
-        words += (words.empty() ? "" : ": ") + printable(text);
+        words += (words.empty() ? "" : ": ") + printable(text.substr(0, longest_text)) +
+                 (text.size() > longest_text ? "..." : "");
     }
     return words.empty() ? lines{} : lines{words};
 }

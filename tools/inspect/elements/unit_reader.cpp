@@ -288,10 +288,11 @@ void unit_reader::read_message_by_standard(trace_sink& sink) {
     sink.message(message_);
     if (messages_.truncated) {
         add_truncation();
-    } else if (!read) {
+    }
+    if (!read && (!messages_.truncated || has_standard_name(messages_))) {
         unit_->faults.push_back(
             fmt::format("SEI message {} cannot be read: {}", sei_name(messages_), why("message")));
-    } else if (fault_.kind != h265_fault_kind::none) {
+    } else if (read && fault_.kind != h265_fault_kind::none) {
         unit_->faults.push_back(
             fmt::format("SEI message {} was read, but {}", sei_name(messages_), why("message")));
     }
@@ -300,6 +301,9 @@ void unit_reader::read_message_by_standard(trace_sink& sink) {
         unit_->faults.push_back(fmt::format(
             "SEI message {} stands in a {} SEI unit, where its type is reserved",
             sei_name(messages_), messages_.nal_unit_type == PREFIX_SEI_NUT ? "prefix" : "suffix"));
+    }
+    if (messages_.nal_unit_type != PREFIX_SEI_NUT) {
+        return;
     }
     if (const auto* const period = std::get_if<h265_nal_sei_buffering_period>(&message_.payload);
         period != nullptr) {

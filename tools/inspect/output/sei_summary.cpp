@@ -24,10 +24,14 @@ std::string number_of(std::uint64_t count, std::string_view what) {
     return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
 }
 
-// An encoder's text up to its options, and no more than fits on a line.
+// An encoder's name and version, which stand before what else it tells; no more than fits on a
+// line.
 std::string short_text(std::string_view text) {
     constexpr std::size_t longest = 120;
-    const std::string_view beginning = text.substr(0, text.find(" - options:"));
+    std::string_view beginning = text;
+    for (const char* const behind : {" - H.265", " - Copy", " - options:"}) {
+        beginning = beginning.substr(0, beginning.find(behind));
+    }
     return printable(beginning.substr(0, longest)) + (beginning.size() > longest ? "..." : "");
 }
 

@@ -8,7 +8,16 @@
 
 #include <fmt/format.h>
 
+#include <string_view>
+
 namespace kovran::inspect {
+namespace {
+
+bool is_filler(const shown_element& element) {
+    return element.run != 0 && element.name.name == std::string_view("ff_byte");
+}
+
+}  // namespace
 
 void trace_lines::begin_structure(const h2645_common_element_name& name) {
     path_.open(to_string(name));
@@ -19,6 +28,10 @@ void trace_lines::end_structure() {
 }
 
 void trace_lines::read(const shown_element& read_element) {
+    if (is_filler(read_element)) {
+        read_filler(read_element);
+        return;
+    }
     begin_line(to_string(read_element.name), read_element.descriptor, read_element.first_bit,
                read_element.width);
     if (is_extension_data(read_element)) {
@@ -29,6 +42,17 @@ void trace_lines::read(const shown_element& read_element) {
     lines_.write(line_);
     write_value(read_element, lines_);
     lines_.write("\n");
+}
+
+// The bytes of filler_payload() are elements without an index.
+void trace_lines::read_filler(const shown_element& filler) {
+    constexpr std::size_t byte_bits = 8;
+    std::size_t bit = filler.first_bit;
+    for (const unsigned char* byte = filler.begin; byte != filler.end; ++byte, bit += byte_bits) {
+        begin_line(filler.name.name, filler.descriptor, bit, byte_bits);
+        fmt::format_to(std::back_inserter(line_), "{}\n", *byte);
+        lines_.write(line_);
+    }
 }
 
 void trace_lines::begin_message(const h265_nal_sei_reader& message) {

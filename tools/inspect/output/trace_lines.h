@@ -25,6 +25,7 @@ public:
     void end_message() override;
 
 private:
+    void read_filler(const shown_element& filler);
     // All of a line up to the value.
     void begin_line(const std::string& name, const char* descriptor, std::size_t bit,
                     std::size_t width);

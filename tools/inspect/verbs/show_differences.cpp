@@ -16,6 +16,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include <fmt/format.h>
 
@@ -76,6 +77,12 @@ std::string shown(const difference_cause& cause, const nal_unit& unit) {
                : fmt::format("  rule      {}, in unit {}\n", cause.rule, cause.unit);
 }
 
+// Whether a structure ended before its last element, or a message before its last byte.
+bool is_cut_off(const h265_fault& fault) {
+    return fault.kind == h265_fault_kind::data_ended ||
+           fault.element.name == std::string_view("payloadSize");
+}
+
 // Reads each unit three times: by the standard's rules, by the library's own, and by the library's
 // own with the parameter sets that the standard's rules have given. Where the second has something
 // else than the third in the place of the first difference, a parameter set is the cause.
@@ -126,8 +133,7 @@ private:
         difference_cause cause;
         if (first.is_of_rules_alone()) {
             cause = {first.rule(), unit.index};
-            if (first.differs() && cause.rule == nullptr &&
-                standard_.fault().kind == h265_fault_kind::data_ended) {
+            if (first.differs() && cause.rule == nullptr && is_cut_off(standard_.fault())) {
                 cause.rule = "data_may_end";  // elements behind the end are not listed
             }
         }
