@@ -56,8 +56,10 @@
 #include <kovran/h265/h265_vui_parameters.h>
 #include <kovran/h265/sei/h265_float_value.h>
 #include <kovran/h265/sei/h265_mastering_display.h>
+#include <kovran/h265/sei/h265_nal_sei_alternative_depth_info.h>
 #include <kovran/h265/sei/h265_nal_sei_alternative_transfer_characteristics.h>
 #include <kovran/h265/sei/h265_nal_sei_ambient_viewing_environment.h>
+#include <kovran/h265/sei/h265_nal_sei_annotated_regions.h>
 #include <kovran/h265/sei/h265_nal_sei_chroma_resampling_filter_hint.h>
 #include <kovran/h265/sei/h265_nal_sei_coded_region_completion.h>
 #include <kovran/h265/sei/h265_nal_sei_colour_remapping_info.h>
@@ -89,6 +91,7 @@
 #include <kovran/h265/sei/h265_nal_sei_omni_viewport.h>
 #include <kovran/h265/sei/h265_nal_sei_pan_scan_rect.h>
 #include <kovran/h265/sei/h265_nal_sei_payload.h>
+#include <kovran/h265/sei/h265_nal_sei_phase_indication.h>
 #include <kovran/h265/sei/h265_nal_sei_picture_snapshot.h>
 #include <kovran/h265/sei/h265_nal_sei_post_filter_hint.h>
 #include <kovran/h265/sei/h265_nal_sei_progressive_refinement_segment_end.h>
@@ -101,6 +104,9 @@
 #include <kovran/h265/sei/h265_nal_sei_scalable_nesting.h>
 #include <kovran/h265/sei/h265_nal_sei_scene_info.h>
 #include <kovran/h265/sei/h265_nal_sei_segmented_rect_frame_packing_arrangement.h>
+#include <kovran/h265/sei/h265_nal_sei_sei_manifest.h>
+#include <kovran/h265/sei/h265_nal_sei_sei_prefix_indication.h>
+#include <kovran/h265/sei/h265_nal_sei_shutter_interval_info.h>
 #include <kovran/h265/sei/h265_nal_sei_sphere_rotation.h>
 #include <kovran/h265/sei/h265_nal_sei_structure_of_pictures_info.h>
 #include <kovran/h265/sei/h265_nal_sei_temporal_motion_constrained_tile_sets.h>

@@ -4,8 +4,10 @@
 #include <kovran/h265/h265_nal_sei_active_parameter_sets.h>
 #include <kovran/h265/h265_nal_sei_buffering_period.h>
 #include <kovran/h265/h265_nal_sei_pic_timing.h>
+#include <kovran/h265/sei/h265_nal_sei_alternative_depth_info.h>
 #include <kovran/h265/sei/h265_nal_sei_alternative_transfer_characteristics.h>
 #include <kovran/h265/sei/h265_nal_sei_ambient_viewing_environment.h>
+#include <kovran/h265/sei/h265_nal_sei_annotated_regions.h>
 #include <kovran/h265/sei/h265_nal_sei_chroma_resampling_filter_hint.h>
 #include <kovran/h265/sei/h265_nal_sei_coded_region_completion.h>
 #include <kovran/h265/sei/h265_nal_sei_colour_remapping_info.h>
@@ -35,6 +37,7 @@
 #include <kovran/h265/sei/h265_nal_sei_no_display.h>
 #include <kovran/h265/sei/h265_nal_sei_omni_viewport.h>
 #include <kovran/h265/sei/h265_nal_sei_pan_scan_rect.h>
+#include <kovran/h265/sei/h265_nal_sei_phase_indication.h>
 #include <kovran/h265/sei/h265_nal_sei_picture_snapshot.h>
 #include <kovran/h265/sei/h265_nal_sei_post_filter_hint.h>
 #include <kovran/h265/sei/h265_nal_sei_progressive_refinement_segment_end.h>
@@ -47,6 +50,9 @@
 #include <kovran/h265/sei/h265_nal_sei_scalable_nesting.h>
 #include <kovran/h265/sei/h265_nal_sei_scene_info.h>
 #include <kovran/h265/sei/h265_nal_sei_segmented_rect_frame_packing_arrangement.h>
+#include <kovran/h265/sei/h265_nal_sei_sei_manifest.h>
+#include <kovran/h265/sei/h265_nal_sei_sei_prefix_indication.h>
+#include <kovran/h265/sei/h265_nal_sei_shutter_interval_info.h>
 #include <kovran/h265/sei/h265_nal_sei_sphere_rotation.h>
 #include <kovran/h265/sei/h265_nal_sei_structure_of_pictures_info.h>
 #include <kovran/h265/sei/h265_nal_sei_temporal_motion_constrained_tile_sets.h>
@@ -120,7 +126,13 @@ using h265_nal_sei_payload = std::variant<                   //
     h265_nal_sei_depth_representation_info,                  //
     h265_nal_sei_multiview_scene_info,                       //
     h265_nal_sei_multiview_acquisition_info,                 //
-    h265_nal_sei_multiview_view_position>;
+    h265_nal_sei_multiview_view_position,                    //
+    h265_nal_sei_alternative_depth_info,                     //
+    h265_nal_sei_sei_manifest,                               //
+    h265_nal_sei_sei_prefix_indication,                      //
+    h265_nal_sei_annotated_regions,                          //
+    h265_nal_sei_shutter_interval_info,                      //
+    h265_nal_sei_phase_indication>;
 
 }  // namespace kovran
 
