@@ -14,9 +14,9 @@
 namespace kovran {
 
 inline void start_afresh(h265_nal_sei_film_grain_characteristics::component_t& record) {
-    auto& [num_intensity_intervals_minus1, num_model_values_minus1, intensity_interval] = record;
+    auto& [num_intensity_intervals_minus1, num_model_values_minus1, intensity_intervals] = record;
     start_all_afresh(num_intensity_intervals_minus1, num_model_values_minus1);
-    intensity_interval.clear();
+    intensity_intervals.clear();
 }
 
 inline void start_afresh(h265_nal_sei_film_grain_characteristics& record) {
@@ -25,13 +25,13 @@ inline void start_afresh(h265_nal_sei_film_grain_characteristics& record) {
            film_grain_bit_depth_chroma_minus8, film_grain_full_range_flag,
            film_grain_colour_primaries, film_grain_transfer_characteristics,
            film_grain_matrix_coeffs, blending_mode_id, log2_scale_factor, comp_model_present_flag,
-           component, film_grain_characteristics_persistence_flag, valid] = record;
+           components, film_grain_characteristics_persistence_flag, valid] = record;
     start_all_afresh(film_grain_characteristics_cancel_flag, film_grain_model_id,
                      separate_colour_description_present_flag, film_grain_bit_depth_luma_minus8,
                      film_grain_bit_depth_chroma_minus8, film_grain_full_range_flag,
                      film_grain_colour_primaries, film_grain_transfer_characteristics,
                      film_grain_matrix_coeffs, blending_mode_id, log2_scale_factor,
-                     comp_model_present_flag, component,
+                     comp_model_present_flag, components,
                      film_grain_characteristics_persistence_flag, valid);
 }
 
@@ -55,11 +55,11 @@ template <class Walker>
     if (!walk.at_most(in_entry(c, ELEMENT(component, num_model_values_minus1)), 5U) ||
         !walk.data_holds(in_entry(c, ELEMENT(component, num_intensity_intervals_minus1)), intervals,
                          /*fewest_bits=*/16 + values) ||
-        !walk.grow(intervals, component.intensity_interval)) {
+        !walk.grow(intervals, component.intensity_intervals)) {
         return false;
     }
     for (std::size_t i = 0; i < intervals; ++i) {
-        auto& interval = component.intensity_interval[i];
+        auto& interval = component.intensity_intervals[i];
         const auto of_interval = [c, i](auto field) {
             return named(field.name, field.field, element_indices{}.followed_by(c).followed_by(i));
         };
@@ -87,9 +87,9 @@ template <class Walker>
     for (std::size_t c = 0; c < grain.comp_model_present_flag.size(); ++c) {
         walk.u(1, ELEMENT(grain, comp_model_present_flag)[c]);
     }
-    for (std::size_t c = 0; c < grain.component.size(); ++c) {
+    for (std::size_t c = 0; c < grain.components.size(); ++c) {
         if (grain.comp_model_present_flag[c] &&
-            !film_grain_component(walk, grain.component[c], c)) {
+            !film_grain_component(walk, grain.components[c], c)) {
             return false;
         }
     }

@@ -10,7 +10,7 @@ namespace kovran {
 
 template <class Walker>
 void frame_packing_layout(Walker& walk, h265_nal_sei_frame_packing_arrangement& packing) {
-    constexpr unsigned char temporal_interleaving = 5;  // table D.8
+    constexpr unsigned char temporal_interleaving = 5;  // clause D.3.16
     walk.u(7, ELEMENT(packing, frame_packing_arrangement_type));
     walk.u(1, ELEMENT(packing, quincunx_sampling_flag));
     walk.u(6, ELEMENT(packing, content_interpretation_type));

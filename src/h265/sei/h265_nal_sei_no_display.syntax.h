@@ -3,7 +3,6 @@
 
 #include <kovran/h265/sei/h265_nal_sei_no_display.h>
 
-#include "h2645_common/element.h"
 #include "h265/sei/sei_context.h"
 
 namespace kovran {

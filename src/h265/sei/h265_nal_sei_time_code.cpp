@@ -30,7 +30,7 @@ std::string time_code_part(bool present, unsigned int value) {
 }  // namespace
 
 std::string h265_nal_sei_time_code::clock_timestamp_t::time_to_str() const {
-    constexpr unsigned char drops_two_counts = 4;  // table D.11
+    constexpr unsigned char drops_two_counts = 4;  // clause D.3.27
     return time_code_part(full_timestamp_flag || hours_flag, hours_value) + ':' +
            time_code_part(full_timestamp_flag || minutes_flag, minutes_value) + ':' +
            time_code_part(full_timestamp_flag || seconds_flag, seconds_value) +

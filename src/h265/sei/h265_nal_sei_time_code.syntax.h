@@ -13,8 +13,8 @@
 namespace kovran {
 
 inline void start_afresh(h265_nal_sei_time_code& record) {
-    auto& [num_clock_ts, clock_timestamp, valid] = record;
-    start_all_afresh(num_clock_ts, clock_timestamp, valid);
+    auto& [num_clock_ts, clock_timestamps, valid] = record;
+    start_all_afresh(num_clock_ts, clock_timestamps, valid);
 }
 
 // All three parts, or as many as their flags say.
@@ -66,11 +66,11 @@ template <class Walker>
 [[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_time_code& time_code,
                                   const sei_context& /*context*/) {
     walk.u(2, ELEMENT(time_code, num_clock_ts));
-    if (!walk.grow(time_code.num_clock_ts, time_code.clock_timestamp)) {
+    if (!walk.grow(time_code.num_clock_ts, time_code.clock_timestamps)) {
         return false;
     }
     for (std::size_t i = 0; i < time_code.num_clock_ts; ++i) {
-        clock_timestamp(walk, time_code.clock_timestamp[i], i);
+        clock_timestamp(walk, time_code.clock_timestamps[i], i);
     }
     return walk.finish(time_code.valid);
 }

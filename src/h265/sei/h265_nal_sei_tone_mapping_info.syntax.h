@@ -38,7 +38,7 @@ inline void start_afresh(h265_nal_sei_tone_mapping_info& record) {
 }
 
 // The greatest target_bit_depth whose intervals fit; 0 also when not even one does. Values without
-// bits are not let be more than the bytes that are left.
+// bits count as bytes.
 [[nodiscard]] inline unsigned int tone_mapping_deepest_target(std::size_t bytes_left,
                                                               unsigned char width) {
     std::size_t intervals = bytes_left / std::max(1U, width / 8U);

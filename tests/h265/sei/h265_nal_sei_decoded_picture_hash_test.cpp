@@ -72,7 +72,7 @@ TEST(H265NalSeiDecodedPictureHash, IsAChecksum) {
     EXPECT_EQ(hash.plane_hash(0), "12345678");
 }
 
-TEST(H265NalSeiDecodedPictureHash, EndsBehindATypeThatNobodyKnows) {
+TEST(H265NalSeiDecodedPictureHash, EndsBehindAnUnknownType) {
     const auto hash = test::record_of<h265_nal_sei_decoded_picture_hash>(
         "x03", "hash_type 3\n", decoded_picture_hash_stores(1));
     EXPECT_EQ(hash.hash_type, 3);

@@ -69,6 +69,34 @@ TEST(H265NalSeiDecodingUnitInfo, HasElementsOf32Bits) {
     EXPECT_EQ(info.du_spt_cpb_removal_delay_increment, 4294967294U);
 }
 
+TEST(H265NalSeiDecodingUnitInfo, GoesByTheOperationPointOfItsNest) {
+    test::sei_stores stores =
+        decoding_unit_info_stores(decoding_unit_info_hrd(/*increment_in_pic_timing=*/false));
+    stores.sps[1].sps_video_parameter_set_id = 2;
+    stores.vps[2].hrd_layer_set_idx = {3};
+    stores.vps[2].hrd_parameters = {decoding_unit_info_hrd(/*increment_in_pic_timing=*/true)};
+    const test::sei_reading reading = test::read_payload(
+        133, test::bytes_of("0 1 0 1 111 00100 0000  x82 x01 00101 0 1 0"), stores);
+    EXPECT_TRUE(reading.read);
+    EXPECT_EQ(reading.elements,
+              "bitstream_subset_flag 0\n"
+              "nesting_op_flag 1\n"
+              "default_op_flag 0\n"
+              "nesting_num_ops_minus1 0\n"
+              "nesting_max_temporal_id_plus1[0] 7\n"
+              "nesting_op_idx[0] 3\n"
+              "nesting_zero_bit 0\n"
+              "nesting_zero_bit 0\n"
+              "nesting_zero_bit 0\n"
+              "nesting_zero_bit 0\n"
+              "sei_message[0].last_payload_type_byte 130\n"
+              "sei_message[0].last_payload_size_byte 1\n"
+              "sei_message[0].decoding_unit_info.decoding_unit_idx 4\n"
+              "sei_message[0].decoding_unit_info.dpb_output_du_delay_present_flag 0\n"
+              "sei_message[0].decoding_unit_info.payload_bit_equal_to_one 1\n"
+              "sei_message[0].decoding_unit_info.payload_bit_equal_to_zero 0\n");
+}
+
 TEST(H265NalSeiDecodingUnitInfo, NeedsSubPictureHrdParameters) {
     const std::string refused =
         "last_payload_size_byte at bit 8 is 1; reading cannot go on from there";

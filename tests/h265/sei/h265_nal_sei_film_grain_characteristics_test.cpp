@@ -55,12 +55,13 @@ TEST(H265NalSeiFilmGrainCharacteristics, ModelsComponents) {
     EXPECT_EQ(grain.film_grain_bit_depth_chroma_minus8, 1);
     EXPECT_EQ(grain.film_grain_transfer_characteristics, 16);
     EXPECT_EQ(grain.log2_scale_factor, 6);
-    EXPECT_TRUE(grain.component[1].intensity_interval.empty());
-    ASSERT_EQ(grain.component[0].intensity_interval.size(), 2U);
-    EXPECT_EQ(grain.component[0].intensity_interval[1].intensity_interval_lower_bound, 101);
-    EXPECT_EQ(grain.component[0].intensity_interval[0].comp_model_value, (std::vector<int>{3, -1}));
-    ASSERT_EQ(grain.component[2].intensity_interval.size(), 1U);
-    EXPECT_EQ(grain.component[2].intensity_interval[0].comp_model_value,
+    EXPECT_TRUE(grain.components[1].intensity_intervals.empty());
+    ASSERT_EQ(grain.components[0].intensity_intervals.size(), 2U);
+    EXPECT_EQ(grain.components[0].intensity_intervals[1].intensity_interval_lower_bound, 101);
+    EXPECT_EQ(grain.components[0].intensity_intervals[0].comp_model_value,
+              (std::vector<int>{3, -1}));
+    ASSERT_EQ(grain.components[2].intensity_intervals.size(), 1U);
+    EXPECT_EQ(grain.components[2].intensity_intervals[0].comp_model_value,
               (std::vector<int>{0, 1, 0, -1, 0, 0}));
     EXPECT_TRUE(grain.film_grain_characteristics_persistence_flag);
 }
@@ -100,9 +101,9 @@ TEST(H265NalSeiFilmGrainCharacteristics, IsParsedAlone) {
     const auto grain = test::parsed_alone<h265_nal_sei_film_grain_characteristics>(
                            "0 00 0 00 0000 010 00000000 000 x01 x02 00111 1")
                            .record;
-    ASSERT_EQ(grain.component[1].intensity_interval.size(), 1U);
-    EXPECT_EQ(grain.component[1].intensity_interval[0].intensity_interval_upper_bound, 2);
-    EXPECT_EQ(grain.component[1].intensity_interval[0].comp_model_value, (std::vector<int>{-3}));
+    ASSERT_EQ(grain.components[1].intensity_intervals.size(), 1U);
+    EXPECT_EQ(grain.components[1].intensity_intervals[0].intensity_interval_upper_bound, 2);
+    EXPECT_EQ(grain.components[1].intensity_intervals[0].comp_model_value, (std::vector<int>{-3}));
 }
 
 TEST(H265NalSeiFilmGrainCharacteristics, NamesModelsAndBlendingModes) {

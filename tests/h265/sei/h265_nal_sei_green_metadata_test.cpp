@@ -82,7 +82,7 @@ TEST(H265NalSeiGreenMetadata, TellsOfQuality) {
     EXPECT_EQ(green.xsd_metric_value, 3200);
 }
 
-TEST(H265NalSeiGreenMetadata, EndsBehindATypeThatNobodyKnows) {
+TEST(H265NalSeiGreenMetadata, EndsBehindAnUnknownType) {
     const auto green =
         test::record_of<h265_nal_sei_green_metadata>("x02", "green_metadata_type 2\n");
     EXPECT_EQ(green.green_metadata_type, 2);

@@ -40,21 +40,21 @@ TEST(H265NalSeiTimeCode, HasWholeAndPartialTimes) {
         "minutes_value[2] 7\n"
         "hours_flag[2] 0\n"
         "time_offset_length[2] 0\n");
-    ASSERT_EQ(time_code.clock_timestamp.size(), 3U);
-    EXPECT_FALSE(time_code.clock_timestamp[0].clock_timestamp_flag);
-    const auto& whole = time_code.clock_timestamp[1];
+    ASSERT_EQ(time_code.clock_timestamps.size(), 3U);
+    EXPECT_FALSE(time_code.clock_timestamps[0].clock_timestamp_flag);
+    const auto& whole = time_code.clock_timestamps[1];
     EXPECT_TRUE(whole.units_field_based_flag);
     EXPECT_EQ(whole.counting_type, 4);
     EXPECT_TRUE(whole.cnt_dropped_flag);
     EXPECT_EQ(whole.hours_value, 3);
     EXPECT_EQ(whole.time_offset_value, -5);
-    const auto& partial = time_code.clock_timestamp[2];
+    const auto& partial = time_code.clock_timestamps[2];
     EXPECT_TRUE(partial.discontinuity_flag);
     EXPECT_EQ(partial.n_frames, 300);
     EXPECT_EQ(partial.minutes_value, 7);
     EXPECT_FALSE(partial.hours_flag);
 
-    EXPECT_EQ(time_code.clock_timestamp[0].time_to_str(), "--:--:--:--");
+    EXPECT_EQ(time_code.clock_timestamps[0].time_to_str(), "--:--:--:--");
     EXPECT_EQ(whole.time_to_str(), "03:05:10;05");
     EXPECT_EQ(partial.time_to_str(), "--:07:20:300");
 }
@@ -102,21 +102,21 @@ TEST(H265NalSeiTimeCode, EndsATimeWhereAFlagIsNotSet) {
         "hours_value[2] 23\n"
         "time_offset_length[2] 31\n"
         "time_offset_value[2] 1073741823\n");
-    ASSERT_EQ(time_code.clock_timestamp.size(), 3U);
-    EXPECT_EQ(time_code.clock_timestamp[0].time_to_str(), "--:--:--:01");
-    EXPECT_EQ(time_code.clock_timestamp[1].time_to_str(), "--:--:59:02");
-    EXPECT_EQ(time_code.clock_timestamp[2].time_to_str(), "23:02:01:03");
-    EXPECT_EQ(time_code.clock_timestamp[2].time_offset_value, 1073741823);
+    ASSERT_EQ(time_code.clock_timestamps.size(), 3U);
+    EXPECT_EQ(time_code.clock_timestamps[0].time_to_str(), "--:--:--:01");
+    EXPECT_EQ(time_code.clock_timestamps[1].time_to_str(), "--:--:59:02");
+    EXPECT_EQ(time_code.clock_timestamps[2].time_to_str(), "23:02:01:03");
+    EXPECT_EQ(time_code.clock_timestamps[2].time_offset_value, 1073741823);
 }
 
 TEST(H265NalSeiTimeCode, MayHaveNoTimes) {
     EXPECT_TRUE(
-        test::record_of<h265_nal_sei_time_code>("00", "num_clock_ts 0\n").clock_timestamp.empty());
+        test::record_of<h265_nal_sei_time_code>("00", "num_clock_ts 0\n").clock_timestamps.empty());
 }
 
 TEST(H265NalSeiTimeCode, IsParsedAlone) {
     const auto time_code = test::parsed_alone<h265_nal_sei_time_code>("10 0 0").record;
-    EXPECT_EQ(time_code.clock_timestamp.size(), 2U);
+    EXPECT_EQ(time_code.clock_timestamps.size(), 2U);
 }
 
 }  // namespace

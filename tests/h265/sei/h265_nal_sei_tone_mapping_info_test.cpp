@@ -177,7 +177,7 @@ TEST(H265NalSeiToneMappingInfo, HasCameraValuesForIndex255Alone) {
     EXPECT_EQ(info.exposure_index_idc, 16);
 }
 
-TEST(H265NalSeiToneMappingInfo, EndsBeforeAModelThatNobodyKnows) {
+TEST(H265NalSeiToneMappingInfo, EndsBeforeAnUnknownModel) {
     const auto info = test::record_of<h265_nal_sei_tone_mapping_info>(  //
         "1 0 0 x0a x08 00110",
         "tone_map_id 0\n"

@@ -16,11 +16,10 @@ struct h265_nal_sei_decoding_unit_info {
 
     unsigned int decoding_unit_idx = 0;  // ue(v), counted within the access unit
 
-    // In clock sub-ticks.
-    unsigned int du_spt_cpb_removal_delay_increment =
-        0;  // u(v), unless sub_pic_cpb_params_in_pic_timing_sei_flag
-    bool dpb_output_du_delay_present_flag = false;  // u(1)
-    unsigned int pic_spt_dpb_output_du_delay = 0;   // u(v), when that is set
+    // In clock sub-ticks; the first one unless sub_pic_cpb_params_in_pic_timing_sei_flag.
+    unsigned int du_spt_cpb_removal_delay_increment = 0;  // u(v)
+    bool dpb_output_du_delay_present_flag = false;        // u(1)
+    unsigned int pic_spt_dpb_output_du_delay = 0;         // u(v), when that is set
 
     bool valid = false;  // the latest parse succeeded
 

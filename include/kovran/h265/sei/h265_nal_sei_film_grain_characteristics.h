@@ -23,9 +23,11 @@ struct h265_nal_sei_film_grain_characteristics {
     };
 
     struct component_t {
-        unsigned char num_intensity_intervals_minus1 = 0;      // u(8)
-        unsigned char num_model_values_minus1 = 0;             // u(3)
-        std::vector<intensity_interval_t> intensity_interval;  // one more than the count above says
+        unsigned char num_intensity_intervals_minus1 = 0;  // u(8)
+        unsigned char num_model_values_minus1 = 0;         // u(3)
+
+        // num_intensity_intervals_minus1 + 1 entries.
+        std::vector<intensity_interval_t> intensity_intervals;
     };
 
     bool film_grain_characteristics_cancel_flag = false;  // u(1)
@@ -47,7 +49,7 @@ struct h265_nal_sei_film_grain_characteristics {
 
     // Y, Cb, Cr.
     std::array<bool, 3> comp_model_present_flag{};  // u(1)
-    std::array<component_t, 3> component{};         // when comp_model_present_flag
+    std::array<component_t, 3> components{};        // when comp_model_present_flag
 
     bool film_grain_characteristics_persistence_flag = false;  // u(1)
 

@@ -8,8 +8,8 @@
 
 namespace kovran {
 
-// green_metadata(), clause D.2.18. No stream with green_metadata_type 0 has been seen; it is read
-// as encoders of HEVC are understood to write it.
+// green_metadata(), clause D.2.18. No stream with green_metadata_type 0 has been seen; such a
+// message is read in the form that is believed to be the one of HEVC.
 struct h265_nal_sei_green_metadata {
     static constexpr unsigned int payload_type = 56;
     static constexpr const char* payload_name = "green_metadata";

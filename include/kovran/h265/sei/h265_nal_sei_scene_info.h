@@ -13,14 +13,14 @@ struct h265_nal_sei_scene_info {
     static constexpr unsigned int payload_type = 9;
     static constexpr const char* payload_name = "scene_info";
 
-    bool scene_info_present_flag =
-        false;  // u(1): the pictures from here on belong to a known scene
+    bool scene_info_present_flag = false;  // u(1): the scene is known
 
     // When scene_info_present_flag.
-    bool prev_scene_id_valid_flag = false;   // u(1): the scene before had the identifier it has now
+    bool prev_scene_id_valid_flag = false;   // u(1): scene_id may be compared with the one before
     unsigned int scene_id = 0;               // ue(v)
     unsigned int scene_transition_type = 0;  // ue(v): 0 none, 1 fade to black, 2 fade from black,
-                                             // 3 other, 4 dissolve, 5 wipe, 6 other mixture
+                                             // 3 other from or to a colour, 4 dissolve, 5 wipe,
+                                             // 6 other mixture
     unsigned int second_scene_id = 0;        // ue(v), when scene_transition_type is above 3
 
     bool valid = false;  // the latest parse succeeded

@@ -16,8 +16,8 @@ struct h265_nal_sei_segmented_rect_frame_packing_arrangement {
     bool segmented_rect_frame_packing_arrangement_cancel_flag = false;  // u(1)
 
     // Unless segmented_rect_frame_packing_arrangement_cancel_flag.
-    unsigned char segmented_rect_content_interpretation_type = 0;  // u(2): 1 the left view is frame
-                                                                   // 0, 2 the right one
+    // 1: frame 0 is the left view; 2: it is the right view.
+    unsigned char segmented_rect_content_interpretation_type = 0;            // u(2)
     bool segmented_rect_frame_packing_arrangement_persistence_flag = false;  // u(1)
 
     bool valid = false;  // the latest parse succeeded

@@ -24,8 +24,9 @@ struct h265_nal_sei_temporal_motion_constrained_tile_sets {
         std::vector<unsigned int> top_left_tile_idx;      // ue(v), in tile raster scan
         std::vector<unsigned int> bottom_right_tile_idx;  // ue(v), likewise
 
-        bool mc_exact_sample_value_match_flag =
-            false;  // u(1), unless mc_all_tiles_exact_sample_value_match_flag
+        // Unless mc_all_tiles_exact_sample_value_match_flag.
+        bool mc_exact_sample_value_match_flag = false;  // u(1)
+
         bool mcts_tier_level_idc_present_flag = false;  // u(1)
         bool mcts_tier_flag = false;                    // u(1), when that is set
         unsigned char mcts_level_idc = 0;               // u(8), likewise

@@ -46,8 +46,8 @@ struct h265_nal_sei_time_code {
         [[nodiscard]] KOVRAN_API std::string time_to_str() const;
     };
 
-    unsigned char num_clock_ts = 0;                  // u(2)
-    std::vector<clock_timestamp_t> clock_timestamp;  // num_clock_ts entries
+    unsigned char num_clock_ts = 0;                   // u(2)
+    std::vector<clock_timestamp_t> clock_timestamps;  // num_clock_ts entries
 
     bool valid = false;  // the latest parse succeeded
 
