@@ -13,8 +13,8 @@ template bool walk_payload(tracing<standard_rules>&, h265_nal_sei_bsp_initial_ar
 
 namespace {
 
-auto arrival_time_into(h265_nal_sei_bsp_initial_arrival_time& record,
-                       const h265_hrd_parameters& hrd, unsigned int BspSchedCnt) {
+auto bsp_arrival_time_into(h265_nal_sei_bsp_initial_arrival_time& record,
+                           const h265_hrd_parameters& hrd, unsigned int BspSchedCnt) {
     return [&record, &hrd, BspSchedCnt](auto& walk) {
         return bsp_initial_arrival_time(walk, record, hrd, BspSchedCnt);
     };
@@ -26,7 +26,7 @@ bool h265_nal_sei_bsp_initial_arrival_time::parse_standard(h2645_common_bitreade
                                                            const h265_hrd_parameters& hrd,
                                                            unsigned int BspSchedCnt,
                                                            h265_fault* fault) {
-    return parse_by_standard(*this, reader, fault, arrival_time_into(*this, hrd, BspSchedCnt));
+    return parse_by_standard(*this, reader, fault, bsp_arrival_time_into(*this, hrd, BspSchedCnt));
 }
 
 bool h265_nal_sei_bsp_initial_arrival_time::parse_standard(h2645_common_bitreader& reader,
@@ -34,7 +34,7 @@ bool h265_nal_sei_bsp_initial_arrival_time::parse_standard(h2645_common_bitreade
                                                            unsigned int BspSchedCnt,
                                                            h265_trace& trace, h265_fault* fault) {
     return trace_by_standard(*this, reader, &trace, fault,
-                             arrival_time_into(*this, hrd, BspSchedCnt));
+                             bsp_arrival_time_into(*this, hrd, BspSchedCnt));
 }
 
 }  // namespace kovran

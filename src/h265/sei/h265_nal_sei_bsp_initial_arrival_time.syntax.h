@@ -18,9 +18,8 @@ inline void start_afresh(h265_nal_sei_bsp_initial_arrival_time& record) {
 }
 
 template <class Walker>
-[[nodiscard]] bool initial_arrival_delays(Walker& walk, element<std::vector<unsigned int>&> delay,
-                                          const h265_hrd_parameters& hrd,
-                                          unsigned int BspSchedCnt) {
+[[nodiscard]] bool bsp_arrival_delays(Walker& walk, element<std::vector<unsigned int>&> delay,
+                                      const h265_hrd_parameters& hrd, unsigned int BspSchedCnt) {
     const auto width = static_cast<unsigned char>(hrd.initial_cpb_removal_delay_length_minus1 + 1);
     if (!walk.data_holds(named("BspSchedCnt", BspSchedCnt), BspSchedCnt, width) ||
         !walk.grow(BspSchedCnt, delay.field)) {
@@ -39,13 +38,11 @@ template <class Walker>
                                             const h265_hrd_parameters& hrd,
                                             unsigned int BspSchedCnt) {
     if (hrd.nal_hrd_parameters_present_flag &&
-        !initial_arrival_delays(walk, ELEMENT(arrival, nal_initial_arrival_delay), hrd,
-                                BspSchedCnt)) {
+        !bsp_arrival_delays(walk, ELEMENT(arrival, nal_initial_arrival_delay), hrd, BspSchedCnt)) {
         return false;
     }
     if (hrd.vcl_hrd_parameters_present_flag &&
-        !initial_arrival_delays(walk, ELEMENT(arrival, vcl_initial_arrival_delay), hrd,
-                                BspSchedCnt)) {
+        !bsp_arrival_delays(walk, ELEMENT(arrival, vcl_initial_arrival_delay), hrd, BspSchedCnt)) {
         return false;
     }
     return walk.finish(arrival.valid);

@@ -23,8 +23,8 @@ inline void start_afresh(h265_nal_sei_inter_layer_constrained_tile_sets& record)
 }
 
 template <class Walker, class TileSet>
-[[nodiscard]] bool ilc_tile_set(Walker& walk, TileSet& set, std::size_t i,
-                                bool il_all_tiles_exact_sample_value_match_flag) {
+[[nodiscard]] bool inter_layer_tile_set(Walker& walk, TileSet& set, std::size_t i,
+                                        bool il_all_tiles_exact_sample_value_match_flag) {
     walk.ue(in_entry(i, ELEMENT(set, ilcts_id)));
     walk.ue(in_entry(i, ELEMENT(set, il_num_tile_rects_in_set_minus1)));
     const std::size_t rects = std::size_t{set.il_num_tile_rects_in_set_minus1} + 1;
@@ -67,8 +67,8 @@ template <class Walker>
         return false;
     }
     for (std::size_t i = 0; i < sets; ++i) {
-        if (!ilc_tile_set(walk, tiles.tile_sets[i], i,
-                          tiles.il_all_tiles_exact_sample_value_match_flag)) {
+        if (!inter_layer_tile_set(walk, tiles.tile_sets[i], i,
+                                  tiles.il_all_tiles_exact_sample_value_match_flag)) {
             return false;
         }
     }

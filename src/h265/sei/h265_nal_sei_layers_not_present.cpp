@@ -12,7 +12,7 @@ template bool walk_payload(tracing<standard_rules>&, h265_nal_sei_layers_not_pre
 
 namespace {
 
-sei_context layers_context_of(const h2645_common_base_store<h265_nal_vps>& vps_store) {
+sei_context layers_not_present_context(const h2645_common_base_store<h265_nal_vps>& vps_store) {
     sei_context context;
     context.vps_store = &vps_store;
     return context;
@@ -23,13 +23,13 @@ sei_context layers_context_of(const h2645_common_base_store<h265_nal_vps>& vps_s
 bool h265_nal_sei_layers_not_present::parse_standard(
     h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_vps>& vps_store,
     h265_fault* fault) {
-    return parse_payload(*this, reader, fault, layers_context_of(vps_store));
+    return parse_payload(*this, reader, fault, layers_not_present_context(vps_store));
 }
 
 bool h265_nal_sei_layers_not_present::parse_standard(
     h2645_common_bitreader& reader, const h2645_common_base_store<h265_nal_vps>& vps_store,
     h265_trace& trace, h265_fault* fault) {
-    return trace_payload(*this, reader, &trace, fault, layers_context_of(vps_store));
+    return trace_payload(*this, reader, &trace, fault, layers_not_present_context(vps_store));
 }
 
 }  // namespace kovran
