@@ -21,8 +21,8 @@ inline void start_afresh(h265_nal_sei_mcts_extraction_info_nesting& record) {
 }
 
 template <class Walker>
-[[nodiscard]] bool mcts_nesting_associated(Walker& walk,
-                                           h265_nal_sei_mcts_extraction_info_nesting& nesting) {
+[[nodiscard]] bool mcts_extraction_nesting_sets(
+    Walker& walk, h265_nal_sei_mcts_extraction_info_nesting& nesting) {
     walk.u(1, ELEMENT(nesting, all_mcts_flag));
     if (nesting.all_mcts_flag) {
         return true;
@@ -43,7 +43,7 @@ template <class Walker>
 template <class Walker>
 [[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_mcts_extraction_info_nesting& nesting,
                                   const sei_context& context) {
-    if (!mcts_nesting_associated(walk, nesting)) {
+    if (!mcts_extraction_nesting_sets(walk, nesting)) {
         return false;
     }
     walk.ue(ELEMENT(nesting, num_sei_messages_in_mcts_extraction_nesting_minus1));

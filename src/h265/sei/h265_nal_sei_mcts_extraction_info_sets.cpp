@@ -12,7 +12,7 @@ template bool walk_payload(tracing<standard_rules>&, h265_nal_sei_mcts_extractio
 
 namespace {
 
-sei_context mcts_context_of(const h265_nal_sps& sps) {
+sei_context mcts_extraction_context(const h265_nal_sps& sps) {
     sei_context context;
     context.sps = &sps;
     return context;
@@ -23,13 +23,13 @@ sei_context mcts_context_of(const h265_nal_sps& sps) {
 bool h265_nal_sei_mcts_extraction_info_sets::parse_standard(h2645_common_bitreader& reader,
                                                             const h265_nal_sps& sps,
                                                             h265_fault* fault) {
-    return parse_payload(*this, reader, fault, mcts_context_of(sps));
+    return parse_payload(*this, reader, fault, mcts_extraction_context(sps));
 }
 
 bool h265_nal_sei_mcts_extraction_info_sets::parse_standard(h2645_common_bitreader& reader,
                                                             const h265_nal_sps& sps,
                                                             h265_trace& trace, h265_fault* fault) {
-    return trace_payload(*this, reader, &trace, fault, mcts_context_of(sps));
+    return trace_payload(*this, reader, &trace, fault, mcts_extraction_context(sps));
 }
 
 }  // namespace kovran

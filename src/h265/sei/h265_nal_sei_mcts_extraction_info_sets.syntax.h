@@ -21,7 +21,7 @@ inline void start_afresh(h265_nal_sei_mcts_extraction_info_sets& record) {
 }
 
 template <class Walker, class InfoSet>
-[[nodiscard]] bool mcts_sets(Walker& walk, InfoSet& set, std::size_t i) {
+[[nodiscard]] bool mcts_extraction_sets(Walker& walk, InfoSet& set, std::size_t i) {
     walk.ue(in_entry(i, ELEMENT(set, num_mcts_sets_minus1)));
     const std::size_t sets = std::size_t{set.num_mcts_sets_minus1} + 1;
     if (!walk.data_holds(in_entry(i, ELEMENT(set, num_mcts_sets_minus1)), sets,
@@ -45,8 +45,8 @@ template <class Walker, class InfoSet>
 }
 
 template <class Walker, class InfoSet>
-[[nodiscard]] bool mcts_slice_order(Walker& walk, InfoSet& set, std::size_t i,
-                                    const sei_context& context) {
+[[nodiscard]] bool mcts_extraction_slice_order(Walker& walk, InfoSet& set, std::size_t i,
+                                               const sei_context& context) {
     walk.u(1, in_entry(i, ELEMENT(set, slice_reordering_enabled_flag)));
     if (!set.slice_reordering_enabled_flag) {
         return true;
@@ -74,9 +74,10 @@ template <class Walker, class InfoSet>
 }
 
 template <class Walker>
-[[nodiscard]] bool mcts_rbsp_lengths(Walker& walk, indexed_element<unsigned int&> num_minus1,
-                                     indexed_element<std::vector<unsigned int>&> length,
-                                     std::vector<std::vector<unsigned char>>& data) {
+[[nodiscard]] bool mcts_extraction_rbsp_lengths(Walker& walk,
+                                                indexed_element<unsigned int&> num_minus1,
+                                                indexed_element<std::vector<unsigned int>&> length,
+                                                std::vector<std::vector<unsigned char>>& data) {
     walk.ue(num_minus1);
     const std::size_t sets = std::size_t{num_minus1.field} + 1;
     if (!walk.data_holds(num_minus1, sets, /*fewest_bits=*/1) ||
@@ -90,7 +91,7 @@ template <class Walker>
 }
 
 template <class Walker, class InfoSet>
-[[nodiscard]] bool mcts_pps_lengths(Walker& walk, InfoSet& set, std::size_t i) {
+[[nodiscard]] bool mcts_extraction_pps_lengths(Walker& walk, InfoSet& set, std::size_t i) {
     walk.ue(in_entry(i, ELEMENT(set, num_pps_in_info_set_minus1)));
     const std::size_t sets = std::size_t{set.num_pps_in_info_set_minus1} + 1;
     if (!walk.data_holds(in_entry(i, ELEMENT(set, num_pps_in_info_set_minus1)), sets,
@@ -107,8 +108,9 @@ template <class Walker, class InfoSet>
 }
 
 template <class Walker>
-[[nodiscard]] bool mcts_rbsp_bytes(Walker& walk, indexed_element<std::vector<unsigned int>&> length,
-                                   indexed_element<std::vector<std::vector<unsigned char>>&> data) {
+[[nodiscard]] bool mcts_extraction_rbsp_bytes(
+    Walker& walk, indexed_element<std::vector<unsigned int>&> length,
+    indexed_element<std::vector<std::vector<unsigned char>>&> data) {
     for (std::size_t j = 0; j < length.field.size(); ++j) {
         if (!walk.data_holds(length[j], length.field[j], /*fewest_bits=*/8) ||
             !walk.grow(length.field[j], data.field[j])) {
@@ -120,25 +122,26 @@ template <class Walker>
 }
 
 template <class Walker, class InfoSet>
-[[nodiscard]] bool mcts_info_set(Walker& walk, InfoSet& set, std::size_t i,
-                                 const sei_context& context) {
-    if (!mcts_sets(walk, set, i) || !mcts_slice_order(walk, set, i, context) ||
-        !mcts_rbsp_lengths(walk, in_entry(i, ELEMENT(set, num_vps_in_info_set_minus1)),
-                           in_entry(i, ELEMENT(set, vps_rbsp_data_length)),
-                           set.vps_rbsp_data_byte) ||
-        !mcts_rbsp_lengths(walk, in_entry(i, ELEMENT(set, num_sps_in_info_set_minus1)),
-                           in_entry(i, ELEMENT(set, sps_rbsp_data_length)),
-                           set.sps_rbsp_data_byte) ||
-        !mcts_pps_lengths(walk, set, i)) {
+[[nodiscard]] bool mcts_extraction_info_set(Walker& walk, InfoSet& set, std::size_t i,
+                                            const sei_context& context) {
+    if (!mcts_extraction_sets(walk, set, i) ||
+        !mcts_extraction_slice_order(walk, set, i, context) ||
+        !mcts_extraction_rbsp_lengths(walk, in_entry(i, ELEMENT(set, num_vps_in_info_set_minus1)),
+                                      in_entry(i, ELEMENT(set, vps_rbsp_data_length)),
+                                      set.vps_rbsp_data_byte) ||
+        !mcts_extraction_rbsp_lengths(walk, in_entry(i, ELEMENT(set, num_sps_in_info_set_minus1)),
+                                      in_entry(i, ELEMENT(set, sps_rbsp_data_length)),
+                                      set.sps_rbsp_data_byte) ||
+        !mcts_extraction_pps_lengths(walk, set, i)) {
         return false;
     }
     walk.align("mcts_alignment_bit_equal_to_zero", 0);
-    return mcts_rbsp_bytes(walk, in_entry(i, ELEMENT(set, vps_rbsp_data_length)),
-                           in_entry(i, ELEMENT(set, vps_rbsp_data_byte))) &&
-           mcts_rbsp_bytes(walk, in_entry(i, ELEMENT(set, sps_rbsp_data_length)),
-                           in_entry(i, ELEMENT(set, sps_rbsp_data_byte))) &&
-           mcts_rbsp_bytes(walk, in_entry(i, ELEMENT(set, pps_rbsp_data_length)),
-                           in_entry(i, ELEMENT(set, pps_rbsp_data_byte)));
+    return mcts_extraction_rbsp_bytes(walk, in_entry(i, ELEMENT(set, vps_rbsp_data_length)),
+                                      in_entry(i, ELEMENT(set, vps_rbsp_data_byte))) &&
+           mcts_extraction_rbsp_bytes(walk, in_entry(i, ELEMENT(set, sps_rbsp_data_length)),
+                                      in_entry(i, ELEMENT(set, sps_rbsp_data_byte))) &&
+           mcts_extraction_rbsp_bytes(walk, in_entry(i, ELEMENT(set, pps_rbsp_data_length)),
+                                      in_entry(i, ELEMENT(set, pps_rbsp_data_byte)));
 }
 
 // mcts_extraction_info_sets(), clause D.2.43.
@@ -152,7 +155,7 @@ template <class Walker>
         return false;
     }
     for (std::size_t i = 0; i < sets; ++i) {
-        if (!mcts_info_set(walk, extraction.info_sets[i], i, context)) {
+        if (!mcts_extraction_info_set(walk, extraction.info_sets[i], i, context)) {
             return false;
         }
     }

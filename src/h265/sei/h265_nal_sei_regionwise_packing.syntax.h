@@ -22,7 +22,7 @@ inline void start_afresh(h265_nal_sei_regionwise_packing& record) {
 }
 
 template <class Walker, class PackedRegion>
-void packed_guard_bands(Walker& walk, PackedRegion& region, std::size_t i) {
+void regionwise_packing_guard_bands(Walker& walk, PackedRegion& region, std::size_t i) {
     walk.u(8, in_entry(i, ELEMENT(region, rwp_left_guard_band_width)));
     walk.u(8, in_entry(i, ELEMENT(region, rwp_right_guard_band_width)));
     walk.u(8, in_entry(i, ELEMENT(region, rwp_top_guard_band_height)));
@@ -35,7 +35,7 @@ void packed_guard_bands(Walker& walk, PackedRegion& region, std::size_t i) {
 }
 
 template <class Walker, class PackedRegion>
-void packed_region(Walker& walk, PackedRegion& region, std::size_t i) {
+void regionwise_packing_region(Walker& walk, PackedRegion& region, std::size_t i) {
     walk.skip(4, "rwp_reserved_zero_4bits", i);
     walk.u(3, in_entry(i, ELEMENT(region, rwp_transform_type)));
     walk.u(1, in_entry(i, ELEMENT(region, rwp_guard_band_flag)));
@@ -48,7 +48,7 @@ void packed_region(Walker& walk, PackedRegion& region, std::size_t i) {
     walk.u(16, in_entry(i, ELEMENT(region, packed_region_top)));
     walk.u(16, in_entry(i, ELEMENT(region, packed_region_left)));
     if (region.rwp_guard_band_flag) {
-        packed_guard_bands(walk, region, i);
+        regionwise_packing_guard_bands(walk, region, i);
     }
 }
 
@@ -74,7 +74,7 @@ template <class Walker>
         return false;
     }
     for (std::size_t i = 0; i < packing.num_packed_regions; ++i) {
-        packed_region(walk, packing.packed_regions[i], i);
+        regionwise_packing_region(walk, packing.packed_regions[i], i);
     }
     return walk.finish(packing.valid);
 }

@@ -13,7 +13,7 @@ namespace kovran {
 namespace {
 
 // 3 x 2 coding tree blocks of 64 samples: addresses have 3 bits.
-test::sei_stores mcts_stores() {
+test::sei_stores mcts_extraction_stores() {
     test::sei_stores stores;
     h265_nal_sps& sps = stores.sps[5];
     sps.pic_width_in_luma_samples = 129;
@@ -113,7 +113,7 @@ TEST(H265NalSeiMctsExtractionInfoSets, HasTwoInfoSets) {
         "vps_rbsp_data_byte[1][1][0..0] ff\n"
         "sps_rbsp_data_byte[1][0][0..2] 016000\n"
         "pps_rbsp_data_byte[1][1][0..0] c1\n",
-        mcts_stores());
+        mcts_extraction_stores());
     ASSERT_EQ(extraction.info_sets.size(), 2U);
     const auto& first = extraction.info_sets[0];
     EXPECT_EQ(first.idx_of_mcts_in_set, (std::vector<std::vector<unsigned int>>{{4, 0, 2}, {6}}));
@@ -136,22 +136,23 @@ TEST(H265NalSeiMctsExtractionInfoSets, NeedsAnSpsForSliceAddresses) {
 }
 
 TEST(H265NalSeiMctsExtractionInfoSets, NeedsAPictureForSliceAddresses) {
-    test::sei_stores stores = mcts_stores();
+    test::sei_stores stores = mcts_extraction_stores();
     stores.sps.at(5).pic_width_in_luma_samples = 0;
     EXPECT_EQ(test::refusal_of(158, "1 1 1 1 1 xffxff", stores),
               "slice_reordering_enabled_flag[0] at bit 20 is 1; reading cannot go on from there");
 }
 
 TEST(H265NalSeiMctsExtractionInfoSets, HasNoMoreSliceSegmentsThanBlocks) {
-    EXPECT_EQ(test::refusal_of(h265_nal_sei_mcts_extraction_info_sets::payload_type,
-                               "1 1 1 1 1 00111 x00x00x00x00x00x00x00x00", mcts_stores()),
-              "num_slice_segments_minus1[0] at bit 21 is 6; allowed: 0 to 5");
+    EXPECT_EQ(
+        test::refusal_of(h265_nal_sei_mcts_extraction_info_sets::payload_type,
+                         "1 1 1 1 1 00111 x00x00x00x00x00x00x00x00", mcts_extraction_stores()),
+        "num_slice_segments_minus1[0] at bit 21 is 6; allowed: 0 to 5");
 }
 
 // 14 bits are left, and 6 addresses have 18.
 TEST(H265NalSeiMctsExtractionInfoSets, HasNoMoreSliceSegmentsThanTheDataHolds) {
     EXPECT_EQ(test::refusal_of(h265_nal_sei_mcts_extraction_info_sets::payload_type,
-                               "1 1 1 1 1 00110 00000 00000 0000", mcts_stores()),
+                               "1 1 1 1 1 00110 00000 00000 0000", mcts_extraction_stores()),
               "num_slice_segments_minus1[0] at bit 21 is 5; allowed: 0 to 3");
 }
 

@@ -13,8 +13,8 @@ struct h265_nal_sei_alternative_transfer_characteristics {
     static constexpr unsigned int payload_type = 147;
     static constexpr const char* payload_name = "alternative_transfer_characteristics";
 
-    unsigned char preferred_transfer_characteristics =
-        0;  // u(8), as transfer_characteristics in a VUI
+    // As transfer_characteristics in a VUI, and to be used in place of it.
+    unsigned char preferred_transfer_characteristics = 0;  // u(8)
 
     bool valid = false;  // the latest parse succeeded
 

@@ -13,7 +13,7 @@ struct h265_nal_sei_coded_region_completion {
     static constexpr unsigned int payload_type = 146;
     static constexpr const char* payload_name = "coded_region_completion";
 
-    unsigned int next_segment_address = 0;  // ue(v), of the next slice segment; 0: none is coded
+    unsigned int next_segment_address = 0;  // ue(v), of the next slice segment; 0: there is none
     bool independent_slice_segment_flag = false;  // u(1), when next_segment_address > 0
 
     bool valid = false;  // the latest parse succeeded

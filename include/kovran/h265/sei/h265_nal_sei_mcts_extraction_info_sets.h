@@ -21,9 +21,8 @@ struct h265_nal_sei_mcts_extraction_info_sets {
 
     // Parameter sets for streams that have the tiles of a motion-constrained tile set alone.
     struct info_set_t {
-        unsigned int num_mcts_sets_minus1 = 0;  // ue(v)
-        std::vector<unsigned int>
-            num_mcts_in_set_minus1;  // ue(v), num_mcts_sets_minus1 + 1 entries
+        unsigned int num_mcts_sets_minus1 = 0;                      // ue(v)
+        std::vector<unsigned int> num_mcts_in_set_minus1;           // ue(v), for each set
         std::vector<std::vector<unsigned int>> idx_of_mcts_in_set;  // ue(v)
 
         bool slice_reordering_enabled_flag = false;  // u(1)

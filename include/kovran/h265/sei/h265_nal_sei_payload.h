@@ -4,10 +4,13 @@
 #include <kovran/h265/h265_nal_sei_active_parameter_sets.h>
 #include <kovran/h265/h265_nal_sei_buffering_period.h>
 #include <kovran/h265/h265_nal_sei_pic_timing.h>
+#include <kovran/h265/sei/h265_nal_sei_alpha_channel_info.h>
 #include <kovran/h265/sei/h265_nal_sei_alternative_depth_info.h>
 #include <kovran/h265/sei/h265_nal_sei_alternative_transfer_characteristics.h>
 #include <kovran/h265/sei/h265_nal_sei_ambient_viewing_environment.h>
 #include <kovran/h265/sei/h265_nal_sei_annotated_regions.h>
+#include <kovran/h265/sei/h265_nal_sei_bsp_initial_arrival_time.h>
+#include <kovran/h265/sei/h265_nal_sei_bsp_nesting.h>
 #include <kovran/h265/sei/h265_nal_sei_chroma_resampling_filter_hint.h>
 #include <kovran/h265/sei/h265_nal_sei_coded_region_completion.h>
 #include <kovran/h265/sei/h265_nal_sei_colour_remapping_info.h>
@@ -27,7 +30,9 @@
 #include <kovran/h265/sei/h265_nal_sei_frame_field_info.h>
 #include <kovran/h265/sei/h265_nal_sei_frame_packing_arrangement.h>
 #include <kovran/h265/sei/h265_nal_sei_green_metadata.h>
+#include <kovran/h265/sei/h265_nal_sei_inter_layer_constrained_tile_sets.h>
 #include <kovran/h265/sei/h265_nal_sei_knee_function_info.h>
+#include <kovran/h265/sei/h265_nal_sei_layers_not_present.h>
 #include <kovran/h265/sei/h265_nal_sei_mastering_display_colour_volume.h>
 #include <kovran/h265/sei/h265_nal_sei_mcts_extraction_info_nesting.h>
 #include <kovran/h265/sei/h265_nal_sei_mcts_extraction_info_sets.h>
@@ -36,6 +41,7 @@
 #include <kovran/h265/sei/h265_nal_sei_multiview_view_position.h>
 #include <kovran/h265/sei/h265_nal_sei_no_display.h>
 #include <kovran/h265/sei/h265_nal_sei_omni_viewport.h>
+#include <kovran/h265/sei/h265_nal_sei_overlay_info.h>
 #include <kovran/h265/sei/h265_nal_sei_pan_scan_rect.h>
 #include <kovran/h265/sei/h265_nal_sei_phase_indication.h>
 #include <kovran/h265/sei/h265_nal_sei_picture_snapshot.h>
@@ -55,6 +61,7 @@
 #include <kovran/h265/sei/h265_nal_sei_shutter_interval_info.h>
 #include <kovran/h265/sei/h265_nal_sei_sphere_rotation.h>
 #include <kovran/h265/sei/h265_nal_sei_structure_of_pictures_info.h>
+#include <kovran/h265/sei/h265_nal_sei_sub_bitstream_property.h>
 #include <kovran/h265/sei/h265_nal_sei_temporal_motion_constrained_tile_sets.h>
 #include <kovran/h265/sei/h265_nal_sei_temporal_mv_prediction_constraints.h>
 #include <kovran/h265/sei/h265_nal_sei_temporal_sub_layer_zero_idx.h>
@@ -120,6 +127,13 @@ using h265_nal_sei_payload = std::variant<                   //
     h265_nal_sei_regional_nesting,                           //
     h265_nal_sei_mcts_extraction_info_sets,                  //
     h265_nal_sei_mcts_extraction_info_nesting,               //
+    h265_nal_sei_layers_not_present,                         //
+    h265_nal_sei_inter_layer_constrained_tile_sets,          //
+    h265_nal_sei_bsp_nesting,                                //
+    h265_nal_sei_bsp_initial_arrival_time,                   //
+    h265_nal_sei_sub_bitstream_property,                     //
+    h265_nal_sei_alpha_channel_info,                         //
+    h265_nal_sei_overlay_info,                               //
     h265_nal_sei_temporal_mv_prediction_constraints,         //
     h265_nal_sei_frame_field_info,                           //
     h265_nal_sei_three_dimensional_reference_displays_info,  //

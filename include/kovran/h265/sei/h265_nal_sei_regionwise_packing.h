@@ -18,8 +18,7 @@ struct h265_nal_sei_regionwise_packing {
 
     bool rwp_cancel_flag = false;  // u(1)
 
-    // Unless rwp_cancel_flag. All sizes and positions are in samples of the pictures that they are
-    // in.
+    // Unless rwp_cancel_flag. Sizes and positions count samples of the picture that they are in.
     bool rwp_persistence_flag = false;               // u(1)
     bool constituent_picture_matching_flag = false;  // u(1)
     unsigned char num_packed_regions = 0;            // u(8)

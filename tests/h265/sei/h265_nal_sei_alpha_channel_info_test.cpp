@@ -1,0 +1,75 @@
+#include <kovran/h265/sei/h265_nal_sei_alpha_channel_info.h>
+
+#include <kovran/h265/h265_trace.h>
+
+#include <gtest/gtest.h>
+
+#include "support/rbsp.h"
+#include "support/sei_payload.h"
+
+namespace kovran {
+namespace {
+
+TEST(H265NalSeiAlphaChannelInfo, ClipsValuesOf16Bits) {
+    const auto alpha =
+        test::record_of<h265_nal_sei_alpha_channel_info>("0 101 111 x80x00 xffxff 1 1 1",
+                                                         "alpha_channel_cancel_flag 0\n"
+                                                         "alpha_channel_use_idc 5\n"
+                                                         "alpha_channel_bit_depth_minus8 7\n"
+                                                         "alpha_transparent_value 32768\n"
+                                                         "alpha_opaque_value 65535\n"
+                                                         "alpha_channel_incr_flag 1\n"
+                                                         "alpha_channel_clip_flag 1\n"
+                                                         "alpha_channel_clip_type_flag 1\n");
+    EXPECT_EQ(alpha.alpha_channel_use_idc, 5);
+    EXPECT_EQ(alpha.alpha_channel_bit_depth_minus8, 7);
+    EXPECT_EQ(alpha.alpha_transparent_value, 0x8000);
+    EXPECT_EQ(alpha.alpha_opaque_value, 0xFFFF);
+    EXPECT_TRUE(alpha.alpha_channel_incr_flag);
+    EXPECT_TRUE(alpha.alpha_channel_clip_flag);
+    EXPECT_TRUE(alpha.alpha_channel_clip_type_flag);
+}
+
+TEST(H265NalSeiAlphaChannelInfo, HasValuesOf9Bits) {
+    const auto alpha =
+        test::record_of<h265_nal_sei_alpha_channel_info>("0 001 000 000000000 100000000 0 0",
+                                                         "alpha_channel_cancel_flag 0\n"
+                                                         "alpha_channel_use_idc 1\n"
+                                                         "alpha_channel_bit_depth_minus8 0\n"
+                                                         "alpha_transparent_value 0\n"
+                                                         "alpha_opaque_value 256\n"
+                                                         "alpha_channel_incr_flag 0\n"
+                                                         "alpha_channel_clip_flag 0\n");
+    EXPECT_EQ(alpha.alpha_transparent_value, 0);
+    EXPECT_EQ(alpha.alpha_opaque_value, 256);
+    EXPECT_FALSE(alpha.alpha_channel_clip_flag);
+}
+
+TEST(H265NalSeiAlphaChannelInfo, EndsAnEarlierOne) {
+    const auto alpha =
+        test::record_of<h265_nal_sei_alpha_channel_info>("1", "alpha_channel_cancel_flag 1\n");
+    EXPECT_TRUE(alpha.alpha_channel_cancel_flag);
+}
+
+TEST(H265NalSeiAlphaChannelInfo, IsReadByItself) {
+    const auto payload = test::bytes_of("0 101 111 x80x00 xffxff 1 1 1");
+    h265_nal_sei_alpha_channel_info record;
+    h265_fault fault;
+    test::rbsp input(payload);
+    EXPECT_TRUE(record.parse_standard(input.reader));
+    EXPECT_TRUE(record.valid);
+    EXPECT_EQ(record.alpha_opaque_value, 0xFFFF);
+    test::rbsp traced(payload);
+    h265_trace trace;
+    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
+    EXPECT_EQ(trace.elements.size(), 8U);
+    EXPECT_EQ(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(record.alpha_opaque_value, 0xFFFF);
+    test::rbsp none;
+    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
+    EXPECT_FALSE(record.valid);
+    EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+}  // namespace
+}  // namespace kovran

@@ -1,0 +1,95 @@
+#include <kovran/h265/sei/h265_nal_sei_layers_not_present.h>
+
+#include <kovran/h265/h265_trace.h>
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "support/rbsp.h"
+#include "support/sei_payload.h"
+
+namespace kovran {
+namespace {
+
+// VPS 9 with layers of nuh_layer_id 0 to `vps_max_layers_minus1`.
+test::sei_stores layers_not_present_stores(unsigned char vps_max_layers_minus1) {
+    test::sei_stores stores;
+    stores.vps[9].vps_max_layers_minus1 = vps_max_layers_minus1;
+    return stores;
+}
+
+TEST(H265NalSeiLayersNotPresent, HasAFlagForEachLayer) {
+    const auto layers =
+        test::record_of<h265_nal_sei_layers_not_present>("1001 0 1 1",
+                                                         "lnp_sei_active_vps_id 9\n"
+                                                         "layer_not_present_flag[0] 0\n"
+                                                         "layer_not_present_flag[1] 1\n"
+                                                         "layer_not_present_flag[2] 1\n",
+                                                         layers_not_present_stores(2));
+    EXPECT_EQ(layers.lnp_sei_active_vps_id, 9);
+    EXPECT_EQ(layers.layer_not_present_flag, (std::vector<bool>{false, true, true}));
+}
+
+TEST(H265NalSeiLayersNotPresent, HasOneLayer) {
+    const auto layers =
+        test::record_of<h265_nal_sei_layers_not_present>("1001 0",
+                                                         "lnp_sei_active_vps_id 9\n"
+                                                         "layer_not_present_flag[0] 0\n",
+                                                         layers_not_present_stores(0));
+    EXPECT_EQ(layers.layer_not_present_flag, std::vector<bool>{false});
+}
+
+TEST(H265NalSeiLayersNotPresent, Has63LayersWhereTheVpsHas63) {
+    const std::string ones(63, '1');
+    const test::sei_reading reading =
+        test::read_payload(160, test::bytes_of("1001" + ones + "1"), layers_not_present_stores(62));
+    EXPECT_TRUE(reading.read);
+    const auto* const layers =
+        std::get_if<h265_nal_sei_layers_not_present>(&reading.message.payload);
+    ASSERT_NE(layers, nullptr);
+    EXPECT_EQ(layers->layer_not_present_flag, std::vector<bool>(63, true));
+}
+
+TEST(H265NalSeiLayersNotPresent, Has63LayersWhereTheVpsHas64) {
+    const std::string ones(63, '1');
+    const test::sei_reading reading =
+        test::read_payload(160, test::bytes_of("1001" + ones + "1"), layers_not_present_stores(63));
+    EXPECT_TRUE(reading.read);
+    const auto* const layers =
+        std::get_if<h265_nal_sei_layers_not_present>(&reading.message.payload);
+    ASSERT_NE(layers, nullptr);
+    EXPECT_EQ(layers->layer_not_present_flag, std::vector<bool>(63, true));
+}
+
+TEST(H265NalSeiLayersNotPresent, NeedsItsVps) {
+    EXPECT_EQ(test::refusal_of(h265_nal_sei_layers_not_present::payload_type, "1000 1111",
+                               layers_not_present_stores(2)),
+              "VPS 8 is missing, needed by lnp_sei_active_vps_id at bit 16");
+}
+
+TEST(H265NalSeiLayersNotPresent, IsReadByItself) {
+    const test::sei_stores stores = layers_not_present_stores(2);
+    const auto payload = test::bytes_of("1001 0 1 1");
+    h265_nal_sei_layers_not_present record;
+    h265_fault fault;
+    test::rbsp input(payload);
+    EXPECT_TRUE(record.parse_standard(input.reader, stores.vps));
+    EXPECT_TRUE(record.valid);
+    EXPECT_EQ(record.layer_not_present_flag.size(), 3U);
+    test::rbsp traced(payload);
+    h265_trace trace;
+    EXPECT_TRUE(record.parse_standard(traced.reader, stores.vps, trace, &fault));
+    EXPECT_EQ(trace.elements.size(), 4U);
+    EXPECT_EQ(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(record.layer_not_present_flag.size(), 3U);
+    test::rbsp none;
+    EXPECT_FALSE(record.parse_standard(none.reader, stores.vps, &fault));
+    EXPECT_FALSE(record.valid);
+    EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+}  // namespace
+}  // namespace kovran
