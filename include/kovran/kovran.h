@@ -54,7 +54,11 @@
 #include <kovran/h265/h265_trace.h>
 #include <kovran/h265/h265_video_format.h>
 #include <kovran/h265/h265_vui_parameters.h>
+#include <kovran/h265/sei/h265_a53_captions.h>
+#include <kovran/h265/sei/h265_afd.h>
+#include <kovran/h265/sei/h265_bar_data.h>
 #include <kovran/h265/sei/h265_float_value.h>
+#include <kovran/h265/sei/h265_hdr10_plus.h>
 #include <kovran/h265/sei/h265_nal_sei_alternative_depth_info.h>
 #include <kovran/h265/sei/h265_nal_sei_annotated_regions.h>
 #include <kovran/h265/sei/h265_nal_sei_depth_representation_info.h>
@@ -75,5 +79,6 @@
 #include <kovran/h265/sei/h265_nal_sei_temporal_mv_prediction_constraints.h>
 #include <kovran/h265/sei/h265_nal_sei_three_dimensional_reference_displays_info.h>
 #include <kovran/h265/sei/h265_nal_sei_user_data_unregistered.h>
+#include <kovran/h265/sei/h265_t35_user_data.h>
 
 #endif  // KOVRAN_KOVRAN_H
