@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <variant>
 
 #include "inputs.h"
 #include "nal_units.h"
@@ -30,6 +31,7 @@ struct host_by {
     h265_nal_sei_buffering_period buffering_period;
     h265_nal_sei_pic_timing pic_timing;
     h265_nal_sei_active_parameter_sets active_parameter_sets;
+    h265_nal_sei_message message;  // by the standard's rules, in place of the three
 
     template <class Record, class... Context>
     [[nodiscard]] static bool parse(Record& record, h2645_common_bitreader& bits,
@@ -84,6 +86,12 @@ struct host_by {
         return all_read;
     }
 
+    // Of the latest message, which is pic_timing().
+    [[nodiscard]] unsigned int pic_struct() const {
+        const auto* const timing = std::get_if<h265_nal_sei_pic_timing>(&message.payload);
+        return timing != nullptr ? timing->pic_struct : pic_timing.pic_struct;
+    }
+
     // A unit of any type; parameter sets go into their stores.
     template <class See>
     [[nodiscard]] bool read(const h265_nal_reader& unit, See&& see) {
@@ -111,12 +119,28 @@ private:
         return {rbsp_.data(), rbsp_.data() + unit.block_decode(rbsp_.data(), size)};
     }
 
-    [[nodiscard]] bool read_message(const h265_nal_sei_reader& message) {
-        if (message.nal_unit_type != PREFIX_SEI_NUT) {
+    [[nodiscard]] bool read_message(const h265_nal_sei_reader& messages) {
+        return read_by == rules::standard ? read_any_message(messages)
+                                          : read_known_message(messages);
+    }
+
+    [[nodiscard]] bool read_any_message(const h265_nal_sei_reader& messages) {
+        if (!message.parse_standard(messages, vps_store, sps_store)) {
+            return false;
+        }
+        if (const auto* const period = std::get_if<h265_nal_sei_buffering_period>(&message.payload);
+            period != nullptr) {
+            sps_store.active_id = period->bp_seq_parameter_set_id;
+        }
+        return true;
+    }
+
+    [[nodiscard]] bool read_known_message(const h265_nal_sei_reader& messages) {
+        if (messages.nal_unit_type != PREFIX_SEI_NUT) {
             return true;
         }
-        h2645_common_bitreader bits(message.payload_begin, message.payload_end);
-        switch (message.payload_type) {
+        h2645_common_bitreader bits(messages.payload_begin, messages.payload_end);
+        switch (messages.payload_type) {
             case h265_nal_sei_payload_type_prefix_buffering_period:
                 if (!parse(buffering_period, bits, sps_store)) {
                     return false;

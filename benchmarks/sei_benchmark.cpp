@@ -1,5 +1,5 @@
-// The messages of SEI units, from the bytes of the units: decoded, walked, and those with a record
-// parsed.
+// The messages of SEI units, from the bytes of the units: decoded, walked and parsed, by the own
+// rules those that these know.
 #include <memory>
 #include <string>
 
@@ -9,9 +9,9 @@ namespace kovran::benchmarks {
 namespace {
 
 template <class Host>
-std::size_t read_messages(Host& reader) {
+std::size_t read_messages(Host& reader, const sei_stream& input) {
     std::size_t messages = 0;
-    for (const h265_nal_reader& unit : the_sei_stream().units) {
+    for (const h265_nal_reader& unit : input.units) {
         const bool read =
             reader.read_sei(unit, [&messages](const h265_nal_sei_reader&) { ++messages; });
         if (!read) {
@@ -22,16 +22,18 @@ std::size_t read_messages(Host& reader) {
 }
 
 template <rules read_by>
-void add_contender(const std::string& name) {
+void add_contender(const std::string& name, const sei_stream& input) {
     const auto reader = std::make_shared<host_by<read_by>>();
-    values_of_messages(*reader);
-    contend_with_allocations("sei/rich/" + name, the_sei_stream().size,
-                             [reader] { return read_messages(*reader); });
+    values_of_messages(*reader, input);
+    contend_with_allocations("sei/" + input.name + "/" + name, input.size,
+                             [reader, &input] { return read_messages(*reader, input); });
 }
 
 const bool registered = [] {
-    add_contender<rules::standard>("kovran");
-    add_contender<rules::own>("kovran_parse");
+    for (const auto& input : all_sei_streams()) {
+        add_contender<rules::standard>("kovran", *input);
+    }
+    add_contender<rules::own>("kovran_parse", *all_sei_streams().front());
     return true;
 }();
 

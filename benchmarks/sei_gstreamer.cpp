@@ -1,5 +1,4 @@
-// SEI messages by GStreamer, which also reads recovery points, HDR messages and more, and allocates
-// an array for each unit.
+// SEI messages by GStreamer, which reads nine types of them, and allocates an array for each unit.
 #include <memory>
 #include <vector>
 
@@ -13,8 +12,7 @@ struct gstreamer_messages {
     gstreamer_parser parser = make_gstreamer_parser();
     std::vector<GstH265NalUnit> units;
 
-    gstreamer_messages() {
-        const sei_stream& input = the_sei_stream();
+    explicit gstreamer_messages(const sei_stream& input) {
         for (const h265_nal_reader& place : input.parameter_sets) {
             GstH265NalUnit unit = unit_of(parser.get(), input.stream, place);
             require(read_parameter_set(parser.get(), unit), "parameter sets by GStreamer");
@@ -41,8 +39,8 @@ struct gstreamer_messages {
     }
 };
 
-const bool registered = [] {
-    const auto messages = std::make_shared<gstreamer_messages>();
+void add_gstreamer(const sei_stream& input) {
+    const auto messages = std::make_shared<gstreamer_messages>(input);
     values all;
     messages->read([&all](const GstH265SEIMessage& message) {
         all.push_back(message.payloadType);
@@ -51,9 +49,15 @@ const bool registered = [] {
         }
     });
     host reader;
-    require(all == values_of_messages(reader), "SEI messages by GStreamer");
-    contend("sei/rich/gstreamer", the_sei_stream().size,
+    require(all == values_of_messages(reader, input), "SEI messages by GStreamer: " + input.name);
+    contend("sei/" + input.name + "/gstreamer", input.size,
             [messages] { return messages->read([](const GstH265SEIMessage&) {}); });
+}
+
+const bool registered = [] {
+    for (const auto& input : all_sei_streams()) {
+        add_gstreamer(*input);
+    }
     return true;
 }();
 

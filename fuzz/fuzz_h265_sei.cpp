@@ -1,6 +1,7 @@
 // Any bytes walked as the messages of an SEI unit: the walk goes as clause 7.3.5 has it, byte by
-// byte, and every message that has a record is read to the bit, by whatever HRD parameters; by the
-// standard's rules every failure is told, and nothing of a used record shows.
+// byte, and what the library's own rules read of a message they read to the bit, by whatever HRD
+// parameters. By the standard's rules every message is read, all its bits are told of, every
+// failure is, and nothing of a used record shows.
 //
 // Input: the first byte of the NAL unit header, six bytes for the parameter sets, the RBSP.
 #include <kovran/kovran.h>
@@ -14,12 +15,14 @@
 
 #include "bit_count.h"
 #include "claim.h"
+#include "message_claims.h"
 #include "support/slice_record_fields.h"
 
 namespace {
 
 using kovran::fuzz::bit_count;
 using kovran::fuzz::claim;
+using kovran::fuzz::claim_message;
 
 constexpr unsigned int known_id = 0;
 constexpr std::size_t parameter_bytes = 7;
@@ -37,6 +40,7 @@ struct host {
     kovran::h265_nal_sei_pic_timing standard_timing;
     kovran::h265_nal_sei_buffering_period standard_period;
     kovran::h265_nal_sei_active_parameter_sets standard_active;
+    kovran::h265_nal_sei_message standard_message;
 };
 
 bool bit(unsigned int byte, unsigned int number) {
@@ -65,6 +69,8 @@ host host_of(const std::uint8_t* bytes) {
     if (bit(flags, 5)) {
         hrd.cpb_cnt_minus1.assign(1, bytes[4]);
     }
+    sps.chroma_format_idc = bytes[1] / 64;
+    sps.log2_diff_max_min_luma_coding_block_size = bytes[1] / 32 % 2;
     state.sps.active_id = bit(flags, 6) ? known_id : known_id + 1;
     kovran::h265_nal_vps& vps = state.vps[known_id];
     vps.vps_base_layer_internal_flag = bit(flags, 7);
@@ -313,6 +319,7 @@ void walk(host& state, std::vector<unsigned char>& rbsp, kovran::h265_nal_unit_t
         claim(messages.cursor == p, "the cursor stands behind the payload or the trailing bits");
         check_name(messages);
         read_payload(state, messages);
+        claim_message(messages, state.standard_message, state.vps, state.sps);
     }
     claim(!messages.message_valid, "a walk that ended has no message");
     claim(end - p < 2 || messages.cursor == end, "a walk ends at the end");

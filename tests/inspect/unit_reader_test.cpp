@@ -39,7 +39,6 @@ public:
         bits_.insert_or_assign(element.name.name, element.first_bit);
     }
     void begin_message(const h265_nal_sei_reader&) override {}
-    void opaque_payload(const h265_nal_sei_reader&) override {}
     void end_message() override {}
 
 private:

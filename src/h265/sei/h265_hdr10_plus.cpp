@@ -8,7 +8,7 @@
 namespace kovran {
 namespace {
 
-void read_window_geometry(h2645_common_bitreader& reader, h265_hdr10_plus::window_t& window) {
+void hdr10_plus_geometry(h2645_common_bitreader& reader, h265_hdr10_plus::window_t& window) {
     window.window_upper_left_corner_x = reader.get<unsigned short>(16);
     window.window_upper_left_corner_y = reader.get<unsigned short>(16);
     window.window_lower_right_corner_x = reader.get<unsigned short>(16);
@@ -22,9 +22,9 @@ void read_window_geometry(h2645_common_bitreader& reader, h265_hdr10_plus::windo
     window.overlap_process_option = reader.get<bool>(1);
 }
 
-[[nodiscard]] bool read_peak_luminance(h2645_common_bitreader& reader, unsigned char& num_rows,
-                                       unsigned char& num_cols,
-                                       std::vector<unsigned char>& peak_luminance) {
+[[nodiscard]] bool hdr10_plus_peak_luminance(h2645_common_bitreader& reader,
+                                             unsigned char& num_rows, unsigned char& num_cols,
+                                             std::vector<unsigned char>& peak_luminance) {
     constexpr unsigned char fewest = 2;
     constexpr unsigned char most = 25;
     num_rows = reader.get<unsigned char>(5);
@@ -39,8 +39,8 @@ void read_window_geometry(h2645_common_bitreader& reader, h265_hdr10_plus::windo
     return true;
 }
 
-[[nodiscard]] bool read_window_light(h2645_common_bitreader& reader,
-                                     h265_hdr10_plus::window_t& window) {
+[[nodiscard]] bool hdr10_plus_light(h2645_common_bitreader& reader,
+                                    h265_hdr10_plus::window_t& window) {
     for (unsigned int& component : window.maxscl) {
         component = reader.get<unsigned int>(17);
     }
@@ -59,8 +59,8 @@ void read_window_geometry(h2645_common_bitreader& reader, h265_hdr10_plus::windo
     return true;
 }
 
-[[nodiscard]] bool read_window_mapping(h2645_common_bitreader& reader,
-                                       h265_hdr10_plus::window_t& window) {
+[[nodiscard]] bool hdr10_plus_mapping(h2645_common_bitreader& reader,
+                                      h265_hdr10_plus::window_t& window) {
     window.tone_mapping_flag = reader.get<bool>(1);
     if (window.tone_mapping_flag) {
         window.knee_point_x = reader.get<unsigned short>(12);
@@ -80,7 +80,7 @@ void read_window_geometry(h2645_common_bitreader& reader, h265_hdr10_plus::windo
     return true;
 }
 
-[[nodiscard]] bool read_metadata(h2645_common_bitreader& reader, h265_hdr10_plus& metadata) {
+[[nodiscard]] bool hdr10_plus_metadata(h2645_common_bitreader& reader, h265_hdr10_plus& metadata) {
     metadata.application_version = reader.get<unsigned char>(8);
     metadata.num_windows = reader.get<unsigned char>(2);
     if (metadata.application_version > 1 || metadata.num_windows == 0 ||
@@ -88,31 +88,32 @@ void read_window_geometry(h2645_common_bitreader& reader, h265_hdr10_plus::windo
         return false;
     }
     for (std::size_t w = 1; w < metadata.num_windows; ++w) {
-        read_window_geometry(reader, metadata.windows[w]);
+        hdr10_plus_geometry(reader, metadata.windows[w]);
     }
     metadata.targeted_system_display_maximum_luminance = reader.get<unsigned int>(27);
     metadata.targeted_system_display_actual_peak_luminance_flag = reader.get<bool>(1);
     if (metadata.targeted_system_display_actual_peak_luminance_flag &&
-        !read_peak_luminance(reader,
-                             metadata.num_rows_targeted_system_display_actual_peak_luminance,
-                             metadata.num_cols_targeted_system_display_actual_peak_luminance,
-                             metadata.targeted_system_display_actual_peak_luminance)) {
+        !hdr10_plus_peak_luminance(reader,
+                                   metadata.num_rows_targeted_system_display_actual_peak_luminance,
+                                   metadata.num_cols_targeted_system_display_actual_peak_luminance,
+                                   metadata.targeted_system_display_actual_peak_luminance)) {
         return false;
     }
     for (h265_hdr10_plus::window_t& window : metadata.windows) {
-        if (!read_window_light(reader, window)) {
+        if (!hdr10_plus_light(reader, window)) {
             return false;
         }
     }
     metadata.mastering_display_actual_peak_luminance_flag = reader.get<bool>(1);
     if (metadata.mastering_display_actual_peak_luminance_flag &&
-        !read_peak_luminance(reader, metadata.num_rows_mastering_display_actual_peak_luminance,
-                             metadata.num_cols_mastering_display_actual_peak_luminance,
-                             metadata.mastering_display_actual_peak_luminance)) {
+        !hdr10_plus_peak_luminance(reader,
+                                   metadata.num_rows_mastering_display_actual_peak_luminance,
+                                   metadata.num_cols_mastering_display_actual_peak_luminance,
+                                   metadata.mastering_display_actual_peak_luminance)) {
         return false;
     }
     for (h265_hdr10_plus::window_t& window : metadata.windows) {
-        if (!read_window_mapping(reader, window)) {
+        if (!hdr10_plus_mapping(reader, window)) {
             return false;
         }
     }
@@ -124,7 +125,7 @@ void read_window_geometry(h2645_common_bitreader& reader, h265_hdr10_plus::windo
 bool h265_hdr10_plus::parse(const h265_nal_sei_user_data_registered_itu_t_t35& user_data) {
     *this = {};
     auto reader = t35_application_data(user_data, h265_t35_kind::hdr10_plus);
-    valid = reader && read_metadata(*reader, *this);
+    valid = reader && hdr10_plus_metadata(*reader, *this);
     return valid;
 }
 

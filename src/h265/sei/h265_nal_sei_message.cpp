@@ -162,4 +162,24 @@ const char* h265_nal_sei_payload_name(unsigned int payload_type) {
     return known ? names[payload_type] : "";
 }
 
+bool h265_nal_sei_payload_is_in(unsigned int payload_type, h265_nal_unit_type nal_unit_type) {
+    constexpr unsigned int decoded_picture_hash = 132;
+    constexpr std::array<unsigned int, 7> of_suffix = {
+        3,    // filler_payload
+        4,    // user_data_registered_itu_t_t35
+        5,    // user_data_unregistered
+        17,   // progressive_refinement_segment_end
+        22,   // post_filter_hint
+        132,  // decoded_picture_hash
+        146,  // coded_region_completion
+    };
+    if (*h265_nal_sei_payload_name(payload_type) == '\0') {
+        return true;
+    }
+    if (nal_unit_type == SUFFIX_SEI_NUT) {
+        return std::find(of_suffix.begin(), of_suffix.end(), payload_type) != of_suffix.end();
+    }
+    return payload_type != decoded_picture_hash;
+}
+
 }  // namespace kovran

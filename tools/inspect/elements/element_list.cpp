@@ -16,6 +16,10 @@ void element_list::end_structure() {
 }
 
 void element_list::read(const shown_element& read_element) {
+    if (read_element.is_opaque_payload) {
+        has_opaque_payload_ = true;
+        return;
+    }
     const bool is_ff_byte = std::string_view(read_element.name.name) == "ff_byte";
     if (std::exchange(in_ff_bytes_, is_ff_byte) && is_ff_byte) {
         return;

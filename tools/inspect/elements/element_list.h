@@ -30,17 +30,22 @@ public:
     };
 
     [[nodiscard]] const std::vector<entry>& entries() const { return entries_; }
-    void clear() { entries_.clear(); }
+    // Whether there was an SEI payload that was not taken apart. It is no element.
+    [[nodiscard]] bool has_opaque_payload() const { return has_opaque_payload_; }
+    void clear() {
+        entries_.clear();
+        has_opaque_payload_ = false;
+    }
 
     void begin_structure(const h2645_common_element_name& name) override;
     void end_structure() override;
     void read(const shown_element& read_element) override;
     void begin_message(const h265_nal_sei_reader& message) override;
-    void opaque_payload(const h265_nal_sei_reader&) override {}
     void end_message() override;
 
 private:
     std::vector<entry> entries_;
+    bool has_opaque_payload_ = false;
     bool in_ff_bytes_ = false;
     element_path path_;
 };

@@ -42,10 +42,11 @@ std::string_view name_at(const first_difference::part& reading, std::size_t plac
     return reading.fault.kind == h265_fault_kind::data_ended ? reading.fault.element.name : "";
 }
 
-// Whether an element can be the first one that the library's own rules leave unread in a slice
-// segment header, clause 7.3.6.1: behind the list modification, or the address of a dependent one.
-bool is_behind_own_slice_header(std::string_view name) {
-    constexpr std::array<std::string_view, 10> names = {
+// Whether an element can be the first one that the library's own rules leave unread: in a slice
+// segment header, clause 7.3.6.1, behind the list modification, or the address of a dependent one;
+// in an SEI message, clause D.2.1, behind the last element that they know.
+bool is_behind_own_reading(std::string_view name) {
+    constexpr std::array<std::string_view, 12> names = {
         "mvd_l1_zero_flag",
         "cabac_init_flag",
         "collocated_from_l0_flag",
@@ -56,6 +57,8 @@ bool is_behind_own_slice_header(std::string_view name) {
         "num_entry_point_offsets",
         "slice_segment_header_extension_length",
         "alignment_bit_equal_to_one",
+        "reserved_payload_extension_data",
+        "payload_bit_equal_to_one",
     };
     return std::find(names.begin(), names.end(), name) != names.end();
 }
@@ -65,7 +68,7 @@ bool is_behind_own_slice_header(std::string_view name) {
 void first_difference::compare(const part& standard, const part& own, const part& rules_alone) {
     const std::size_t place = mismatch(standard.elements, own.elements);
     if (place == own.elements.size() && own.faults.empty() &&
-        is_behind_own_slice_header(name_at(standard, place))) {
+        (own.has_opaque_payload || is_behind_own_reading(name_at(standard, place)))) {
         return;
     }
     faults_differ_ = faults_differ_ || !(standard.faults == own.faults);

@@ -15,7 +15,8 @@ namespace kovran::inspect {
 // its faults where all elements are alike. The readings are compared part by part, and nothing is
 // kept of a part but what is told: all of them find the same SEI messages.
 //
-// What the library's own rules leave unread of every slice segment header is no difference.
+// What the library's own rules leave unread of every slice segment header is no difference, and
+// neither is an SEI message that they leave as bytes, or what follows the last element of another.
 class first_difference {
 public:
     using element = element_list::entry;
@@ -23,6 +24,7 @@ public:
     // A part in one of the readings.
     struct part {
         const std::vector<element>& elements;
+        bool has_opaque_payload;
         const fault_list& faults;
         const h265_fault& fault;  // the one that ends it, if any
     };

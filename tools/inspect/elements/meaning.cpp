@@ -63,7 +63,7 @@ constexpr std::array tables = {
     table_of_element{"source_scan_type", source_scan_type},
 };
 
-constexpr std::array<std::string_view, 7> framing = {
+constexpr std::array<std::string_view, 9> framing = {
     "rbsp_stop_one_bit",
     "rbsp_alignment_zero_bit",
     "alignment_bit_equal_to_one",
@@ -71,22 +71,23 @@ constexpr std::array<std::string_view, 7> framing = {
     "last_payload_type_byte",
     "last_payload_size_byte",
     "ff_byte",
+    "payload_bit_equal_to_one",
+    "payload_bit_equal_to_zero",
 };
-
-bool is_named_as_extension_data(const shown_element& element) {
-    constexpr std::string_view ending = "_extension_data_flag";
-    const std::string_view name = element.name.name;
-    return name.size() > ending.size() && name.substr(name.size() - ending.size()) == ending;
-}
 
 }  // namespace
 
+bool is_named_as_extension_data(std::string_view name) {
+    constexpr std::string_view ending = "_extension_data_flag";
+    return name.size() > ending.size() && name.substr(name.size() - ending.size()) == ending;
+}
+
 bool is_extension_data(const shown_element& element) {
-    return is_named_as_extension_data(element) && element.width != 1;
+    return is_named_as_extension_data(element.name.name) && element.width != 1;
 }
 
 bool is_extension_flag(const shown_element& element) {
-    return is_named_as_extension_data(element) && element.width == 1;
+    return is_named_as_extension_data(element.name.name) && element.width == 1;
 }
 
 std::string meaning_of(const shown_element& element) {

@@ -4,6 +4,7 @@
 #include "elements/trace_sink.h"
 
 #include <string>
+#include <string_view>
 
 namespace kovran::inspect {
 
@@ -13,6 +14,9 @@ namespace kovran::inspect {
 // Bits that say nothing about the stream's content: trailing bits, and the lengths and types of SEI
 // messages, which are known by other names.
 [[nodiscard]] bool is_framing(const shown_element& element);
+
+// Flags of an extension of a parameter set, one or all.
+[[nodiscard]] bool is_named_as_extension_data(std::string_view name);
 
 // The bits of an extension, which are told of as one element without a value.
 [[nodiscard]] bool is_extension_data(const shown_element& element);

@@ -1,6 +1,9 @@
 #include "elements/trace_sink.h"
 
+#include "elements/meaning.h"
+
 #include <cstddef>
+#include <string_view>
 
 namespace kovran::inspect {
 namespace {
@@ -39,16 +42,72 @@ private:
     unsigned int open_ = h265_trace::no_structure;
 };
 
+bool is_text(const h265_traced_element& element) {
+    return std::string_view(element.descriptor) == "st(v)";
+}
+
+value_form form_of(const h265_traced_element& element) {
+    constexpr std::size_t widest_number = 63;
+    if (is_text(element)) {
+        return value_form::text;
+    }
+    if (element.run != 0) {
+        return value_form::bytes;
+    }
+    if (element.width <= widest_number || is_named_as_extension_data(element.name)) {
+        return value_form::number;
+    }
+    return element.first_bit % 8 == 0 && element.width % 8 == 0 ? value_form::bytes
+                                                                : value_form::bits;
+}
+
+// The zero byte that ends a text is none of it.
+std::size_t shown_bytes(const h265_traced_element& element) {
+    const std::size_t bytes = (element.first_bit % 8 + element.width + 7) / 8;
+    return is_text(element) ? bytes - 1 : bytes;
+}
+
+shown_element shown(const h265_trace& trace, const h265_traced_element& element,
+                    const unsigned char* payload) {
+    constexpr std::string_view opaque = "reserved_sei_message_payload_byte";
+    shown_element result{name_of(trace, element),
+                         element.descriptor,
+                         element.first_bit,
+                         element.width,
+                         element.value,
+                         element.rule,
+                         element.out_of_range,
+                         element.run};
+    result.form = form_of(element);
+    if (result.form != value_form::number) {
+        result.begin = payload + element.first_bit / 8;
+        result.end = result.begin + shown_bytes(element);
+    }
+    return element.name == opaque ? opaque_payload(payload, result.begin, result.end) : result;
+}
+
 }  // namespace
 
-void replay(const h265_trace& trace, trace_sink& sink) {
+shown_element opaque_payload(const unsigned char* first, const unsigned char* begin,
+                             const unsigned char* end) {
+    shown_element element;
+    element.name.name = "payload";
+    element.descriptor = "bytes";
+    element.first_bit = 8 * static_cast<std::size_t>(begin - first);
+    element.width = 8 * static_cast<std::size_t>(end - begin);
+    element.form = value_form::bytes;
+    element.begin = begin;
+    element.end = end;
+    element.is_opaque_payload = true;
+    return element;
+}
+
+void replay(const h265_trace& trace, const unsigned char* payload, trace_sink& sink) {
     open_structures structures(trace, sink);
     for (std::size_t i = 0; i < trace.elements.size(); ++i) {
         structures.begin_up_to(i);
         structures.end_down_to(trace.elements[i].structure);
-        const h265_traced_element& element = trace.elements[i];
-        sink.read({name_of(trace, element), element.descriptor, element.first_bit, element.width,
-                   element.value, element.rule, element.out_of_range});
+        sink.read(shown(trace, trace.elements[i], payload));
     }
     structures.begin_up_to(trace.elements.size());
     structures.end_down_to(h265_trace::no_structure);

@@ -71,6 +71,11 @@ bool is_sei(h265_nal_unit_type type) {
     return type == PREFIX_SEI_NUT || type == SUFFIX_SEI_NUT;
 }
 
+bool is_empty_and_opaque(const h265_nal_sei_message& message) {
+    const auto* const bytes = std::get_if<h265_nal_sei_reserved_message>(&message.payload);
+    return bytes != nullptr && bytes->reserved_sei_message_payload_byte.empty();
+}
+
 }  // namespace
 
 void unit_reader::read(nal_unit& unit, trace_sink& sink) {
@@ -155,11 +160,11 @@ bool unit_reader::parse(Record& record, h2645_common_bitreader reader, trace_sin
                    ? record.parse_standard(reader, context..., *trace_, &fault_)
                    : record.parse(reader, context..., *trace_, &fault_);
     } catch (const std::bad_alloc&) {
-        replay(*trace_, sink);
+        replay(*trace_, payload_->begin(), sink);
         throw;
     }
     if (sink.wants_elements()) {
-        replay(*trace_, sink);
+        replay(*trace_, payload_->begin(), sink);
         if (fault_.kind != h265_fault_kind::none) {
             sink.fault(fault_);
         }
@@ -257,9 +262,7 @@ void unit_reader::read_message(trace_sink& sink) {
         tell_byte_run("last_payload_size_byte", reader, sink);
     }
     if (messages_.truncated) {
-        unit_->faults.push_back(fmt::format(
-            "SEI message {} is truncated: {} of {} bytes are present", sei_name(messages_),
-            messages_.payload_end - messages_.payload_begin, messages_.payload_size));
+        add_truncation();
     }
     if (!read_payload(sink)) {
         unit_->faults.push_back(
@@ -273,14 +276,39 @@ void unit_reader::read_message_by_standard(trace_sink& sink) {
             ? message_.parse_standard(messages_, sets_->vps, sets_->sps, *trace_, &fault_)
             : message_.parse_standard(messages_, sets_->vps, sets_->sps, &fault_);
     if (sink.wants_elements()) {
-        replay(*trace_, sink);
+        replay(*trace_, payload_->begin(), sink);
+        if (is_empty_and_opaque(message_)) {
+            sink.read(opaque_payload(payload_->begin(), messages_.payload_begin,
+                                     messages_.payload_begin));
+        }
         if (fault_.kind != h265_fault_kind::none) {
             sink.fault(fault_);
         }
     }
-    if (!read) {
+    sink.message(message_);
+    if (messages_.truncated) {
+        add_truncation();
+    } else if (!read) {
         unit_->faults.push_back(
             fmt::format("SEI message {} cannot be read: {}", sei_name(messages_), why("message")));
+    } else if (fault_.kind != h265_fault_kind::none) {
+        unit_->faults.push_back(
+            fmt::format("SEI message {} was read, but {}", sei_name(messages_), why("message")));
+    }
+    if (!h265_nal_sei_payload_is_in(messages_.payload_type, messages_.nal_unit_type) &&
+        has_standard_name(messages_)) {
+        unit_->faults.push_back(
+            fmt::format("SEI message {} stands in a {} SEI unit, where its type is reserved",
+                        sei_name(messages_),
+                        messages_.nal_unit_type == PREFIX_SEI_NUT ? "prefix" : "suffix"));
+    }
+    if (const auto* const period = std::get_if<h265_nal_sei_buffering_period>(&message_.payload);
+        period != nullptr) {
+        activate_sps(period->bp_seq_parameter_set_id);
+    } else if (const auto* const active =
+                   std::get_if<h265_nal_sei_active_parameter_sets>(&message_.payload);
+               active != nullptr) {
+        activate_sps(active->active_seq_parameter_set_id.front());
     }
 }
 
@@ -288,17 +316,12 @@ bool unit_reader::read_payload(trace_sink& sink) {
     const h265_nal_sei_reader& message = messages_;
     const h2645_common_bitreader reader =
         reader_at(message.payload_begin, payload_->begin(), message.payload_end);
-    const auto activate = [this](unsigned int id) {
-        if (keeps_sets_) {
-            sets_->sps.active_id = id;
-        }
-    };
     const bool prefix = message.nal_unit_type == PREFIX_SEI_NUT;
     if (prefix && message.payload_type == h265_nal_sei_payload_type_prefix_buffering_period) {
         h265_nal_sei_buffering_period period;
         const bool read = parse(period, reader, sink, sets_->sps);
         if (read) {
-            activate(period.bp_seq_parameter_set_id);
+            activate_sps(period.bp_seq_parameter_set_id);
         }
         return read;
     }
@@ -310,11 +333,13 @@ bool unit_reader::read_payload(trace_sink& sink) {
         h265_nal_sei_active_parameter_sets active;
         const bool read = parse(active, reader, sink, sets_->vps);
         if (read) {
-            activate(active.active_seq_parameter_set_id.front());
+            activate_sps(active.active_seq_parameter_set_id.front());
         }
         return read;
     }
-    sink.opaque_payload(message);
+    if (sink.wants_elements()) {
+        sink.read(opaque_payload(payload_->begin(), message.payload_begin, message.payload_end));
+    }
     return true;
 }
 
@@ -335,6 +360,18 @@ void unit_reader::read_behind_messages(trace_sink& sink) {
     if (!h2645_common_skip_rbsp_trailing_bits(reader)) {
         unit_->faults.emplace_back("the SEI messages are not followed by valid trailing bits");
     }
+}
+
+void unit_reader::activate_sps(unsigned int id) {
+    if (keeps_sets_) {
+        sets_->sps.active_id = id;
+    }
+}
+
+void unit_reader::add_truncation() {
+    unit_->faults.push_back(fmt::format(
+        "SEI message {} is truncated: {} of {} bytes are present", sei_name(messages_),
+        messages_.payload_end - messages_.payload_begin, messages_.payload_size));
 }
 
 // The latest fault, of what is called `user` in it.

@@ -79,6 +79,8 @@ private:
     void read_message_by_standard(trace_sink& sink);
     [[nodiscard]] bool read_payload(trace_sink& sink);
     void read_behind_messages(trace_sink& sink);
+    void activate_sps(unsigned int id);
+    void add_truncation();
 
     template <class Record, class... Context>
     [[nodiscard]] bool parse(Record& record, h2645_common_bitreader reader, trace_sink& sink,

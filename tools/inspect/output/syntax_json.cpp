@@ -1,9 +1,11 @@
 #include "output/syntax_json.h"
 
 #include "elements/meaning.h"
+#include "elements/sei_meaning.h"
 #include "elements/sei_name.h"
+#include "output/element_value.h"
 #include "output/fault_json.h"
-#include "output/hexadecimal.h"
+#include "output/json_writer.h"
 #include "units/type_name.h"
 
 #include <string>
@@ -13,11 +15,17 @@
 namespace kovran::inspect {
 namespace {
 
-// An object to which keys are still to be added.
-std::string open_object(const nlohmann::ordered_json& object) {
-    std::string text = object.dump();
-    text.pop_back();
-    return text;
+nlohmann::ordered_json json_value(const shown_element& element) {
+    switch (element.form) {
+        case value_form::bytes:
+            return nlohmann::ordered_json::binary({element.begin, element.end});
+        case value_form::text:
+            return text_of(element);
+        case value_form::bits:
+            return "0x" + digits_of_bits(element);
+        default:
+            return element.value;
+    }
 }
 
 }  // namespace
@@ -35,12 +43,16 @@ syntax_json::syntax_json(const nal_unit& unit, rule_set rules, output& lines)
     header["name"] = type_name(unit.header.nal_unit_type);
     header["nuh_layer_id"] = unit.header.nuh_layer_id;
     header["nuh_temporal_id_plus1"] = unit.header.nuh_temporal_id_plus1;
-    lines_.write(open_object(header));
+    write_open_object(header, lines_);
     lines_.write(",\"syntax\":");
 }
 
 void syntax_json::finish() {
-    lines_.write(messages_ == 0 ? object_.dump() : "]}");
+    if (messages_ == 0) {
+        write_json(object_, lines_);
+    } else {
+        lines_.write("]}");
+    }
     if (!out_of_range_.empty()) {
         lines_.write(",\"out_of_range\":[");
         out_of_range_.write_to(lines_);
@@ -48,11 +60,11 @@ void syntax_json::finish() {
     }
     if (!fault_.is_null()) {
         lines_.write(",\"fault\":");
-        lines_.write(fault_.dump());
+        write_json(fault_, lines_);
     }
     if (!unit_.faults.empty()) {
         lines_.write(",\"faults\":");
-        lines_.write(nlohmann::ordered_json(unit_.faults.texts()).dump());
+        write_json(unit_.faults.texts(), lines_);
     }
     lines_.write("}\n");
 }
@@ -78,8 +90,14 @@ void syntax_json::read(const shown_element& read_element) {
     nlohmann::ordered_json& place = at(read_element.name);
     if (is_extension_flag(read_element)) {
         place.push_back(read_element.value);
+    } else if (place.is_null()) {
+        place = json_value(read_element);
     } else {
-        place = read_element.value;
+        // The syntax has it more than once.
+        if (!place.is_array()) {
+            place = nlohmann::ordered_json::array({place});
+        }
+        place.push_back(json_value(read_element));
     }
     if (read_element.out_of_range) {
         out_of_range_.add(fmt::format("{}\"{}\"", out_of_range_.empty() ? "" : ",",
@@ -97,24 +115,20 @@ void syntax_json::begin_message(const h265_nal_sei_reader& message) {
     object_ = {{"payload_type", message.payload_type},
                {"payload_size", message.payload_size},
                {"name", sei_name(message)}};
-    payload_written_ = false;
     path_.open(fmt::format("sei_message[{}]", messages_));
     lines_.write(messages_ == 0 ? "{\"sei_message\":[" : ",");
     ++messages_;
 }
 
-// The last that is told of its message.
-void syntax_json::opaque_payload(const h265_nal_sei_reader& message) {
-    lines_.write(open_object(object_));
-    lines_.write(",\"payload\":\"");
-    write_hexadecimal(message.payload_begin, message.payload_end, lines_);
-    lines_.write("\"");
-    payload_written_ = true;
+void syntax_json::message(const h265_nal_sei_message& read) {
+    for (const std::string& words : meaning_of(read)) {
+        object_["meaning"].push_back(words);
+    }
 }
 
 void syntax_json::end_message() {
     path_.close();
-    lines_.write(payload_written_ ? "}" : object_.dump());
+    write_json(object_, lines_);
 }
 
 nlohmann::ordered_json& syntax_json::at(const h2645_common_element_name& name) {

@@ -16,8 +16,10 @@
 namespace kovran::inspect {
 
 // A unit as one line of JSON: its header, its syntax elements, and what is wrong with it.
-// Structures are objects, indexed elements and structures arrays, all values numbers. Entries of an
-// array that are not in the stream are null.
+// Structures are objects, indexed elements and structures arrays. Values are numbers; texts are
+// strings, and so are bytes, by their hexadecimal digits, and what is wider than 63 bits. Entries of
+// an array that are not in the stream are null; an element that a structure has more than once
+// without an index is an array of its values.
 //
 // The line is written as the unit is read: an SEI message when it ends, another unit at its end.
 class syntax_json : public trace_sink {
@@ -33,7 +35,7 @@ public:
     void read(const shown_element& read_element) override;
     void fault(const h265_fault& found) override;
     void begin_message(const h265_nal_sei_reader& message) override;
-    void opaque_payload(const h265_nal_sei_reader& message) override;
+    void message(const h265_nal_sei_message& read) override;
     void end_message() override;
 
 private:
@@ -46,7 +48,6 @@ private:
     std::vector<nlohmann::ordered_json*> open_;  // from the object to the structure that is walked
     element_path path_;                          // the same by names
     std::uint64_t messages_ = 0;
-    bool payload_written_ = false;  // with all of the message that stands before it
     spool out_of_range_;            // paths in quotes, with commas in between
     nlohmann::ordered_json fault_;  // the first one; null when there is none
 };

@@ -1,8 +1,9 @@
 #include "output/syntax_tree.h"
 
 #include "elements/meaning.h"
+#include "elements/sei_meaning.h"
 #include "elements/sei_name.h"
-#include "output/hexadecimal.h"
+#include "output/element_value.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -53,6 +54,17 @@ void syntax_tree::read(const shown_element& read_element) {
         line(to_string(read_element.name), {}, fmt::format("{} bits", read_element.width));
         return;
     }
+    if (read_element.form != value_form::number) {
+        end_run();
+        begin_line(to_string(read_element.name), /*padded=*/read_element.width != 0);
+        lines_.write(line_);
+        if (read_element.width != 0) {
+            lines_.write("  ");
+            write_value(read_element, lines_);
+        }
+        lines_.write("\n");
+        return;
+    }
     if (!run_values_.empty() && !read_element.out_of_range && !run_is_out_of_range_ &&
         (continues(run_begin_, run_end_, read_element.name) ||
          are_flags_of_an_extension(run_begin_, read_element))) {
@@ -84,16 +96,11 @@ void syntax_tree::begin_message(const h265_nal_sei_reader& message) {
     ++depth_;
 }
 
-void syntax_tree::opaque_payload(const h265_nal_sei_reader& message) {
-    if (message.payload_begin == message.payload_end) {
-        line("payload", {});
-        return;
+void syntax_tree::message(const h265_nal_sei_message& read) {
+    end_run();
+    for (const std::string& words : meaning_of(read)) {
+        line("= " + words, {});
     }
-    begin_line("payload", /*padded=*/true);
-    line_ += "  ";
-    lines_.write(line_);
-    write_hexadecimal(message.payload_begin, message.payload_end, lines_);
-    lines_.write("\n");
 }
 
 void syntax_tree::end_message() {

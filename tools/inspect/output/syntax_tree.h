@@ -24,7 +24,7 @@ public:
     void read(const shown_element& read_element) override;
     void fault(const h265_fault& found) override;
     void begin_message(const h265_nal_sei_reader& message) override;
-    void opaque_payload(const h265_nal_sei_reader& message) override;
+    void message(const h265_nal_sei_message& read) override;
     void end_message() override;
 
 private:

@@ -2,7 +2,7 @@
 
 #include "elements/meaning.h"
 #include "elements/sei_name.h"
-#include "output/hexadecimal.h"
+#include "output/element_value.h"
 
 #include <iterator>
 
@@ -23,25 +23,16 @@ void trace_lines::read(const shown_element& read_element) {
                read_element.width);
     if (is_extension_data(read_element)) {
         line_ += "not read\n";
-    } else {
-        fmt::format_to(std::back_inserter(line_), "{}\n", read_element.value);
+        lines_.write(line_);
+        return;
     }
     lines_.write(line_);
+    write_value(read_element, lines_);
+    lines_.write("\n");
 }
 
 void trace_lines::begin_message(const h265_nal_sei_reader& message) {
     path_.open(sei_name(message));
-}
-
-void trace_lines::opaque_payload(const h265_nal_sei_reader& message) {
-    const auto bits = [](const unsigned char* begin, const unsigned char* end) {
-        return 8 * static_cast<std::size_t>(end - begin);
-    };
-    begin_line("payload", "bytes", bits(payload_.begin(), message.payload_begin),
-               bits(message.payload_begin, message.payload_end));
-    lines_.write(line_);
-    write_hexadecimal(message.payload_begin, message.payload_end, lines_);
-    lines_.write("\n");
 }
 
 void trace_lines::end_message() {

@@ -39,7 +39,7 @@ public:
     }
 
     [[nodiscard]] first_difference::part part() const {
-        return {elements_.entries(), unit_.faults, reader_.fault()};
+        return {elements_.entries(), elements_.has_opaque_payload(), unit_.faults, reader_.fault()};
     }
     // Of all parts up to this one, and of the framing.
     [[nodiscard]] const fault_list& faults() const { return faults_; }

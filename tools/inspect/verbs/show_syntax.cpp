@@ -25,7 +25,6 @@ public:
     void end_structure() override {}
     void read(const shown_element&) override {}
     void begin_message(const h265_nal_sei_reader&) override {}
-    void opaque_payload(const h265_nal_sei_reader&) override {}
     void end_message() override {}
 };
 

@@ -4,6 +4,7 @@
 #include <kovran/export.h>
 #include <kovran/h2645_common/h2645_common_base_store.h>
 #include <kovran/h265/h265_fault.h>
+#include <kovran/h265/h265_nal.h>
 #include <kovran/h265/h265_nal_sei_reader.h>
 #include <kovran/h265/h265_nal_sps.h>
 #include <kovran/h265/h265_nal_vps.h>
@@ -60,6 +61,12 @@ struct h265_nal_sei_message {
 // The standard's name of a payload type, for display; "" for a type that has no record. Unlike
 // h265_nal_sei_payload_type_to_str() it does not ask for the kind of NAL unit.
 [[nodiscard]] KOVRAN_API const char* h265_nal_sei_payload_name(unsigned int payload_type);
+
+// Whether clause D.2.1 has the payload type in this kind of SEI NAL unit, in which a number that it
+// does not have there is reserved. True for types that have no record. parse_standard() reads
+// messages by their type in either kind.
+[[nodiscard]] KOVRAN_API bool h265_nal_sei_payload_is_in(unsigned int payload_type,
+                                                         h265_nal_unit_type nal_unit_type);
 
 }  // namespace kovran
 

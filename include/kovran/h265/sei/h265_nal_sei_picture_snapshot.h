@@ -1,0 +1,29 @@
+#ifndef KOVRAN_H265_SEI_H265_NAL_SEI_PICTURE_SNAPSHOT_H
+#define KOVRAN_H265_SEI_H265_NAL_SEI_PICTURE_SNAPSHOT_H
+
+#include <kovran/export.h>
+#include <kovran/h2645_common/h2645_common_bitreader.h>
+#include <kovran/h265/h265_fault.h>
+#include <kovran/h265/h265_trace.h>
+
+namespace kovran {
+
+// picture_snapshot(), clause D.2.10.
+struct h265_nal_sei_picture_snapshot {
+    static constexpr unsigned int payload_type = 15;
+    static constexpr const char* payload_name = "picture_snapshot";
+
+    unsigned int snapshot_id = 0;  // ue(v)
+
+    bool valid = false;  // the latest parse succeeded
+
+    // Reads one payload up to its last element, in a record that is reset first. False, with
+    // `valid` false: the data ends.
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_fault* fault = nullptr);
+    KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
+                                   h265_fault* fault = nullptr);
+};
+
+}  // namespace kovran
+
+#endif  // KOVRAN_H265_SEI_H265_NAL_SEI_PICTURE_SNAPSHOT_H

@@ -1,0 +1,23 @@
+#include <kovran/h265/sei/h265_nal_sei_knee_function_info.h>
+
+#include "h265/sei/h265_nal_sei_knee_function_info.syntax.h"
+#include "h265/sei/payload_parsing.h"
+
+namespace kovran {
+
+template bool walk_payload(reading<standard_rules>&, h265_nal_sei_knee_function_info&,
+                           const sei_context&);
+template bool walk_payload(tracing<standard_rules>&, h265_nal_sei_knee_function_info&,
+                           const sei_context&);
+
+bool h265_nal_sei_knee_function_info::parse_standard(h2645_common_bitreader& reader,
+                                                     h265_fault* fault) {
+    return parse_payload(*this, reader, fault);
+}
+
+bool h265_nal_sei_knee_function_info::parse_standard(h2645_common_bitreader& reader,
+                                                     h265_trace& trace, h265_fault* fault) {
+    return trace_payload(*this, reader, &trace, fault);
+}
+
+}  // namespace kovran

@@ -1,0 +1,25 @@
+#include <kovran/h265/sei/h265_nal_sei_segmented_rect_frame_packing_arrangement.h>
+
+#include "h265/sei/h265_nal_sei_segmented_rect_frame_packing_arrangement.syntax.h"
+#include "h265/sei/payload_parsing.h"
+
+namespace kovran {
+
+template bool walk_payload(reading<standard_rules>&,
+                           h265_nal_sei_segmented_rect_frame_packing_arrangement&,
+                           const sei_context&);
+template bool walk_payload(tracing<standard_rules>&,
+                           h265_nal_sei_segmented_rect_frame_packing_arrangement&,
+                           const sei_context&);
+
+bool h265_nal_sei_segmented_rect_frame_packing_arrangement::parse_standard(
+    h2645_common_bitreader& reader, h265_fault* fault) {
+    return parse_payload(*this, reader, fault);
+}
+
+bool h265_nal_sei_segmented_rect_frame_packing_arrangement::parse_standard(
+    h2645_common_bitreader& reader, h265_trace& trace, h265_fault* fault) {
+    return trace_payload(*this, reader, &trace, fault);
+}
+
+}  // namespace kovran

@@ -1,0 +1,57 @@
+#include <kovran/h265/sei/h265_nal_sei_ambient_viewing_environment.h>
+
+#include <kovran/h265/h265_trace.h>
+
+#include <gtest/gtest.h>
+
+#include "support/rbsp.h"
+#include "support/sei_payload.h"
+
+namespace kovran {
+namespace {
+
+TEST(H265NalSeiAmbientViewingEnvironment, HasALight) {
+    const auto ambient =
+        test::record_of<h265_nal_sei_ambient_viewing_environment>("x80x00x00x01 x3dx13 x90x00",
+                                                                  "ambient_illuminance 2147483649\n"
+                                                                  "ambient_light_x 15635\n"
+                                                                  "ambient_light_y 36864\n");
+    EXPECT_EQ(ambient.ambient_illuminance, 0x80000001U);
+    EXPECT_EQ(ambient.ambient_light_x, 15635);
+    EXPECT_EQ(ambient.ambient_light_y, 0x9000);
+}
+
+TEST(H265NalSeiAmbientViewingEnvironment, IsReadByItself) {
+    const auto payload = test::bytes_of("x80x00x00x01 x3dx13 x90x00");
+    h265_nal_sei_ambient_viewing_environment record;
+    h265_fault fault;
+    test::rbsp input(payload);
+    EXPECT_TRUE(record.parse_standard(input.reader));
+    EXPECT_TRUE(record.valid);
+    EXPECT_EQ(record.ambient_light_x, 15635);
+    test::rbsp traced(payload);
+    h265_trace trace;
+    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
+    EXPECT_EQ(trace.elements.size(), 3U);
+    EXPECT_EQ(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(record.ambient_light_x, 15635);
+    test::rbsp none;
+    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
+    EXPECT_FALSE(record.valid);
+    EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+TEST(H265NalSeiAmbientViewingEnvironment, IsNeverDark) {
+    h265_nal_sei_ambient_viewing_environment ambient;
+    h265_trace trace;
+    test::rbsp least(test::bytes_of("x00x00x00x01 x00x00 x00x00"));
+    EXPECT_TRUE(ambient.parse_standard(least.reader, trace));
+    EXPECT_FALSE(trace.elements.front().out_of_range);
+
+    test::rbsp none(test::bytes_of("x00x00x00x00 x00x00 x00x00"));
+    EXPECT_TRUE(ambient.parse_standard(none.reader, trace));
+    EXPECT_TRUE(trace.elements.front().out_of_range);
+}
+
+}  // namespace
+}  // namespace kovran

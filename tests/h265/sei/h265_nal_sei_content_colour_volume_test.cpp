@@ -1,0 +1,157 @@
+#include <kovran/h265/sei/h265_nal_sei_content_colour_volume.h>
+
+#include <kovran/h265/h265_trace.h>
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "support/rbsp.h"
+#include "support/sei_payload.h"
+
+namespace kovran {
+namespace {
+
+TEST(H265NalSeiContentColourVolume, HasEverything) {
+    const auto volume = test::record_of<h265_nal_sei_content_colour_volume>(
+        "0 1 1 1 1 1 00 x00x00x33xc2 x00x00x86xc4 xffxffxe2xb4 x80x00x00x00 "
+        "x00x00x84xd0 xffxffxffxff x00x00x00x32 xf0x00x00x00 x00x01x11x70",
+        "ccv_cancel_flag 0\n"
+        "ccv_persistence_flag 1\n"
+        "ccv_primaries_present_flag 1\n"
+        "ccv_min_luminance_value_present_flag 1\n"
+        "ccv_max_luminance_value_present_flag 1\n"
+        "ccv_avg_luminance_value_present_flag 1\n"
+        "ccv_reserved_zero_2bits 0\n"
+        "ccv_primaries_x[0] 13250\n"
+        "ccv_primaries_y[0] 34500\n"
+        "ccv_primaries_x[1] -7500\n"
+        "ccv_primaries_y[1] -2147483648\n"
+        "ccv_primaries_x[2] 34000\n"
+        "ccv_primaries_y[2] -1\n"
+        "ccv_min_luminance_value 50\n"
+        "ccv_max_luminance_value 4026531840\n"
+        "ccv_avg_luminance_value 70000\n",
+        {}, test::payload_end::takes_all);
+    EXPECT_TRUE(volume.ccv_persistence_flag);
+    EXPECT_EQ(volume.ccv_primaries_x, (std::array<int, 3>{13250, -7500, 34000}));
+    EXPECT_EQ(volume.ccv_primaries_y, (std::array<int, 3>{34500, -2147483647 - 1, -1}));
+    EXPECT_EQ(volume.ccv_min_luminance_value, 50U);
+    EXPECT_EQ(volume.ccv_max_luminance_value, 0xF0000000U);
+    EXPECT_EQ(volume.ccv_avg_luminance_value, 70000U);
+}
+
+TEST(H265NalSeiContentColourVolume, EndsNowhereElse) {
+    const std::vector<unsigned char> whole = test::bytes_of(
+        "0 1 1 1 1 1 00 x00x00x33xc2 x00x00x86xc4 xffxffxe2xb4 x80x00x00x00 "
+        "x00x00x84xd0 xffxffxffxff x00x00x00x32 xf0x00x00x00 x00x01x11x70");
+    for (std::size_t size = 1; size < whole.size(); ++size) {
+        const std::vector<unsigned char> first(whole.data(), whole.data() + size);
+        EXPECT_FALSE(
+            test::read_payload(h265_nal_sei_content_colour_volume::payload_type, first).read)
+            << size;
+    }
+}
+
+TEST(H265NalSeiContentColourVolume, HasPrimariesAlone) {
+    test::record_of<h265_nal_sei_content_colour_volume>(
+        "0 0 1 0 0 0 00 x00x00x33xc2 x00x00x86xc4 xffxffxe2xb4 x80x00x00x00 "
+        "x00x00x84xd0 xffxffxffxff",
+        "ccv_cancel_flag 0\n"
+        "ccv_persistence_flag 0\n"
+        "ccv_primaries_present_flag 1\n"
+        "ccv_min_luminance_value_present_flag 0\n"
+        "ccv_max_luminance_value_present_flag 0\n"
+        "ccv_avg_luminance_value_present_flag 0\n"
+        "ccv_reserved_zero_2bits 0\n"
+        "ccv_primaries_x[0] 13250\n"
+        "ccv_primaries_y[0] 34500\n"
+        "ccv_primaries_x[1] -7500\n"
+        "ccv_primaries_y[1] -2147483648\n"
+        "ccv_primaries_x[2] 34000\n"
+        "ccv_primaries_y[2] -1\n",
+        {}, test::payload_end::takes_all);
+}
+
+TEST(H265NalSeiContentColourVolume, HasTheLeastLuminanceAlone) {
+    test::record_of<h265_nal_sei_content_colour_volume>("0 0 0 1 0 0 00 x00x00x00x32",
+                                                        "ccv_cancel_flag 0\n"
+                                                        "ccv_persistence_flag 0\n"
+                                                        "ccv_primaries_present_flag 0\n"
+                                                        "ccv_min_luminance_value_present_flag 1\n"
+                                                        "ccv_max_luminance_value_present_flag 0\n"
+                                                        "ccv_avg_luminance_value_present_flag 0\n"
+                                                        "ccv_reserved_zero_2bits 0\n"
+                                                        "ccv_min_luminance_value 50\n",
+                                                        {}, test::payload_end::takes_all);
+}
+
+TEST(H265NalSeiContentColourVolume, HasTheGreatestLuminanceAlone) {
+    test::record_of<h265_nal_sei_content_colour_volume>("0 0 0 0 1 0 00 xf0x00x00x00",
+                                                        "ccv_cancel_flag 0\n"
+                                                        "ccv_persistence_flag 0\n"
+                                                        "ccv_primaries_present_flag 0\n"
+                                                        "ccv_min_luminance_value_present_flag 0\n"
+                                                        "ccv_max_luminance_value_present_flag 1\n"
+                                                        "ccv_avg_luminance_value_present_flag 0\n"
+                                                        "ccv_reserved_zero_2bits 0\n"
+                                                        "ccv_max_luminance_value 4026531840\n",
+                                                        {}, test::payload_end::takes_all);
+}
+
+TEST(H265NalSeiContentColourVolume, HasTheAverageLuminanceAlone) {
+    test::record_of<h265_nal_sei_content_colour_volume>("0 0 0 0 0 1 00 x00x01x11x70",
+                                                        "ccv_cancel_flag 0\n"
+                                                        "ccv_persistence_flag 0\n"
+                                                        "ccv_primaries_present_flag 0\n"
+                                                        "ccv_min_luminance_value_present_flag 0\n"
+                                                        "ccv_max_luminance_value_present_flag 0\n"
+                                                        "ccv_avg_luminance_value_present_flag 1\n"
+                                                        "ccv_reserved_zero_2bits 0\n"
+                                                        "ccv_avg_luminance_value 70000\n",
+                                                        {}, test::payload_end::takes_all);
+}
+
+TEST(H265NalSeiContentColourVolume, HasReservedBits) {
+    test::record_of<h265_nal_sei_content_colour_volume>("0 0 0 0 0 0 10",
+                                                        "ccv_cancel_flag 0\n"
+                                                        "ccv_persistence_flag 0\n"
+                                                        "ccv_primaries_present_flag 0\n"
+                                                        "ccv_min_luminance_value_present_flag 0\n"
+                                                        "ccv_max_luminance_value_present_flag 0\n"
+                                                        "ccv_avg_luminance_value_present_flag 0\n"
+                                                        "ccv_reserved_zero_2bits 2\n");
+}
+
+TEST(H265NalSeiContentColourVolume, EndsAnEarlierOne) {
+    const auto volume =
+        test::record_of<h265_nal_sei_content_colour_volume>("1", "ccv_cancel_flag 1\n");
+    EXPECT_TRUE(volume.ccv_cancel_flag);
+}
+
+TEST(H265NalSeiContentColourVolume, IsReadByItself) {
+    const auto payload = test::bytes_of(
+        "0 1 1 1 1 1 00 x00x00x33xc2 x00x00x86xc4 xffxffxe2xb4 x80x00x00x00 "
+        "x00x00x84xd0 xffxffxffxff x00x00x00x32 xf0x00x00x00 x00x01x11x70");
+    h265_nal_sei_content_colour_volume record;
+    h265_fault fault;
+    test::rbsp input(payload);
+    EXPECT_TRUE(record.parse_standard(input.reader));
+    EXPECT_TRUE(record.valid);
+    EXPECT_EQ(record.ccv_avg_luminance_value, 70000U);
+    test::rbsp traced(payload);
+    h265_trace trace;
+    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
+    EXPECT_EQ(trace.elements.size(), 16U);
+    EXPECT_EQ(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(record.ccv_avg_luminance_value, 70000U);
+    test::rbsp none;
+    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
+    EXPECT_FALSE(record.valid);
+    EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+}  // namespace
+}  // namespace kovran

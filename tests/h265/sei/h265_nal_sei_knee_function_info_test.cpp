@@ -1,0 +1,105 @@
+#include <kovran/h265/sei/h265_nal_sei_knee_function_info.h>
+
+#include <kovran/h265/h265_trace.h>
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "support/rbsp.h"
+#include "support/sei_payload.h"
+
+namespace kovran {
+namespace {
+
+TEST(H265NalSeiKneeFunctionInfo, HasPoints) {
+    const auto knee = test::record_of<h265_nal_sei_knee_function_info>(
+        "00110 0 1 x00x00x03xe8 x00x00x00x64 x00x00x0fxa0 x80x00x00x01 010 1001011000 "
+        "0011111010 1111101000 1111111111",
+        "knee_function_id 5\n"
+        "knee_function_cancel_flag 0\n"
+        "knee_function_persistence_flag 1\n"
+        "input_d_range 1000\n"
+        "input_disp_luminance 100\n"
+        "output_d_range 4000\n"
+        "output_disp_luminance 2147483649\n"
+        "num_knee_points_minus1 1\n"
+        "input_knee_point[0] 600\n"
+        "output_knee_point[0] 250\n"
+        "input_knee_point[1] 1000\n"
+        "output_knee_point[1] 1023\n");
+    EXPECT_EQ(knee.knee_function_id, 5U);
+    EXPECT_FALSE(knee.knee_function_cancel_flag);
+    EXPECT_TRUE(knee.knee_function_persistence_flag);
+    EXPECT_EQ(knee.input_d_range, 1000U);
+    EXPECT_EQ(knee.input_disp_luminance, 100U);
+    EXPECT_EQ(knee.output_d_range, 4000U);
+    EXPECT_EQ(knee.output_disp_luminance, 0x80000001U);
+    EXPECT_EQ(knee.input_knee_point, (std::vector<unsigned short>{600, 1000}));
+    EXPECT_EQ(knee.output_knee_point, (std::vector<unsigned short>{250, 1023}));
+}
+
+TEST(H265NalSeiKneeFunctionInfo, EndsAnEarlierOne) {
+    const auto knee =
+        test::record_of<h265_nal_sei_knee_function_info>("1 1",
+                                                         "knee_function_id 0\n"
+                                                         "knee_function_cancel_flag 1\n");
+    EXPECT_TRUE(knee.knee_function_cancel_flag);
+    EXPECT_TRUE(knee.input_knee_point.empty());
+}
+
+TEST(H265NalSeiKneeFunctionInfo, HasUpTo999Points) {
+    std::string bits =
+        "00110 0 1 x00x00x03xe8 x00x00x00x64 x00x00x0fxa0 x80x00x00x01 "
+        "0000000001111100111";
+    for (int i = 0; i < 999; ++i) {
+        bits += "0000000001 0000000010";
+    }
+    const test::sei_reading reading = test::read_payload(141, test::bytes_of(bits));
+    EXPECT_TRUE(reading.read);
+    const auto* const knee = std::get_if<h265_nal_sei_knee_function_info>(&reading.message.payload);
+    ASSERT_NE(knee, nullptr);
+    EXPECT_EQ(knee->output_knee_point, std::vector<unsigned short>(999, 2));
+}
+
+TEST(H265NalSeiKneeFunctionInfo, HasNoMoreThan999Points) {
+    EXPECT_EQ(test::refusal_of(h265_nal_sei_knee_function_info::payload_type,
+                               "00110 0 1 x00x00x03xe8 x00x00x00x64 x00x00x0fxa0 x80x00x00x01 "
+                               "0000000001111101000"),
+              "num_knee_points_minus1 at bit 151 is 999; allowed: 0 to 998");
+}
+
+TEST(H265NalSeiKneeFunctionInfo, HasNoMorePointsThanTheDataHolds) {
+    EXPECT_EQ(test::refusal_of(
+                  h265_nal_sei_knee_function_info::payload_type,
+                  "00110 0 1 x00x00x03xe8 x00x00x00x64 x00x00x0fxa0 x80x00x00x01 011 1001011000 "
+                  "0011111010 1111101000 1111111111"),
+              "num_knee_points_minus1 at bit 151 is 2; allowed: 0 to 1");
+}
+
+TEST(H265NalSeiKneeFunctionInfo, IsReadByItself) {
+    const auto payload = test::bytes_of(
+        "00110 0 1 x00x00x03xe8 x00x00x00x64 x00x00x0fxa0 x80x00x00x01 010 1001011000 "
+        "0011111010 1111101000 1111111111");
+    h265_nal_sei_knee_function_info record;
+    h265_fault fault;
+    test::rbsp input(payload);
+    EXPECT_TRUE(record.parse_standard(input.reader));
+    EXPECT_TRUE(record.valid);
+    EXPECT_EQ(record.input_knee_point.size(), 2U);
+    test::rbsp traced(payload);
+    h265_trace trace;
+    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
+    EXPECT_EQ(trace.elements.size(), 12U);
+    EXPECT_EQ(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(record.input_knee_point.size(), 2U);
+    test::rbsp none;
+    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
+    EXPECT_FALSE(record.valid);
+    EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+}  // namespace
+}  // namespace kovran

@@ -1,0 +1,112 @@
+#include <kovran/h265/sei/h265_nal_sei_mcts_extraction_info_nesting.h>
+
+#include <kovran/h265/h265_trace.h>
+#include <kovran/h265/sei/h265_nal_sei_alternative_transfer_characteristics.h>
+#include <kovran/h265/sei/h265_nal_sei_content_light_level_info.h>
+
+#include <variant>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "support/rbsp.h"
+#include "support/sei_payload.h"
+
+namespace kovran {
+namespace {
+
+TEST(H265NalSeiMctsExtractionInfoNesting, AppliesToTileSets) {
+    const auto nesting = test::record_of<h265_nal_sei_mcts_extraction_info_nesting>(
+        "0 010 1 011 010 0 0 0 0 0 x90 x04 x03xe8 x01x90 x93 x01 x12",
+        "all_mcts_flag 0\n"
+        "num_associated_mcts_minus1 1\n"
+        "idx_of_associated_mcts[0] 0\n"
+        "idx_of_associated_mcts[1] 2\n"
+        "num_sei_messages_in_mcts_extraction_nesting_minus1 1\n"
+        "mcts_nesting_zero_bit 0\n"
+        "mcts_nesting_zero_bit 0\n"
+        "mcts_nesting_zero_bit 0\n"
+        "mcts_nesting_zero_bit 0\n"
+        "mcts_nesting_zero_bit 0\n"
+        "sei_message[0].last_payload_type_byte 144\n"
+        "sei_message[0].last_payload_size_byte 4\n"
+        "sei_message[0].content_light_level_info.max_content_light_level 1000\n"
+        "sei_message[0].content_light_level_info.max_pic_average_light_level 400\n"
+        "sei_message[1].last_payload_type_byte 147\n"
+        "sei_message[1].last_payload_size_byte 1\n"
+        "sei_message[1].alternative_transfer_characteristics.preferred_transfer_characteristics "
+        "18\n",
+        {}, test::payload_end::takes_all);
+    EXPECT_FALSE(nesting.all_mcts_flag);
+    EXPECT_EQ(nesting.idx_of_associated_mcts, (std::vector<unsigned int>{0, 2}));
+    ASSERT_EQ(nesting.sei_message.size(), 2U);
+    EXPECT_TRUE(std::holds_alternative<h265_nal_sei_content_light_level_info>(
+        nesting.sei_message[0].payload));
+    EXPECT_TRUE(std::holds_alternative<h265_nal_sei_alternative_transfer_characteristics>(
+        nesting.sei_message[1].payload));
+}
+
+TEST(H265NalSeiMctsExtractionInfoNesting, AppliesToAllTileSets) {
+    const auto nesting = test::record_of<h265_nal_sei_mcts_extraction_info_nesting>(
+        "1 1 0 0 0 0 0 0 x93 x01 x12",
+        "all_mcts_flag 1\n"
+        "num_sei_messages_in_mcts_extraction_nesting_minus1 0\n"
+        "mcts_nesting_zero_bit 0\n"
+        "mcts_nesting_zero_bit 0\n"
+        "mcts_nesting_zero_bit 0\n"
+        "mcts_nesting_zero_bit 0\n"
+        "mcts_nesting_zero_bit 0\n"
+        "mcts_nesting_zero_bit 0\n"
+        "sei_message[0].last_payload_type_byte 147\n"
+        "sei_message[0].last_payload_size_byte 1\n"
+        "sei_message[0].alternative_transfer_characteristics.preferred_transfer_characteristics "
+        "18\n",
+        {}, test::payload_end::takes_all);
+    EXPECT_TRUE(nesting.all_mcts_flag);
+    EXPECT_EQ(nesting.sei_message.size(), 1U);
+}
+
+// 8 bits are left.
+TEST(H265NalSeiMctsExtractionInfoNesting, HasNoMoreTileSetsThanTheDataHolds) {
+    EXPECT_EQ(test::refusal_of(h265_nal_sei_mcts_extraction_info_nesting::payload_type,
+                               "0 0001001 1111 1111"),
+              "num_associated_mcts_minus1 at bit 17 is 8; allowed: 0 to 7");
+}
+
+// 4 bits and 3 bytes are left.
+TEST(H265NalSeiMctsExtractionInfoNesting, HasNoMoreMessagesThanTheDataHolds) {
+    EXPECT_EQ(test::refusal_of(h265_nal_sei_mcts_extraction_info_nesting::payload_type,
+                               "1 010 0 0 0 0 x93 x01 x12"),
+              "num_sei_messages_in_mcts_extraction_nesting_minus1 at bit 17 is 1; allowed: 0");
+}
+
+TEST(H265NalSeiMctsExtractionInfoNesting, HasWholeMessages) {
+    EXPECT_EQ(test::refusal_of(h265_nal_sei_mcts_extraction_info_nesting::payload_type,
+                               "1 010 0 0 0 0 x90 x04 x03xe8 x01x90"),
+              "the data ends before the end of sei_message[1].last_payload_type_byte at bit 72");
+}
+
+TEST(H265NalSeiMctsExtractionInfoNesting, IsReadByItself) {
+    const test::sei_stores stores;
+    const auto payload =
+        test::bytes_of("0 010 1 011 010 0 0 0 0 0 x90 x04 x03xe8 x01x90 x93 x01 x12");
+    h265_nal_sei_mcts_extraction_info_nesting record;
+    h265_fault fault;
+    test::rbsp input(payload);
+    EXPECT_TRUE(record.parse_standard(input.reader, stores.vps, stores.sps));
+    EXPECT_TRUE(record.valid);
+    EXPECT_EQ(record.sei_message.size(), 2U);
+    test::rbsp traced(payload);
+    h265_trace trace;
+    EXPECT_TRUE(record.parse_standard(traced.reader, stores.vps, stores.sps, trace, &fault));
+    EXPECT_EQ(trace.elements.size(), 17U);
+    EXPECT_EQ(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(record.sei_message.size(), 2U);
+    test::rbsp none;
+    EXPECT_FALSE(record.parse_standard(none.reader, stores.vps, stores.sps, &fault));
+    EXPECT_FALSE(record.valid);
+    EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+}  // namespace
+}  // namespace kovran

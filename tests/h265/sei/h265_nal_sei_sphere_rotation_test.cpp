@@ -1,0 +1,55 @@
+#include <kovran/h265/sei/h265_nal_sei_sphere_rotation.h>
+
+#include <kovran/h265/h265_trace.h>
+
+#include <gtest/gtest.h>
+
+#include "support/rbsp.h"
+#include "support/sei_payload.h"
+
+namespace kovran {
+namespace {
+
+TEST(H265NalSeiSphereRotation, TurnsAllWays) {
+    const auto sphere = test::record_of<h265_nal_sei_sphere_rotation>(
+        "0 1 100001 xffx4cx00x00 x00x5ax00x00 x80x00x00x00",
+        "sphere_rotation_cancel_flag 0\n"
+        "sphere_rotation_persistence_flag 1\n"
+        "sphere_rotation_reserved_zero_6bits 33\n"
+        "yaw_rotation -11796480\n"
+        "pitch_rotation 5898240\n"
+        "roll_rotation -2147483648\n");
+    EXPECT_TRUE(sphere.sphere_rotation_persistence_flag);
+    EXPECT_EQ(sphere.yaw_rotation, -11796480);
+    EXPECT_EQ(sphere.pitch_rotation, 5898240);
+    EXPECT_EQ(sphere.roll_rotation, -2147483647 - 1);
+}
+
+TEST(H265NalSeiSphereRotation, EndsAnEarlierOne) {
+    const auto sphere =
+        test::record_of<h265_nal_sei_sphere_rotation>("1", "sphere_rotation_cancel_flag 1\n");
+    EXPECT_TRUE(sphere.sphere_rotation_cancel_flag);
+}
+
+TEST(H265NalSeiSphereRotation, IsReadByItself) {
+    const auto payload = test::bytes_of("0 1 100001 xffx4cx00x00 x00x5ax00x00 x80x00x00x00");
+    h265_nal_sei_sphere_rotation record;
+    h265_fault fault;
+    test::rbsp input(payload);
+    EXPECT_TRUE(record.parse_standard(input.reader));
+    EXPECT_TRUE(record.valid);
+    EXPECT_EQ(record.pitch_rotation, 5898240);
+    test::rbsp traced(payload);
+    h265_trace trace;
+    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
+    EXPECT_EQ(trace.elements.size(), 6U);
+    EXPECT_EQ(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(record.pitch_rotation, 5898240);
+    test::rbsp none;
+    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
+    EXPECT_FALSE(record.valid);
+    EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+}  // namespace
+}  // namespace kovran
