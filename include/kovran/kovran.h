@@ -54,7 +54,11 @@
 #include <kovran/h265/h265_trace.h>
 #include <kovran/h265/h265_video_format.h>
 #include <kovran/h265/h265_vui_parameters.h>
+#include <kovran/h265/sei/h265_a53_captions.h>
+#include <kovran/h265/sei/h265_afd.h>
+#include <kovran/h265/sei/h265_bar_data.h>
 #include <kovran/h265/sei/h265_float_value.h>
+#include <kovran/h265/sei/h265_hdr10_plus.h>
 #include <kovran/h265/sei/h265_mastering_display.h>
 #include <kovran/h265/sei/h265_nal_sei_alpha_channel_info.h>
 #include <kovran/h265/sei/h265_nal_sei_alternative_depth_info.h>
@@ -124,6 +128,7 @@
 #include <kovran/h265/sei/h265_nal_sei_tone_mapping_info.h>
 #include <kovran/h265/sei/h265_nal_sei_user_data_registered_itu_t_t35.h>
 #include <kovran/h265/sei/h265_nal_sei_user_data_unregistered.h>
+#include <kovran/h265/sei/h265_t35_user_data.h>
 #include <kovran/h265/sei/h265_unregistered_user_data.h>
 
 #endif  // KOVRAN_KOVRAN_H
