@@ -6,6 +6,7 @@
 #include <kovran/h265/h265_profile.h>
 #include <kovran/h265/h265_slice_segment_header.h>
 #include <kovran/h265/h265_video_format.h>
+#include <kovran/h265/sei/h265_nal_sei_message.h>
 
 #include <algorithm>
 #include <array>
@@ -38,6 +39,29 @@ std::string source_scan_type(std::int64_t value) {
     return timing.source_scan_type_to_str();
 }
 
+// Tables that the library has.
+template <const char* (*name_of)(unsigned int)>
+std::string library_name(std::int64_t value) {
+    return name_of(static_cast<unsigned int>(value));
+}
+
+std::string description_type(std::int64_t value) {
+    return h265_nal_sei_sei_manifest::manifest_sei_description_to_str(
+        static_cast<unsigned char>(value));
+}
+
+std::string depth_type(std::int64_t value) {
+    h265_nal_sei_alternative_depth_info info;
+    info.depth_type = static_cast<unsigned char>(value);
+    return info.depth_type_to_str();
+}
+
+std::string depth_representation_type(std::int64_t value) {
+    h265_nal_sei_depth_representation_info info;
+    info.depth_representation_type = static_cast<unsigned int>(value);
+    return info.depth_representation_type_to_str();
+}
+
 struct table_of_element {
     std::string_view element;
     std::string (*meaning)(std::int64_t value);
@@ -61,6 +85,32 @@ constexpr std::array tables = {
     table_of_element{"slice_type", slice_type},
     table_of_element{"pic_struct", pic_struct},
     table_of_element{"source_scan_type", source_scan_type},
+    table_of_element{"ffinfo_pic_struct", pic_struct},
+    table_of_element{"ffinfo_source_scan_type", source_scan_type},
+    table_of_element{"film_grain_model_id", library_name<h265_nal_sei_film_grain_model_id_to_str>},
+    table_of_element{"blending_mode_id",
+                     library_name<h265_nal_sei_film_grain_blending_mode_id_to_str>},
+    table_of_element{"film_grain_colour_primaries", colour_primaries_name},
+    table_of_element{"film_grain_transfer_characteristics", transfer_characteristics_name},
+    table_of_element{"film_grain_matrix_coeffs", matrix_coeffs_name},
+    table_of_element{"tone_map_model_id", library_name<h265_nal_sei_tone_map_model_id_to_str>},
+    table_of_element{"frame_packing_arrangement_type",
+                     library_name<h265_nal_sei_frame_packing_arrangement_type_to_str>},
+    table_of_element{"content_interpretation_type",
+                     library_name<h265_nal_sei_content_interpretation_type_to_str>},
+    table_of_element{"green_metadata_type", library_name<h265_nal_sei_green_metadata_type_to_str>},
+    table_of_element{"hash_type", library_name<h265_nal_sei_hash_type_to_str>},
+    table_of_element{"mcts_level_idc", level_name},
+    table_of_element{"mcts_max_level_idc", level_name},
+    table_of_element{"colour_remap_primaries", colour_primaries_name},
+    table_of_element{"colour_remap_transfer_function", transfer_characteristics_name},
+    table_of_element{"colour_remap_matrix_coefficients", matrix_coeffs_name},
+    table_of_element{"preferred_transfer_characteristics", transfer_characteristics_name},
+    table_of_element{"depth_representation_type", depth_representation_type},
+    table_of_element{"depth_type", depth_type},
+    table_of_element{"manifest_sei_payload_type", library_name<h265_nal_sei_payload_name>},
+    table_of_element{"manifest_sei_description", description_type},
+    table_of_element{"prefix_sei_payload_type", library_name<h265_nal_sei_payload_name>},
 };
 
 constexpr std::array<std::string_view, 9> framing = {

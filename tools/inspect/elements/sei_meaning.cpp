@@ -94,7 +94,7 @@ lines lines_of(const h265_nal_sei_decoded_picture_hash& hash) {
 
 lines lines_of(const h265_nal_sei_time_code& code) {
     std::string words;
-    for (const auto& clock : code.clock_timestamp) {
+    for (const auto& clock : code.clock_timestamps) {
         if (clock.clock_timestamp_flag) {
             words += (words.empty() ? "" : ", ") + clock.time_to_str();
         }

@@ -1,5 +1,6 @@
 #include "output/sei_summary.h"
 
+#include <kovran/h265/sei/h265_t35_user_data.h>
 #include <kovran/h265/sei/h265_unregistered_user_data.h>
 
 #include "elements/sei_meaning.h"
@@ -62,7 +63,18 @@ void sei_summary::add(const h265_nal_sei_message& message) {
 }
 
 void sei_summary::add_payload(const h265_nal_sei_user_data_registered_itu_t_t35& user_data) {
-    static_cast<void>(user_data);
+    h265_t35_user_data codes;
+    static_cast<void>(codes.parse(user_data));
+    switch (codes.kind) {
+        case h265_t35_kind::hdr10_plus:
+            ++hdr10_plus_messages_;
+            break;
+        case h265_t35_kind::a53_captions:
+            ++caption_messages_;
+            break;
+        default:
+            break;
+    }
 }
 
 void sei_summary::add_payload(const h265_nal_sei_user_data_unregistered& user_data) {
@@ -73,7 +85,7 @@ void sei_summary::add_payload(const h265_nal_sei_user_data_unregistered& user_da
 }
 
 void sei_summary::add_payload(const h265_nal_sei_time_code& code) {
-    for (const auto& clock : code.clock_timestamp) {
+    for (const auto& clock : code.clock_timestamps) {
         if (clock.clock_timestamp_flag && time_codes_++ == 0) {
             first_time_code_ = clock.time_to_str();
         }

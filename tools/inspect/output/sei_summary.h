@@ -33,7 +33,6 @@ private:
     // Each once, in words; empty when there is none.
     std::string mastering_display_;
     std::string light_level_;
-    std::string hdr10_plus_;
     std::string alternative_transfer_;
     std::string first_time_code_;
     std::string encoder_;
