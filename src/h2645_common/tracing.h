@@ -247,6 +247,7 @@ public:
                 static_cast<void>(trailing_bit("payload_bit_equal_to_zero", 0));
             }
         } while (this->reader.bits_left() > 0);
+        position_ = this->reader.bit_position();
         return true;
     }
 

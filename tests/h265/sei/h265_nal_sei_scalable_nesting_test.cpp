@@ -43,5 +43,41 @@ TEST(ScalableNesting, AppliesToOperationPoints) {
         std::holds_alternative<h265_nal_sei_recovery_point>(nesting.sei_message.front().payload));
 }
 
+// The bits that close a message stand before the next one.
+TEST(ScalableNesting, HasOneMessageBehindTheOther) {
+    const auto nesting = test::record_of<h265_nal_sei_scalable_nesting>(
+        "0 0 1 00000  x06 x01 1 1 0 1 0000  x06 x01 1 1 0 1 0000",
+        "bitstream_subset_flag 0\n"
+        "nesting_op_flag 0\n"
+        "all_layers_flag 1\n"
+        "nesting_zero_bit 0\n"
+        "nesting_zero_bit 0\n"
+        "nesting_zero_bit 0\n"
+        "nesting_zero_bit 0\n"
+        "nesting_zero_bit 0\n"
+        "sei_message[0].last_payload_type_byte 6\n"
+        "sei_message[0].last_payload_size_byte 1\n"
+        "sei_message[0].recovery_point.recovery_poc_cnt 0\n"
+        "sei_message[0].recovery_point.exact_match_flag 1\n"
+        "sei_message[0].recovery_point.broken_link_flag 0\n"
+        "sei_message[0].recovery_point.payload_bit_equal_to_one 1\n"
+        "sei_message[0].recovery_point.payload_bit_equal_to_zero 0\n"
+        "sei_message[0].recovery_point.payload_bit_equal_to_zero 0\n"
+        "sei_message[0].recovery_point.payload_bit_equal_to_zero 0\n"
+        "sei_message[0].recovery_point.payload_bit_equal_to_zero 0\n"
+        "sei_message[1].last_payload_type_byte 6\n"
+        "sei_message[1].last_payload_size_byte 1\n"
+        "sei_message[1].recovery_point.recovery_poc_cnt 0\n"
+        "sei_message[1].recovery_point.exact_match_flag 1\n"
+        "sei_message[1].recovery_point.broken_link_flag 0\n"
+        "sei_message[1].recovery_point.payload_bit_equal_to_one 1\n"
+        "sei_message[1].recovery_point.payload_bit_equal_to_zero 0\n"
+        "sei_message[1].recovery_point.payload_bit_equal_to_zero 0\n"
+        "sei_message[1].recovery_point.payload_bit_equal_to_zero 0\n"
+        "sei_message[1].recovery_point.payload_bit_equal_to_zero 0\n",
+        {}, test::payload_end::takes_all);
+    EXPECT_EQ(nesting.sei_message.size(), 2U);
+}
+
 }  // namespace
 }  // namespace kovran
