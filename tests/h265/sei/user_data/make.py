@@ -69,13 +69,13 @@ def hdr10_plus():
 def output_of(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
-# The fields of a frame's side data, a line for each run of values of a name; ffprobe divides some of them.
+# The fields of a frame's side data, a line for each array; ffprobe divides some values.
 def fields(frame):
     text = "".join(re.findall(r"\[SIDE_DATA\]\n(.*?)\[/SIDE_DATA\]", frame, re.S))
     text = re.sub(r"(?<=\d)/\d+$", "", text, flags=re.M)
     # It tells the first corner of a window once more behind the second one.
     text = re.sub(r"(lower_right_corner_y=.*\n)window_upper.*\nwindow_upper.*\n", r"\1", text)
-    return re.sub(r"^(.*)=(.*)\n((?:\1=.*\n)+)", lambda run: "%s=%s %s\n" % (
+    return re.sub(r"^(maxscl|bezier_curve_anchors|\w+_actual_peak_luminance)=(.*)\n((?:\1=.*\n)+)", lambda run: "%s=%s %s\n" % (
         run[1], run[2], " ".join(re.findall("=(.*)", run[3]))), text, flags=re.M)
 
 def write_stream(payloads, folder):
