@@ -4,6 +4,8 @@
 #include "h265/sei/t35_application_data.h"
 #include "h265/start_afresh.h"
 
+#include <cstddef>
+
 namespace kovran {
 
 bool h265_a53_captions::parse(const h265_nal_sei_user_data_registered_itu_t_t35& user_data) {
@@ -18,7 +20,7 @@ bool h265_a53_captions::parse(const h265_nal_sei_user_data_registered_itu_t_t35&
     additional_data_flag = reader->get<bool>(1);
     cc_count = reader->get<unsigned char>(5);
     em_data = reader->get<unsigned char>(8);
-    constexpr unsigned int cc_bits = 24;
+    constexpr std::size_t cc_bits = 24;
     if (!t35_data_holds(*reader, cc_count * cc_bits) || !try_resize(cc_count, cc_data)) {
         return false;
     }

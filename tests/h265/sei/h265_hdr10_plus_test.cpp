@@ -132,12 +132,18 @@ TEST(H265Hdr10Plus, HasTablesOf2To25RowsAndColumns) {
     const std::string mastering =
         "x01 01 000000000000000000000000000 0" + std::string(hdr10_plus_light) + "1";
     for (const std::string& begin : {targeted, mastering}) {
-        EXPECT_TRUE(hdr10_plus_is_read(begin + "00010 00010" + rest));
-        EXPECT_TRUE(hdr10_plus_is_read(begin + "11001 11001" + rest));
-        EXPECT_FALSE(hdr10_plus_is_read(begin + "00001 00010" + rest));
-        EXPECT_FALSE(hdr10_plus_is_read(begin + "00010 00001" + rest));
-        EXPECT_FALSE(hdr10_plus_is_read(begin + "11010 00010" + rest));
-        EXPECT_FALSE(hdr10_plus_is_read(begin + "00010 11010" + rest));
+        const auto is_read = [&](const char* rows_and_columns) {
+            std::string bits = begin;
+            bits += rows_and_columns;
+            bits += rest;
+            return hdr10_plus_is_read(bits);
+        };
+        EXPECT_TRUE(is_read("00010 00010"));
+        EXPECT_TRUE(is_read("11001 11001"));
+        EXPECT_FALSE(is_read("00001 00010"));
+        EXPECT_FALSE(is_read("00010 00001"));
+        EXPECT_FALSE(is_read("11010 00010"));
+        EXPECT_FALSE(is_read("00010 11010"));
     }
 }
 

@@ -1,6 +1,5 @@
 #include <kovran/h265/sei/h265_nal_sei_alternative_depth_info.h>
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -214,7 +213,7 @@ TEST(H265NalSeiAlternativeDepthInfo, HasEachOfTheValuesAlone) {
         return test::parsed_alone<h265_nal_sei_alternative_depth_info>("0 00 1 0" + flags + rest)
             .record;
     };
-    const auto zeros = [](std::size_t count) { return std::string(count, '0'); };
+    const auto zeros = [](unsigned int count) { return std::string(count, '0'); };
     EXPECT_EQ(info("1 0 0 0", zeros(2 * 2 * 14)).gvd_z.size(), 2U);
     EXPECT_EQ(info("0 1 0 0", "1 1" + zeros(2 * 4 * 7)).gvd_intrinsic_params.size(), 2U);
     EXPECT_EQ(info("0 0 1 0", "1" + zeros(2 * 9 * 7)).gvd_r.size(), 2U);
@@ -252,7 +251,7 @@ TEST(H265NalSeiAlternativeDepthInfo, HasViewsThatTheDataHolds) {
         EXPECT_TRUE(info.gvd_z.empty() && info.gvd_intrinsic_params.empty());
         EXPECT_TRUE(info.gvd_r.empty() && info.gvd_t_x.empty());
     };
-    const auto zeros = [](std::size_t count) { return std::string(count, '0'); };
+    const auto zeros = [](unsigned int count) { return std::string(count, '0'); };
     expect_refused("0 00 010 0 1 0 0 0" + zeros(77), 1, 0);
     expect_refused("0 00 010 0 0 1 0 0" + zeros(77), 1, 0);
     expect_refused("0 00 010 0 0 0 1 0" + zeros(181), 1, 0);

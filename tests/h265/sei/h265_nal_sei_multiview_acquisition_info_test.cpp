@@ -114,7 +114,7 @@ TEST(H265NalSeiMultiviewAcquisitionInfo, HasIntrinsicParametersOfEachView) {
 // Two views: 2 * 84 bits without mantissas.
 TEST(H265NalSeiMultiviewAcquisitionInfo, TakesTheViewsFromTheNestingMessage) {
     std::string payload = "0 1  1 1";
-    payload += std::string(2 * 84, '0') + "1000";
+    payload += std::string(168, '0') + "1000";
     const test::sei_reading reading = test::read_payload(
         133, test::bytes_of("0 0 0 111 010 000000 000001 000  xb3 x16" + payload));
     ASSERT_TRUE(reading.read) << to_string(reading.fault);

@@ -38,12 +38,12 @@ TEST(H265NalSeiShutterIntervalInfo, HasAnIntervalForEachSubLayer) {
 
 TEST(H265NalSeiShutterIntervalInfo, HasUpTo8SubLayers) {
     const auto info = test::parsed_alone<h265_nal_sei_shutter_interval_info>(
-        "x00x00x00x18 0 111" + std::string(8 * 32, '0'));
+        "x00x00x00x18 0 111" + std::string(256, '0'));
     EXPECT_EQ(info.record.sub_layer_num_units_in_shutter_interval.size(), 8U);
 }
 
 TEST(H265NalSeiShutterIntervalInfo, HasSubLayersThatTheDataHolds) {
-    EXPECT_EQ(test::refusal_of(205, "x00x00x00x18 0 111" + std::string(7 * 32, '0')),
+    EXPECT_EQ(test::refusal_of(205, "x00x00x00x18 0 111" + std::string(224, '0')),
               "sii_max_sub_layers_minus1 at bit 49 is 7; allowed: 0 to 6");
 }
 

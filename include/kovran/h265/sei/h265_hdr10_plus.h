@@ -48,8 +48,8 @@ struct h265_hdr10_plus {
     unsigned char num_windows = 0;          // u(2)
     std::vector<window_t> windows;          // num_windows entries
 
-    unsigned int targeted_system_display_maximum_luminance =
-        0;  // u(27), in candela per square metre
+    // u(27), in candela per square metre.
+    unsigned int targeted_system_display_maximum_luminance = 0;
 
     // Peak luminances of parts of a display, row by row, of 15; each table when its flag is set.
     bool targeted_system_display_actual_peak_luminance_flag = false;           // u(1)
@@ -65,7 +65,7 @@ struct h265_hdr10_plus {
 
     // Reads the metadata in a record that is reset first. False, with `valid` false: the user data
     // is of another kind, application_version is neither 0 nor 1, there is no window, a table has
-    // not 2 to 25 rows and columns, the data ends, or there is no memory.
+    // fewer than 2 or more than 25 rows or columns, the data ends, or there is no memory.
     KOVRAN_API bool parse(const h265_nal_sei_user_data_registered_itu_t_t35& user_data);
 };
 

@@ -30,8 +30,8 @@ struct h265_nal_sei_alternative_depth_info {
         h265_float_value principal_point_x;
         h265_float_value principal_point_y;
     };
-    using rotation_t =
-        std::array<std::array<h265_float_value, 3>, 3>;  // by row and column, likewise
+    // Likewise, by row and column.
+    using rotation_t = std::array<std::array<h265_float_value, 3>, 3>;
 
     bool alternative_depth_info_cancel_flag = false;  // u(1): nothing follows
 

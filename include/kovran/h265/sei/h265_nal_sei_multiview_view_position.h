@@ -16,8 +16,9 @@ struct h265_nal_sei_multiview_view_position {
     static constexpr const char* payload_name = "multiview_view_position";
 
     unsigned int num_views_minus1 = 0;  // ue(v)
-    std::vector<unsigned int>
-        view_position;  // ue(v), num_views_minus1 + 1 entries: from left to right
+
+    // num_views_minus1 + 1 entries: where the views are, from left to right.
+    std::vector<unsigned int> view_position;  // ue(v)
 
     bool valid = false;  // the latest parse succeeded
 

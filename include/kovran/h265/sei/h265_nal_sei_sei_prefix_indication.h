@@ -18,8 +18,7 @@ struct h265_nal_sei_sei_prefix_indication {
     // The first bits of a payload of prefix_sei_payload_type.
     struct sei_prefix_t {
         unsigned short num_bits_in_prefix_indication_minus1 = 0;  // u(16)
-        std::vector<bool>
-            sei_prefix_data_bit;  // u(1), num_bits_in_prefix_indication_minus1 + 1 entries
+        std::vector<bool> sei_prefix_data_bit;                    // u(1), one more than that
     };
 
     unsigned short prefix_sei_payload_type = 0;           // u(16)

@@ -20,12 +20,11 @@ struct h265_nal_sei_shutter_interval_info {
     // The shutter is open for so many units: one number for all pictures, or one for each
     // sub-layer.
     bool fixed_shutter_interval_within_clvs_flag = false;  // u(1)
-    unsigned int sii_num_units_in_shutter_interval =
-        0;  // u(32), when fixed_shutter_interval_within_clvs_flag
-    unsigned char sii_max_sub_layers_minus1 = 0;  // u(3), otherwise
-    std::vector<unsigned int>
-        sub_layer_num_units_in_shutter_interval;  // u(32), sii_max_sub_layers_minus1 + 1 entries,
-                                                  // likewise
+    unsigned int sii_num_units_in_shutter_interval = 0;    // u(32), when the flag is set
+
+    // Otherwise: sii_max_sub_layers_minus1 + 1 entries.
+    unsigned char sii_max_sub_layers_minus1 = 0;                        // u(3)
+    std::vector<unsigned int> sub_layer_num_units_in_shutter_interval;  // u(32)
 
     bool valid = false;  // the latest parse succeeded
 

@@ -26,8 +26,9 @@ struct h265_t35_user_data {
     unsigned char country = 0;    // itu_t_t35_country_code
     unsigned short provider = 0;  // the code that the country's registrar gave the provider
     h265_t35_kind kind = h265_t35_kind::other;
-    std::size_t data_begin =
-        0;  // the application's data in itu_t_t35_payload_byte: behind all codes
+
+    // Where the data of the application begins in itu_t_t35_payload_byte, behind all codes.
+    std::size_t data_begin = 0;
 
     bool valid = false;  // the latest parse succeeded
 
