@@ -81,7 +81,7 @@ private:
     h2645_common_fault& fault_;
 
     // The elements read last: a test may stand below the one after that which it tests.
-    std::array<read_element, 4> latest_{};
+    std::array<read_element, 8> latest_{};
     std::size_t reads_ = 0;
     bool last_is_whole_ = true;
 

@@ -48,7 +48,11 @@ public:
     template <class Element>
     [[gnu::always_inline]] void u_v(unsigned char width, Element target,
                                     value_range /*allowed*/ = {}) {
-        store(target, reader.get<unsigned int>(width));
+        if constexpr (sizeof(value_type<decltype(target.field)>) > sizeof(unsigned int)) {
+            target.field = wide_value(width);
+        } else {
+            store(target, reader.get<unsigned int>(width));
+        }
     }
 
     template <class Element>
@@ -357,6 +361,17 @@ private:
     template <class Field>
     using value_type =
         std::conditional_t<std::is_lvalue_reference_v<Field>, std::remove_reference_t<Field>, bool>;
+
+    // Up to 64 bits.
+    [[nodiscard]] std::uint64_t wide_value(unsigned char width) {
+        constexpr unsigned char low_bits = 32;
+        if (width <= low_bits) {
+            return reader.get<unsigned int>(width);
+        }
+        const std::uint64_t high =
+            reader.get<unsigned int>(static_cast<unsigned char>(width - low_bits));
+        return high << low_bits | reader.get<unsigned int>(low_bits);
+    }
 
     // Of the next bytes; all of them when none is zero.
     [[nodiscard]] std::size_t bytes_before_zero(std::size_t count) const {

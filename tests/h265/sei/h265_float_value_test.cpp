@@ -1,5 +1,6 @@
 #include <kovran/h265/sei/h265_float_value.h>
 
+#include <cstdint>
 #include <optional>
 
 #include <gtest/gtest.h>
@@ -8,7 +9,7 @@ namespace kovran {
 namespace {
 
 h265_float_value float_value_of(unsigned char exponent_length, unsigned char exponent,
-                                unsigned char mantissa_length, unsigned int mantissa) {
+                                unsigned char mantissa_length, std::uint64_t mantissa) {
     h265_float_value value;
     value.exponent_length = exponent_length;
     value.exponent = exponent;
@@ -47,9 +48,10 @@ TEST(H265FloatValue, IsUnspecifiedWhenTheExponentIsAllOnes) {
     EXPECT_EQ(float_value_of(7, 127, 1, 0).value(), std::nullopt);
 }
 
-TEST(H265FloatValue, IsNotKnownOfMantissasThatDoNotFit) {
+TEST(H265FloatValue, MayHaveAMantissaOf62Bits) {
     EXPECT_EQ(float_value_of(6, 31, 32, 0x80000000).value(), 1.5);
-    EXPECT_EQ(float_value_of(6, 31, 33, 0x80000000).value(), std::nullopt);
+    EXPECT_EQ(float_value_of(6, 31, 33, 0x80000000).value(), 1.25);
+    EXPECT_EQ(float_value_of(6, 31, 62, std::uint64_t{1} << 61).value(), 1.5);
 }
 
 TEST(H265FloatValue, IsNotKnownWhenNotInTheStream) {

@@ -36,10 +36,23 @@ TEST(H265NalSeiFillerPayload, TellsOfOtherBytesThanFf) {
     h265_nal_sei_filler_payload filler;
     h265_trace trace;
     EXPECT_TRUE(filler.parse_standard(input.reader, trace));
-    ASSERT_EQ(trace.elements.size(), 2U);
-    EXPECT_EQ(path_of(trace, trace.elements[1]), "ff_byte");
+    ASSERT_EQ(trace.elements.size(), 1U);
+    EXPECT_EQ(path_of(trace, trace.elements[0]), "ff_byte[0..1]");
+    EXPECT_EQ(trace.elements[0].run, 2U);
+    EXPECT_EQ(trace.elements[0].value, 0);
+    EXPECT_TRUE(trace.elements[0].out_of_range);
+}
+
+// One element, however many bytes there are.
+TEST(H265NalSeiFillerPayload, IsToldInOneElement) {
+    const std::vector<unsigned char> bytes(1000, 0xFF);
+    h2645_common_bitreader reader(bytes.data(), bytes.data() + bytes.size());
+    h265_nal_sei_filler_payload filler;
+    h265_trace trace;
+    EXPECT_TRUE(filler.parse_standard(reader, trace));
+    ASSERT_EQ(trace.elements.size(), 1U);
+    EXPECT_EQ(trace.elements[0].width, 8000U);
     EXPECT_FALSE(trace.elements[0].out_of_range);
-    EXPECT_TRUE(trace.elements[1].out_of_range);
 }
 
 }  // namespace

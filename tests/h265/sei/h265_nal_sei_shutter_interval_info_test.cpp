@@ -37,8 +37,8 @@ TEST(H265NalSeiShutterIntervalInfo, HasAnIntervalForEachSubLayer) {
 }
 
 TEST(H265NalSeiShutterIntervalInfo, HasUpTo8SubLayers) {
-    const auto info = test::parsed_alone<h265_nal_sei_shutter_interval_info>(
-        "x00x00x00x18 0 111" + std::string(256, '0'));
+    const auto info = test::parsed_alone<h265_nal_sei_shutter_interval_info>("x00x00x00x18 0 111" +
+                                                                             std::string(256, '0'));
     EXPECT_EQ(info.record.sub_layer_num_units_in_shutter_interval.size(), 8U);
 }
 

@@ -71,14 +71,14 @@ TEST(H265NalSeiThreeDimensionalReferenceDisplaysInfo, HasMantissasOfUpTo62Bits) 
         "left_view_id[1] 0\n"
         "right_view_id[1] 0\n"
         "exponent_ref_display_width[1] 62\n"
-        "mantissa_ref_display_width[1] 3\n"
+        "mantissa_ref_display_width[1] 2305843009213693955\n"
         "additional_shift_present_flag[1] 0\n"
         "three_dimensional_reference_displays_extension_flag 0\n");
     ASSERT_EQ(info.reference_displays.size(), 2U);
     EXPECT_EQ(info.reference_displays[0].ref_display_width.value(), 0x1p-31);
     EXPECT_EQ(info.reference_displays[0].ref_viewing_distance.value(), std::nullopt);
     EXPECT_EQ(info.reference_displays[1].ref_display_width.mantissa_length, 62);
-    EXPECT_EQ(info.reference_displays[1].ref_display_width.value(), std::nullopt);
+    EXPECT_EQ(info.reference_displays[1].ref_display_width.value(), 0x1.8p31);
 }
 
 TEST(H265NalSeiThreeDimensionalReferenceDisplaysInfo, HasPrecisionsUpTo31) {

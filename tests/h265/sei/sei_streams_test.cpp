@@ -68,7 +68,8 @@ message_elements elements_of(const h265_nal_sei_message& message, const h265_tra
             const expected_element run = all.back();
             all.pop_back();
             for (std::size_t i = 0; i < each.run; ++i) {
-                all.push_back({"ff_byte", "255", run.bit + 8 * i, 8});
+                all.push_back(
+                    {"ff_byte", std::to_string(rbsp[run.bit / 8 + i]), run.bit + 8 * i, 8});
             }
         }
     }

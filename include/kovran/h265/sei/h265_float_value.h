@@ -3,6 +3,7 @@
 
 #include <kovran/export.h>
 
+#include <cstdint>
 #include <optional>
 
 namespace kovran {
@@ -14,10 +15,10 @@ struct h265_float_value {
     unsigned char exponent = 0;         // u(6) or u(7)
     unsigned char exponent_length = 0;  // in bits
     unsigned char mantissa_length = 0;  // in bits
-    unsigned int mantissa = 0;          // u(v): of more than 32 bits, the last ones
+    std::uint64_t mantissa = 0;         // u(v)
 
-    // Nothing when all bits of the exponent are 1, which leaves the value unspecified, when the
-    // mantissa has more than 32 bits, or when the value is not in the stream.
+    // Nothing when all bits of the exponent are 1, which leaves the value unspecified, or when the
+    // value is not in the stream.
     [[nodiscard]] KOVRAN_API std::optional<double> value() const;
 };
 
