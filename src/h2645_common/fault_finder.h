@@ -49,7 +49,10 @@ public:
     void refuse(const h2645_common_element_name& name, std::size_t bit, std::int64_t value,
                 std::int64_t highest);
     // The element read last, where a part is refused that does not end the walk.
-    void refuse_last() { tell_refusal_of_last(); }
+    void refuse_last() {
+        tell_refusal_of_last();
+        is_of_part_ = true;
+    }
     void missing(const char* parameter_set, unsigned int id);
     void no_memory();
     void unknown_extension();
@@ -84,6 +87,7 @@ private:
     std::array<read_element, 8> latest_{};
     std::size_t reads_ = 0;
     bool last_is_whole_ = true;
+    bool is_of_part_ = false;  // what has been told
 
     path structures_{};
     unsigned int depth_ = 0;

@@ -93,7 +93,8 @@ bool walk_message(Walker& walk, h265_nal_sei_message& message, const sei_context
     const std::size_t size = std::min<std::size_t>(message.payload_size, left);
 
     const walk_function<Walker> walk_record = function_of<Walker>(message.payload_type);
-    if (whole && walk_record != nullptr && context.depth <= message.most_nestings) {
+    if (whole && walk_record != nullptr &&
+        walk.at_most(named("nesting_depth", context.depth), message.most_nestings)) {
         message.valid = walk.within(size, [&] {
             if (context.depth == 0) {
                 return known_payload(walk, message, walk_record, context);

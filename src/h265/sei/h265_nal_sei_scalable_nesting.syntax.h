@@ -73,7 +73,11 @@ template <class Walker>
         }
         return within;
     }
-    if (!nesting.default_op_flag) {
+    // The default one has the layers up to the NAL unit's own, which is the base layer.
+    constexpr unsigned int base_layer_alone = 0;
+    if (nesting.default_op_flag) {
+        within.operation_point = around.hrd_of_operation_point(base_layer_alone);
+    } else {
         within.operation_point = around.hrd_of_operation_point(nesting.nesting_op_idx.front());
         within.highest_sub_layer_plus1 = nesting.nesting_max_temporal_id_plus1.front();
     }

@@ -369,7 +369,7 @@ void unit_reader::read_behind_messages(trace_sink& sink) {
 }
 
 void unit_reader::activate_sps(unsigned int id) {
-    if (keeps_sets_) {
+    if (keeps_sets_ && sets_->sps.find(id) != sets_->sps.end()) {
         sets_->sps.active_id = id;
     }
 }
