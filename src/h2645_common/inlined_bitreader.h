@@ -66,6 +66,7 @@ public:
         constexpr unsigned int most_zeros = (window_bits - 1) / 2;
         const std::uint64_t bits = window();
         if (bits >> (word_bits - 1 - most_zeros) == 0) {
+            has_endless_code_ = has_endless_code_ || bits >> (word_bits - longest_prefix - 1) == 0;
             const long_code code = read_long_code(*this);
             position_ = code.end;
             return code.value;
@@ -75,6 +76,9 @@ public:
         return static_cast<unsigned int>(bits >> (word_bits - 1 - 2 * zeros)) - 1;
     }
     [[nodiscard, gnu::always_inline]] int se() { return signed_value(ue()); }
+
+    // Whether an Exp-Golomb code began with more zeros than the code of any value has.
+    [[nodiscard]] bool has_endless_code() const { return has_endless_code_; }
 
     void skip(unsigned int n) { position_ += n; }
     void skip_bytes(std::size_t n) { position_ += 8 * std::uint64_t{n}; }
@@ -178,6 +182,8 @@ private:
                std::uint64_t{byte[6]} << 8U | std::uint64_t{byte[7]};
     }
 
+    static constexpr unsigned int longest_prefix = 31;  // of 2^32 - 2
+
     struct long_code {
         unsigned int value;
         std::uint64_t end;
@@ -194,6 +200,7 @@ private:
     std::uint64_t position_;
     std::uint64_t last_word_bit_;  // where the last whole word begins, or 0
     std::uint64_t last_word_ = 0;  // that word, or all bytes and zeros behind them
+    bool has_endless_code_ = false;
 };
 
 }  // namespace kovran

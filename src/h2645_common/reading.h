@@ -351,7 +351,8 @@ protected:
     // Whether what was read ends in the data, and leaves so many bits.
     [[nodiscard]] bool holds(std::uint64_t entries, unsigned int fewest_bits) const {
         const std::int64_t left = reader.bits_left();
-        return left >= 0 && entries * fewest_bits <= static_cast<std::uint64_t>(left);
+        return left >= 0 && !reader.has_endless_code() &&
+               entries * fewest_bits <= static_cast<std::uint64_t>(left);
     }
 
     [[nodiscard]] bool payload_holds_all() const { return reader.bits_to_stop_bit() >= 0; }
