@@ -14,6 +14,8 @@ TEXTS = (b"", b"en", b"zh-Hant", "Überschrift".encode(), b"a label of several w
 
 
 class Inventor:
+    """Asked for more than MOST_BITS it refuses. `top` is what a value mostly stays below or at."""
+
     def __init__(self, rng):
         self.rng = rng
         self.pieces = []
