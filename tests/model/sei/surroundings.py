@@ -67,7 +67,7 @@ class Around:
     def activate(self, sps):
         """A message outside nests tells which SPS the slices behind it use."""
         if self.depth == 0:
-            self.sps = self.sps_by_id.get(sps)
+            self.sps = self.sps_by_id.get(sps, self.sps)
 
     def active_sps(self):
         if self.sps is None:
