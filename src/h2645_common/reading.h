@@ -355,7 +355,9 @@ protected:
                entries * fewest_bits <= static_cast<std::uint64_t>(left);
     }
 
-    [[nodiscard]] bool payload_holds_all() const { return reader.bits_to_stop_bit() >= 0; }
+    [[nodiscard]] bool payload_holds_all() const {
+        return reader.bits_to_stop_bit() >= 0 && !reader.has_endless_code();
+    }
 
 private:
     // What a field holds, by its reference; a flag of a bit vector has an object in place of one.

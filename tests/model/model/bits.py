@@ -30,6 +30,7 @@ class Reader:
         self.size = 8 * len(data)
         self.bits = format(int.from_bytes(data, "big"), f"0{self.size}b") if data else ""
         self.pos = start
+        self.overlong = False  # a code had more zeros before its first 1 than any value has
 
     def u(self, width, name=None):
         """Any width; of more than 32 bits the last 32 are the value."""
@@ -49,6 +50,7 @@ class Reader:
     def ue(self, name=None):
         one = self.bits.find("1", self.pos, self.pos + OVERLONG_BITS)
         if one < 0:
+            self.overlong = True
             self.pos += OVERLONG_BITS
             return OVERLONG_CODE
         zeros = one - self.pos
@@ -68,12 +70,12 @@ class Reader:
         return self.pos >= self.size
 
     def in_data(self):
-        """Whether all that was read is in the data."""
-        return self.pos <= self.size
+        """Whether all that was read is in the data, and every code has a value."""
+        return self.pos <= self.size and not self.overlong
 
     def holds(self, count):
-        """Whether so many more bits are in the data."""
-        return self.pos + count <= self.size
+        """Whether so many more bits are in the data, behind codes that have values."""
+        return self.pos + count <= self.size and not self.overlong
 
     def payload_bits_left(self):
         """Up to the last 1 of the data, which begins the trailing bits; below 0 behind it."""
@@ -81,10 +83,10 @@ class Reader:
 
     def attempt(self, part):
         """Goes back where `part` returns false, or has read more than the payload."""
-        before = self.pos
-        if part() and self.payload_bits_left() >= 0:
+        before = self.pos, self.overlong
+        if part() and self.payload_bits_left() >= 0 and not self.overlong:
             return True
-        self.pos = before
+        self.pos, self.overlong = before
         return False
 
     def more_rbsp_data(self):
