@@ -3,12 +3,14 @@
 #include <kovran/h265/h265_trace.h>
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -329,6 +331,21 @@ TEST(H265NalSeiColourRemappingInfo, IsReadByItself) {
     EXPECT_FALSE(record.parse_standard(none.reader, &fault));
     EXPECT_FALSE(record.valid);
     EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+TEST(H265NalSeiColourRemappingInfo, HasCoefficientsOf16Bits) {
+    const std::string begin = "1 0 0 0 x08 x08 x00x00x00 1 0000";
+    const std::string end = "1111111 x00x00x00";
+    EXPECT_EQ(
+        test::parsed_alone<h265_nal_sei_colour_remapping_info>(
+            begin + "0000000000000000 10000000000000001 000000000000000 1111111111111110" + end)
+            .out_of_range,
+        std::vector<std::string>{});
+    EXPECT_EQ(
+        test::parsed_alone<h265_nal_sei_colour_remapping_info>(
+            begin + "0000000000000000 10000000000000011 0000000000000000 10000000000000000" + end)
+            .out_of_range,
+        (std::vector<std::string>{"colour_remap_coeffs[0][0]", "colour_remap_coeffs[0][1]"}));
 }
 
 }  // namespace
