@@ -193,8 +193,8 @@ TEST(H265NalSeiFisheyeVideoInfo, IsReadByItself) {
 }
 
 TEST(H265NalSeiFisheyeVideoInfo, HasCamerasThatTurnOnceAround) {
-    const std::string begin = "0 0 000 000 x00" + std::string(8 * 32, '0');
-    const std::string offset(3 * 32, '0');
+    const std::string begin = "0 0 000 000 x00" + std::string(256, '0');
+    const std::string offset(96, '0');
     const std::string end = "x00x00";
     EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
                   begin + "xffx4cx00x00 xffxa6x00x00 xffx4cx00x00" + offset + "x00x00x00x00" + end)

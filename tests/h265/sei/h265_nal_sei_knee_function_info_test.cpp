@@ -103,7 +103,7 @@ TEST(H265NalSeiKneeFunctionInfo, IsReadByItself) {
 }
 
 TEST(H265NalSeiKneeFunctionInfo, HasPointsWithinTheDynamicRanges) {
-    const std::string begin = "1 0 0" + std::string(4 * 32, '0');
+    const std::string begin = "1 0 0" + std::string(128, '0');
     EXPECT_EQ(test::parsed_alone<h265_nal_sei_knee_function_info>(
                   begin + "010 0000000001 0000000000 1111100111 1111101000")
                   .out_of_range,

@@ -122,5 +122,10 @@ TEST(H265NalSeiMessage, IsOfAPrefixOrASuffixUnit) {
     EXPECT_TRUE(h265_nal_sei_payload_is_in(7, SUFFIX_SEI_NUT));
 }
 
+TEST(H265NalSeiMessage, OfATypeWithoutRecordNeedsMemory) {
+    test::expect_payload(7, "x01x02", "reserved_sei_message_payload_byte[0..1] 0102\n", {},
+                         test::payload_end::takes_all);
+}
+
 }  // namespace
 }  // namespace kovran

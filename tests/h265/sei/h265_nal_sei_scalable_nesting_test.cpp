@@ -165,8 +165,9 @@ TEST(H265NalSeiScalableNesting, HasNoMoreOperationPointsThanTheDataHolds) {
     EXPECT_TRUE(test::read_payload(133, test::bytes_of("0 1 1 011 1111 1111 00")).read);
 }
 
+// Identifiers of 65 layers.
 TEST(H265NalSeiScalableNesting, HasAtMost64Layers) {
-    const std::string layers(65 * 6, '0');
+    const std::string layers(390, '0');
     EXPECT_TRUE(test::read_payload(133, test::bytes_of("0 0 0 111 000000 1 000000" + layers)).read);
     EXPECT_EQ(test::refusal_of(133, "0 0 0 111 000000 1 000001" + layers),
               "nesting_num_layers_minus1 at bit 22 is 64; allowed: 0 to 63");
