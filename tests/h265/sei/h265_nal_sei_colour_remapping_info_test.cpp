@@ -348,5 +348,16 @@ TEST(H265NalSeiColourRemappingInfo, HasCoefficientsOf16Bits) {
         (std::vector<std::string>{"colour_remap_coeffs[0][0]", "colour_remap_coeffs[0][1]"}));
 }
 
+TEST(H265NalSeiColourRemappingInfo, HasOutputOfUpTo32Bits) {
+    const auto remap = test::parsed_alone<h265_nal_sei_colour_remapping_info>(
+                           "1 0 0 0 x08 x20 x01 x05 xffxffxffxff x06 x80x00x00x00 x00 x00 0 "
+                           "x00 x01 xffxffxffxfe x00x00x00x01 x80x00x00x00 xffxffxffxff x00")
+                           .record;
+    EXPECT_EQ(remap.pre_lut_coded_value[0], (std::vector<unsigned int>{5, 6}));
+    EXPECT_EQ(remap.pre_lut_target_value[0], (std::vector<unsigned int>{0xFFFFFFFF, 0x80000000}));
+    EXPECT_EQ(remap.post_lut_coded_value[1], (std::vector<unsigned int>{0xFFFFFFFE, 0x80000000}));
+    EXPECT_EQ(remap.post_lut_target_value[1], (std::vector<unsigned int>{1, 0xFFFFFFFF}));
+}
+
 }  // namespace
 }  // namespace kovran
