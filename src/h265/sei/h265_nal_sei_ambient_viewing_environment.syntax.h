@@ -14,8 +14,8 @@ template <class Walker>
 [[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_ambient_viewing_environment& ambient,
                                   const sei_context& /*context*/) {
     walk.u(32, ELEMENT(ambient, ambient_illuminance), from(1));
-    walk.u(16, ELEMENT(ambient, ambient_light_x));
-    walk.u(16, ELEMENT(ambient, ambient_light_y));
+    walk.u(16, ELEMENT(ambient, ambient_light_x), up_to(50000));
+    walk.u(16, ELEMENT(ambient, ambient_light_y), up_to(50000));
     return walk.finish(ambient.valid);
 }
 

@@ -97,7 +97,7 @@ void colour_remap_matrix(Walker& walk, h265_nal_sei_colour_remapping_info& remap
         walk.u(4, ELEMENT(remap, log2_matrix_denom));
         for (std::size_t c = 0; c < 3; ++c) {
             for (std::size_t i = 0; i < 3; ++i) {
-                walk.se(ELEMENT(remap, colour_remap_coeffs)[c][i]);
+                walk.se(ELEMENT(remap, colour_remap_coeffs)[c][i], between(-32768, 32767));
             }
         }
     }

@@ -4,6 +4,7 @@
 #include <kovran/h265/sei/h265_nal_sei_content_colour_volume.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h265/sei/sei_context.h"
 
 #include <cstddef>
@@ -25,9 +26,10 @@ template <class Walker>
     walk.u(1, ELEMENT(volume, ccv_avg_luminance_value_present_flag));
     walk.skip(2, "ccv_reserved_zero_2bits");
     if (volume.ccv_primaries_present_flag) {
+        constexpr value_range ccv_coordinates = between(-5000000, 5000000);
         for (std::size_t c = 0; c < volume.ccv_primaries_x.size(); ++c) {
-            walk.i(32, ELEMENT(volume, ccv_primaries_x)[c]);
-            walk.i(32, ELEMENT(volume, ccv_primaries_y)[c]);
+            walk.i(32, ELEMENT(volume, ccv_primaries_x)[c], ccv_coordinates);
+            walk.i(32, ELEMENT(volume, ccv_primaries_y)[c], ccv_coordinates);
         }
     }
     if (volume.ccv_min_luminance_value_present_flag) {

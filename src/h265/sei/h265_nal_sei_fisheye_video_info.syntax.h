@@ -4,8 +4,10 @@
 #include <kovran/h265/sei/h265_nal_sei_fisheye_video_info.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h265/sei/in_entry.h"
 #include "h265/sei/sei_context.h"
+#include "h265/sei/sphere_angle.h"
 #include "h265/start_afresh.h"
 
 #include <cstddef>
@@ -30,13 +32,13 @@ template <class Walker, class ActiveArea>
     walk.u(32, in_entry(i, ELEMENT(area, fisheye_rect_region_height)));
     walk.u(32, in_entry(i, ELEMENT(area, fisheye_circular_region_radius)));
     walk.u(32, in_entry(i, ELEMENT(area, fisheye_scene_radius)));
-    walk.i(32, in_entry(i, ELEMENT(area, fisheye_camera_centre_azimuth)));
-    walk.i(32, in_entry(i, ELEMENT(area, fisheye_camera_centre_elevation)));
-    walk.i(32, in_entry(i, ELEMENT(area, fisheye_camera_centre_tilt)));
+    walk.i(32, in_entry(i, ELEMENT(area, fisheye_camera_centre_azimuth)), sphere_angle_around);
+    walk.i(32, in_entry(i, ELEMENT(area, fisheye_camera_centre_elevation)), sphere_angle_up);
+    walk.i(32, in_entry(i, ELEMENT(area, fisheye_camera_centre_tilt)), sphere_angle_around);
     walk.u(32, in_entry(i, ELEMENT(area, fisheye_camera_centre_offset_x)));
     walk.u(32, in_entry(i, ELEMENT(area, fisheye_camera_centre_offset_y)));
     walk.u(32, in_entry(i, ELEMENT(area, fisheye_camera_centre_offset_z)));
-    walk.u(32, in_entry(i, ELEMENT(area, fisheye_field_of_view)));
+    walk.u(32, in_entry(i, ELEMENT(area, fisheye_field_of_view)), up_to(2 * sphere_angle_of_180));
     walk.u(16, in_entry(i, ELEMENT(area, fisheye_num_polynomial_coeffs)));
     if (!walk.data_holds(in_entry(i, ELEMENT(area, fisheye_num_polynomial_coeffs)),
                          area.fisheye_num_polynomial_coeffs, /*fewest_bits=*/32) ||

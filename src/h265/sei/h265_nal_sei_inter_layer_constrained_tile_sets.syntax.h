@@ -4,6 +4,7 @@
 #include <kovran/h265/sei/h265_nal_sei_inter_layer_constrained_tile_sets.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h265/sei/in_entry.h"
 #include "h265/sei/sei_context.h"
 #include "h265/start_afresh.h"
@@ -55,7 +56,10 @@ template <class Walker>
         walk.u(2, ELEMENT(tiles, all_tiles_ilc_idc));
         return walk.finish(tiles.valid);
     }
-    walk.ue(ELEMENT(tiles, il_num_sets_in_message_minus1));
+    walk.ue(ELEMENT(tiles, il_num_sets_in_message_minus1), up_to(255));
+    if (!walk.at_most(ELEMENT(tiles, il_num_sets_in_message_minus1), 255U)) {
+        return false;
+    }
     if (tiles.il_num_sets_in_message_minus1 > 0) {
         walk.u(1, ELEMENT(tiles, skipped_tile_set_present_flag));
     }

@@ -32,8 +32,8 @@ template <class Walker>
         return false;
     }
     for (std::size_t i = 0; i <= knee.num_knee_points_minus1; ++i) {
-        walk.u(10, ELEMENT(knee, input_knee_point)[i]);
-        walk.u(10, ELEMENT(knee, output_knee_point)[i]);
+        walk.u(10, ELEMENT(knee, input_knee_point)[i], between(1, 999));
+        walk.u(10, ELEMENT(knee, output_knee_point)[i], up_to(1000));
     }
     return true;
 }

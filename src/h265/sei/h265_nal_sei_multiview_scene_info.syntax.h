@@ -4,6 +4,7 @@
 #include <kovran/h265/sei/h265_nal_sei_multiview_scene_info.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h265/sei/sei_context.h"
 
 namespace kovran {
@@ -12,8 +13,8 @@ namespace kovran {
 template <class Walker>
 [[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_multiview_scene_info& info,
                                   const sei_context& /*context*/) {
-    walk.se(ELEMENT(info, min_disparity));
-    walk.ue(ELEMENT(info, max_disparity_range));
+    walk.se(ELEMENT(info, min_disparity), between(-1024, 1023));
+    walk.ue(ELEMENT(info, max_disparity_range), up_to(2047));
     return walk.finish(info.valid);
 }
 

@@ -4,8 +4,10 @@
 #include <kovran/h265/sei/h265_nal_sei_omni_viewport.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h265/sei/in_entry.h"
 #include "h265/sei/sei_context.h"
+#include "h265/sei/sphere_angle.h"
 #include "h265/start_afresh.h"
 
 #include <cstddef>
@@ -21,11 +23,13 @@ inline void start_afresh(h265_nal_sei_omni_viewport& record) {
 
 template <class Walker, class Viewport>
 void omni_viewport_region(Walker& walk, Viewport& viewport, std::size_t i) {
-    walk.i(32, in_entry(i, ELEMENT(viewport, omni_viewport_azimuth_centre)));
-    walk.i(32, in_entry(i, ELEMENT(viewport, omni_viewport_elevation_centre)));
-    walk.i(32, in_entry(i, ELEMENT(viewport, omni_viewport_tilt_centre)));
-    walk.u(32, in_entry(i, ELEMENT(viewport, omni_viewport_hor_range)));
-    walk.u(32, in_entry(i, ELEMENT(viewport, omni_viewport_ver_range)));
+    walk.i(32, in_entry(i, ELEMENT(viewport, omni_viewport_azimuth_centre)), sphere_angle_around);
+    walk.i(32, in_entry(i, ELEMENT(viewport, omni_viewport_elevation_centre)), sphere_angle_up);
+    walk.i(32, in_entry(i, ELEMENT(viewport, omni_viewport_tilt_centre)), sphere_angle_around);
+    walk.u(32, in_entry(i, ELEMENT(viewport, omni_viewport_hor_range)),
+           between(1, 2 * sphere_angle_of_180));
+    walk.u(32, in_entry(i, ELEMENT(viewport, omni_viewport_ver_range)),
+           between(1, sphere_angle_of_180));
 }
 
 // omni_viewport(), clause D.2.41.

@@ -4,6 +4,7 @@
 #include <kovran/h265/sei/h265_nal_sei_regionwise_packing.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h265/sei/in_entry.h"
 #include "h265/sei/sei_context.h"
 #include "h265/start_afresh.h"
@@ -63,11 +64,11 @@ template <class Walker>
     walk.u(1, ELEMENT(packing, rwp_persistence_flag));
     walk.u(1, ELEMENT(packing, constituent_picture_matching_flag));
     walk.skip(5, "rwp_reserved_zero_5bits");
-    walk.u(8, ELEMENT(packing, num_packed_regions));
-    walk.u(32, ELEMENT(packing, proj_picture_width));
-    walk.u(32, ELEMENT(packing, proj_picture_height));
-    walk.u(16, ELEMENT(packing, packed_picture_width));
-    walk.u(16, ELEMENT(packing, packed_picture_height));
+    walk.u(8, ELEMENT(packing, num_packed_regions), from(1));
+    walk.u(32, ELEMENT(packing, proj_picture_width), from(1));
+    walk.u(32, ELEMENT(packing, proj_picture_height), from(1));
+    walk.u(16, ELEMENT(packing, packed_picture_width), from(1));
+    walk.u(16, ELEMENT(packing, packed_picture_height), from(1));
     if (!walk.data_holds(ELEMENT(packing, num_packed_regions), packing.num_packed_regions,
                          /*fewest_bits=*/8 + 4 * 32 + 4 * 16) ||
         !walk.grow(packing.num_packed_regions, packing.packed_regions)) {

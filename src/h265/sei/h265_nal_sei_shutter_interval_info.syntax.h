@@ -4,6 +4,7 @@
 #include <kovran/h265/sei/h265_nal_sei_shutter_interval_info.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h265/sei/sei_context.h"
 #include "h265/start_afresh.h"
 
@@ -22,7 +23,7 @@ inline void start_afresh(h265_nal_sei_shutter_interval_info& record) {
 template <class Walker>
 [[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_shutter_interval_info& info,
                                   const sei_context& /*context*/) {
-    walk.u(32, ELEMENT(info, sii_time_scale));
+    walk.u(32, ELEMENT(info, sii_time_scale), from(1));
     walk.u(1, ELEMENT(info, fixed_shutter_interval_within_clvs_flag));
     if (info.fixed_shutter_interval_within_clvs_flag) {
         walk.u(32, ELEMENT(info, sii_num_units_in_shutter_interval));

@@ -5,6 +5,7 @@
 
 #include "h2645_common/element.h"
 #include "h265/sei/sei_context.h"
+#include "h265/sei/sphere_angle.h"
 
 namespace kovran {
 
@@ -16,9 +17,9 @@ template <class Walker>
     if (!sphere.sphere_rotation_cancel_flag) {
         walk.u(1, ELEMENT(sphere, sphere_rotation_persistence_flag));
         walk.skip(6, "sphere_rotation_reserved_zero_6bits");
-        walk.i(32, ELEMENT(sphere, yaw_rotation));
-        walk.i(32, ELEMENT(sphere, pitch_rotation));
-        walk.i(32, ELEMENT(sphere, roll_rotation));
+        walk.i(32, ELEMENT(sphere, yaw_rotation), sphere_angle_around);
+        walk.i(32, ELEMENT(sphere, pitch_rotation), sphere_angle_up);
+        walk.i(32, ELEMENT(sphere, roll_rotation), sphere_angle_around);
     }
     return walk.finish(sphere.valid);
 }

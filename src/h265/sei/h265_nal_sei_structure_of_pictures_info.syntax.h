@@ -36,7 +36,7 @@ void sop_picture(Walker& walk, h265_nal_sei_structure_of_pictures_info::picture_
 template <class Walker>
 [[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_structure_of_pictures_info& info,
                                   const sei_context& /*context*/) {
-    walk.ue(ELEMENT(info, sop_seq_parameter_set_id));
+    walk.ue(ELEMENT(info, sop_seq_parameter_set_id), up_to(15));
     walk.ue(ELEMENT(info, num_entries_in_sop_minus1), up_to(1023));
     if (!walk.at_most(ELEMENT(info, num_entries_in_sop_minus1), 1023U) ||
         !walk.data_holds(ELEMENT(info, num_entries_in_sop_minus1),

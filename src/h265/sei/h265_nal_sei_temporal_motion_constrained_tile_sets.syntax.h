@@ -4,6 +4,7 @@
 #include <kovran/h265/sei/h265_nal_sei_temporal_motion_constrained_tile_sets.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h265/sei/in_entry.h"
 #include "h265/sei/sei_context.h"
 #include "h265/start_afresh.h"
@@ -59,9 +60,10 @@ template <class Walker>
 [[nodiscard]] bool motion_constrained_tile_sets(
     Walker& walk, h265_nal_sei_temporal_motion_constrained_tile_sets& sets) {
     walk.u(1, ELEMENT(sets, limited_tile_set_display_flag));
-    walk.ue(ELEMENT(sets, num_sets_in_message_minus1));
+    walk.ue(ELEMENT(sets, num_sets_in_message_minus1), up_to(255));
     const std::uint64_t count = std::uint64_t{sets.num_sets_in_message_minus1} + 1;
-    if (!walk.data_holds(ELEMENT(sets, num_sets_in_message_minus1), count, /*fewest_bits=*/5) ||
+    if (!walk.at_most(ELEMENT(sets, num_sets_in_message_minus1), 255U) ||
+        !walk.data_holds(ELEMENT(sets, num_sets_in_message_minus1), count, /*fewest_bits=*/5) ||
         !walk.grow(count, sets.tile_sets)) {
         return false;
     }

@@ -4,6 +4,7 @@
 #include <kovran/h265/sei/h265_nal_sei_time_code.h>
 
 #include "h2645_common/element.h"
+#include "h2645_common/value_range.h"
 #include "h265/sei/in_entry.h"
 #include "h265/sei/sei_context.h"
 #include "h265/start_afresh.h"
@@ -22,20 +23,20 @@ template <class Walker>
 void clock_timestamp_time(Walker& walk, h265_nal_sei_time_code::clock_timestamp_t& stamp,
                           std::size_t i) {
     if (stamp.full_timestamp_flag) {
-        walk.u(6, in_entry(i, ELEMENT(stamp, seconds_value)));
-        walk.u(6, in_entry(i, ELEMENT(stamp, minutes_value)));
-        walk.u(5, in_entry(i, ELEMENT(stamp, hours_value)));
+        walk.u(6, in_entry(i, ELEMENT(stamp, seconds_value)), up_to(59));
+        walk.u(6, in_entry(i, ELEMENT(stamp, minutes_value)), up_to(59));
+        walk.u(5, in_entry(i, ELEMENT(stamp, hours_value)), up_to(23));
         return;
     }
     walk.u(1, in_entry(i, ELEMENT(stamp, seconds_flag)));
     if (stamp.seconds_flag) {
-        walk.u(6, in_entry(i, ELEMENT(stamp, seconds_value)));
+        walk.u(6, in_entry(i, ELEMENT(stamp, seconds_value)), up_to(59));
         walk.u(1, in_entry(i, ELEMENT(stamp, minutes_flag)));
         if (stamp.minutes_flag) {
-            walk.u(6, in_entry(i, ELEMENT(stamp, minutes_value)));
+            walk.u(6, in_entry(i, ELEMENT(stamp, minutes_value)), up_to(59));
             walk.u(1, in_entry(i, ELEMENT(stamp, hours_flag)));
             if (stamp.hours_flag) {
-                walk.u(5, in_entry(i, ELEMENT(stamp, hours_value)));
+                walk.u(5, in_entry(i, ELEMENT(stamp, hours_value)), up_to(23));
             }
         }
     }

@@ -2,10 +2,14 @@
 
 #include <kovran/h265/h265_trace.h>
 
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -51,6 +55,17 @@ TEST(H265NalSeiAmbientViewingEnvironment, IsNeverDark) {
     test::rbsp none(test::bytes_of("x00x00x00x00 x00x00 x00x00"));
     EXPECT_TRUE(ambient.parse_standard(none.reader, trace));
     EXPECT_TRUE(trace.elements.front().out_of_range);
+}
+
+TEST(H265NalSeiAmbientViewingEnvironment, HasCoordinatesUpTo1) {
+    EXPECT_EQ(
+        test::parsed_alone<h265_nal_sei_ambient_viewing_environment>("x00x00x00x01 xc3x50 xc3x50")
+            .out_of_range,
+        std::vector<std::string>{});
+    EXPECT_EQ(
+        test::parsed_alone<h265_nal_sei_ambient_viewing_environment>("x00x00x00x01 xc3x51 xc3x51")
+            .out_of_range,
+        (std::vector<std::string>{"ambient_light_x", "ambient_light_y"}));
 }
 
 }  // namespace

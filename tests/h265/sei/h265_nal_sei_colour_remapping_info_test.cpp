@@ -3,12 +3,14 @@
 #include <kovran/h265/h265_trace.h>
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -329,6 +331,32 @@ TEST(H265NalSeiColourRemappingInfo, IsReadByItself) {
     EXPECT_FALSE(record.parse_standard(none.reader, &fault));
     EXPECT_FALSE(record.valid);
     EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+TEST(H265NalSeiColourRemappingInfo, HasCoefficientsOf16Bits) {
+    const std::string begin = "1 0 0 0 x08 x08 x00x00x00 1 0000";
+    const std::string end = "1111111 x00x00x00";
+    EXPECT_EQ(
+        test::parsed_alone<h265_nal_sei_colour_remapping_info>(
+            begin + "0000000000000000 10000000000000001 000000000000000 1111111111111110" + end)
+            .out_of_range,
+        std::vector<std::string>{});
+    EXPECT_EQ(
+        test::parsed_alone<h265_nal_sei_colour_remapping_info>(
+            begin + "0000000000000000 10000000000000011 0000000000000000 10000000000000000" + end)
+            .out_of_range,
+        (std::vector<std::string>{"colour_remap_coeffs[0][0]", "colour_remap_coeffs[0][1]"}));
+}
+
+TEST(H265NalSeiColourRemappingInfo, HasOutputOfUpTo32Bits) {
+    const auto remap = test::parsed_alone<h265_nal_sei_colour_remapping_info>(
+                           "1 0 0 0 x08 x20 x01 x05 xffxffxffxff x06 x80x00x00x00 x00 x00 0 "
+                           "x00 x01 xffxffxffxfe x00x00x00x01 x80x00x00x00 xffxffxffxff x00")
+                           .record;
+    EXPECT_EQ(remap.pre_lut_coded_value[0], (std::vector<unsigned int>{5, 6}));
+    EXPECT_EQ(remap.pre_lut_target_value[0], (std::vector<unsigned int>{0xFFFFFFFF, 0x80000000}));
+    EXPECT_EQ(remap.post_lut_coded_value[1], (std::vector<unsigned int>{0xFFFFFFFE, 0x80000000}));
+    EXPECT_EQ(remap.post_lut_target_value[1], (std::vector<unsigned int>{1, 0xFFFFFFFF}));
 }
 
 }  // namespace

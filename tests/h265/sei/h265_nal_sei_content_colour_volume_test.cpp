@@ -4,12 +4,14 @@
 
 #include <array>
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -151,6 +153,20 @@ TEST(H265NalSeiContentColourVolume, IsReadByItself) {
     EXPECT_FALSE(record.parse_standard(none.reader, &fault));
     EXPECT_FALSE(record.valid);
     EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+TEST(H265NalSeiContentColourVolume, HasPrimariesUpTo100) {
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_content_colour_volume>(
+                  "0 0 1 0 0 0 00 x00x4cx4bx40 xffxb3xb4xc0 xffxb3xb4xc0 x00x4cx4bx40" +
+                  std::string(64, '0'))
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_content_colour_volume>(
+                  "0 0 1 0 0 0 00 x00x4cx4bx41 x00x4cx4bx41 xffxb3xb4xbf xffxb3xb4xbf" +
+                  std::string(64, '0'))
+                  .out_of_range,
+              (std::vector<std::string>{"ccv_primaries_x[0]", "ccv_primaries_y[0]",
+                                        "ccv_primaries_x[1]", "ccv_primaries_y[1]"}));
 }
 
 }  // namespace

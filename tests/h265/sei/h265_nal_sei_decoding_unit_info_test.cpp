@@ -127,5 +127,46 @@ TEST(H265NalSeiDecodingUnitInfo, NeedsSubPictureHrdParametersAlone) {
     EXPECT_FALSE(info.valid);
 }
 
+// The first HRD parameters of the VPS; the second ones do not have the increment.
+test::sei_stores decoding_unit_info_vps_stores() {
+    test::sei_stores stores = decoding_unit_info_stores({});
+    h265_nal_sps& sps = stores.sps[1];
+    sps.vui_parameters.vui_hrd_parameters_present_flag = false;
+    sps.sps_video_parameter_set_id = 2;
+    stores.vps[2].hrd_layer_set_idx = {0, 3};
+    stores.vps[2].hrd_parameters = {decoding_unit_info_hrd(/*increment_in_pic_timing=*/false),
+                                    decoding_unit_info_hrd(/*increment_in_pic_timing=*/true)};
+    return stores;
+}
+
+TEST(H265NalSeiDecodingUnitInfo, GoesByTheVpsWithoutHrdParametersInTheVui) {
+    test::sei_stores stores = decoding_unit_info_vps_stores();
+    for (const bool vui : {true, false}) {
+        stores.sps[1].vui_parameters_present_flag = vui;
+        const auto info = test::record_of<h265_nal_sei_decoding_unit_info>(  //
+            "011 00101 0",                                                   //
+            "decoding_unit_idx 2\n"
+            "du_spt_cpb_removal_delay_increment 5\n"
+            "dpb_output_du_delay_present_flag 0\n",
+            stores);
+        EXPECT_EQ(info.du_spt_cpb_removal_delay_increment, 5U);
+    }
+    stores.vps[2].hrd_parameters.clear();
+    EXPECT_EQ(test::refusal_of(130, "011 00101 0", stores),
+              "last_payload_size_byte at bit 8 is 2; reading cannot go on from there");
+}
+
+// nesting_op_idx 2, for which the VPS has none.
+TEST(H265NalSeiDecodingUnitInfo, OfAnUnknownOperationPointIsReadAsOutsideOfANest) {
+    const test::sei_reading reading =
+        test::read_payload(133, test::bytes_of("0 1 0 1 111 011 000000  x82 x02 00101 11111 0 1"),
+                           decoding_unit_info_vps_stores());
+    EXPECT_TRUE(reading.read);
+    EXPECT_EQ(reading.fault.kind, h265_fault_kind::none);
+    EXPECT_NE(reading.elements.find(
+                  "sei_message[0].decoding_unit_info.du_spt_cpb_removal_delay_increment 31\n"),
+              std::string::npos);
+}
+
 }  // namespace
 }  // namespace kovran

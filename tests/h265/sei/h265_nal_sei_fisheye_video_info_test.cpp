@@ -3,12 +3,14 @@
 #include <kovran/h265/h265_trace.h>
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -188,6 +190,32 @@ TEST(H265NalSeiFisheyeVideoInfo, IsReadByItself) {
     EXPECT_FALSE(record.parse_standard(none.reader, &fault));
     EXPECT_FALSE(record.valid);
     EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+TEST(H265NalSeiFisheyeVideoInfo, HasCamerasThatTurnOnceAround) {
+    const std::string begin = "0 0 000 000 x00" + std::string(256, '0');
+    const std::string offset(96, '0');
+    const std::string end = "x00x00";
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
+                  begin + "xffx4cx00x00 xffxa6x00x00 xffx4cx00x00" + offset + "x00x00x00x00" + end)
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
+                  begin + "x00xb3xffxff x00x5ax00x00 x00xb3xffxff" + offset + "x01x68x00x00" + end)
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
+                  begin + "xffx4bxffxff xffxa5xffxff xffx4bxffxff" + offset + "x00x00x00x00" + end)
+                  .out_of_range,
+              (std::vector<std::string>{"fisheye_camera_centre_azimuth[0]",
+                                        "fisheye_camera_centre_elevation[0]",
+                                        "fisheye_camera_centre_tilt[0]"}));
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
+                  begin + "x00xb4x00x00 x00x5ax00x01 x00xb4x00x00" + offset + "x01x68x00x01" + end)
+                  .out_of_range,
+              (std::vector<std::string>{
+                  "fisheye_camera_centre_azimuth[0]", "fisheye_camera_centre_elevation[0]",
+                  "fisheye_camera_centre_tilt[0]", "fisheye_field_of_view[0]"}));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <kovran/h265/h265_trace.h>
 
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -126,6 +127,16 @@ TEST(H265NalSeiInterLayerConstrainedTileSets, IsReadByItself) {
     EXPECT_FALSE(record.parse_standard(none.reader, &fault));
     EXPECT_FALSE(record.valid);
     EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+TEST(H265NalSeiInterLayerConstrainedTileSets, HasAtMost256Sets) {
+    std::string sets;
+    for (unsigned int i = 0; i < 257; ++i) {
+        sets += "1 1 1 1 00 0";
+    }
+    EXPECT_TRUE(test::read_payload(161, test::bytes_of("0 0 00000000 100000000 0" + sets)).read);
+    EXPECT_EQ(test::refusal_of(161, "0 0 00000000 100000001 0" + sets),
+              "il_num_sets_in_message_minus1 at bit 18 is 256; allowed: 0 to 255");
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 
 #include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -99,6 +100,19 @@ TEST(H265NalSeiKneeFunctionInfo, IsReadByItself) {
     EXPECT_FALSE(record.parse_standard(none.reader, &fault));
     EXPECT_FALSE(record.valid);
     EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+TEST(H265NalSeiKneeFunctionInfo, HasPointsWithinTheDynamicRanges) {
+    const std::string begin = "1 0 0" + std::string(128, '0');
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_knee_function_info>(
+                  begin + "010 0000000001 0000000000 1111100111 1111101000")
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_knee_function_info>(
+                  begin + "010 0000000000 0000000000 1111101000 1111101001")
+                  .out_of_range,
+              (std::vector<std::string>{"input_knee_point[0]", "input_knee_point[1]",
+                                        "output_knee_point[1]"}));
 }
 
 }  // namespace

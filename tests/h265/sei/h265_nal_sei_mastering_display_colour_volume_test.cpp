@@ -3,12 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
 
 // The primaries of BT.2020 and D65, 0.005 to 1000 candela per square metre.
-TEST(MasteringDisplayColourVolume, IsThatOfADisplay) {
+TEST(H265NalSeiMasteringDisplayColourVolume, IsThatOfADisplay) {
     const auto volume = test::record_of<h265_nal_sei_mastering_display_colour_volume>(
         "x21x34 x9bxaa x19x96 x08xfc x8ax48 x39x08 x3dx13 x40x42 x00x98x96x80 x00x00x00x32",
         "display_primaries_x[0] 8500\n"
@@ -26,6 +27,15 @@ TEST(MasteringDisplayColourVolume, IsThatOfADisplay) {
     EXPECT_EQ(volume.white_point_x, 15635);
     EXPECT_EQ(volume.white_point_y, 16450);
     EXPECT_EQ(volume.max_display_mastering_luminance, 10000000U);
+    EXPECT_EQ(volume.min_display_mastering_luminance, 50U);
+}
+
+TEST(H265NalSeiMasteringDisplayColourVolume, IsParsedAlone) {
+    const auto volume =
+        test::parsed_alone<h265_nal_sei_mastering_display_colour_volume>(
+            "x21x34 x9bxaa x19x96 x08xfc x8ax48 x39x08 x3dx13 x40x42 x00x98x96x80 x00x00x00x32")
+            .record;
+    EXPECT_EQ(volume.display_primaries_x[0], 8500);
     EXPECT_EQ(volume.min_display_mastering_luminance, 50U);
 }
 

@@ -1,5 +1,8 @@
 #include <kovran/h265/sei/h265_nal_sei_multiview_scene_info.h>
 
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "support/sei_payload.h"
@@ -17,6 +20,23 @@ TEST(H265NalSeiMultiviewSceneInfo, HasNegativeDisparities) {
     EXPECT_EQ(info.max_disparity_range, 40U);
     EXPECT_EQ(test::parsed_alone<h265_nal_sei_multiview_scene_info>("010 1").record.min_disparity,
               1);
+}
+
+TEST(H265NalSeiMultiviewSceneInfo, HasDisparitiesOf11Bits) {
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_multiview_scene_info>(
+                  "00000000000 100000000001 00000000000 100000000000")
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_multiview_scene_info>("0000000000 11111111110 1")
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_multiview_scene_info>("00000000000 100000000011 1")
+                  .out_of_range,
+              std::vector<std::string>{"min_disparity"});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_multiview_scene_info>(
+                  "00000000000 100000000000 00000000000 100000000001")
+                  .out_of_range,
+              (std::vector<std::string>{"min_disparity", "max_disparity_range"}));
 }
 
 }  // namespace

@@ -2,10 +2,14 @@
 
 #include <kovran/h265/h265_trace.h>
 
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -183,6 +187,29 @@ TEST(H265NalSeiOmniViewport, IsReadByItself) {
     EXPECT_FALSE(record.parse_standard(none.reader, &fault));
     EXPECT_FALSE(record.valid);
     EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+TEST(H265NalSeiOmniViewport, IsAPartOfTheSphere) {
+    const std::string begin = "0000000000 0 0 0000";
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_omni_viewport>(
+                  begin + "xffx4cx00x00 xffxa6x00x00 xffx4cx00x00 x00x00x00x01 x00x00x00x01")
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_omni_viewport>(
+                  begin + "x00xb3xffxff x00x5ax00x00 x00xb3xffxff x01x68x00x00 x00xb4x00x00")
+                  .out_of_range,
+              std::vector<std::string>{});
+    const std::vector<std::string> all = {
+        "omni_viewport_azimuth_centre[0]", "omni_viewport_elevation_centre[0]",
+        "omni_viewport_tilt_centre[0]", "omni_viewport_hor_range[0]", "omni_viewport_ver_range[0]"};
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_omni_viewport>(
+                  begin + "xffx4bxffxff xffxa5xffxff xffx4bxffxff x00x00x00x00 x00x00x00x00")
+                  .out_of_range,
+              all);
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_omni_viewport>(
+                  begin + "x00xb4x00x00 x00x5ax00x01 x00xb4x00x00 x01x68x00x01 x00xb4x00x01")
+                  .out_of_range,
+              all);
 }
 
 }  // namespace

@@ -3,11 +3,14 @@
 #include <kovran/h265/h265_trace.h>
 
 #include <array>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -141,6 +144,19 @@ TEST(H265NalSeiRegionwisePacking, IsReadByItself) {
     EXPECT_FALSE(record.parse_standard(none.reader, &fault));
     EXPECT_FALSE(record.valid);
     EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+TEST(H265NalSeiRegionwisePacking, HasRegionsAndPicturesWithSamples) {
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_regionwise_packing>(
+                  "0 0 0 00000 x01 x00x00x00x01 x00x00x00x01 x00x01 x00x01" + std::string(200, '0'))
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(
+        test::parsed_alone<h265_nal_sei_regionwise_packing>(
+            "0 0 0 00000 x00 x00x00x00x00 x00x00x00x00 x00x00 x00x00")
+            .out_of_range,
+        (std::vector<std::string>{"num_packed_regions", "proj_picture_width", "proj_picture_height",
+                                  "packed_picture_width", "packed_picture_height"}));
 }
 
 }  // namespace

@@ -47,5 +47,14 @@ TEST(H265NalSeiShutterIntervalInfo, HasSubLayersThatTheDataHolds) {
               "sii_max_sub_layers_minus1 at bit 49 is 7; allowed: 0 to 6");
 }
 
+TEST(H265NalSeiShutterIntervalInfo, HasUnits) {
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_shutter_interval_info>("x00x00x00x01 1 x00x00x00x00")
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_shutter_interval_info>("x00x00x00x00 1 x00x00x00x00")
+                  .out_of_range,
+              std::vector<std::string>{"sii_time_scale"});
+}
+
 }  // namespace
 }  // namespace kovran

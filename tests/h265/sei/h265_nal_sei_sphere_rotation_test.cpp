@@ -2,10 +2,14 @@
 
 #include <kovran/h265/h265_trace.h>
 
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -49,6 +53,26 @@ TEST(H265NalSeiSphereRotation, IsReadByItself) {
     EXPECT_FALSE(record.parse_standard(none.reader, &fault));
     EXPECT_FALSE(record.valid);
     EXPECT_NE(fault.kind, h265_fault_kind::none);
+}
+
+TEST(H265NalSeiSphereRotation, TurnsOnceAround) {
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 xffx4cx00x00 xffxa6x00x00 xffx4cx00x00")
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 x00xb3xffxff x00x5ax00x00 x00xb3xffxff")
+                  .out_of_range,
+              std::vector<std::string>{});
+    const std::vector<std::string> all = {"yaw_rotation", "pitch_rotation", "roll_rotation"};
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 xffx4bxffxff xffxa5xffxff xffx4bxffxff")
+                  .out_of_range,
+              all);
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 x00xb4x00x00 x00x5ax00x01 x00xb4x00x00")
+                  .out_of_range,
+              all);
 }
 
 }  // namespace

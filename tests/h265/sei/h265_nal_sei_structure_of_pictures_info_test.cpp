@@ -1,6 +1,7 @@
 #include <kovran/h265/sei/h265_nal_sei_structure_of_pictures_info.h>
 
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -66,6 +67,15 @@ TEST(H265NalSeiStructureOfPicturesInfo, IsParsedAlone) {
     const auto info =
         test::parsed_alone<h265_nal_sei_structure_of_pictures_info>("1 1 010011 000").record;
     EXPECT_EQ(info.pictures.size(), 1U);
+}
+
+TEST(H265NalSeiStructureOfPicturesInfo, NamesAnSps) {
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_structure_of_pictures_info>("0000 10000 1 010011 000")
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_structure_of_pictures_info>("0000 10001 1 010011 000")
+                  .out_of_range,
+              std::vector<std::string>{"sop_seq_parameter_set_id"});
 }
 
 }  // namespace

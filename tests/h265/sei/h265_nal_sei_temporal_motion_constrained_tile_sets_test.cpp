@@ -92,8 +92,8 @@ TEST(H265NalSeiTemporalMotionConstrainedTileSets, MayHaveNoLevelForSetsOfATile) 
 constexpr char motion_constrained_highest_ue[] = "0000000 00000000 00000000 00000000 xffxffxffxff";
 
 TEST(H265NalSeiTemporalMotionConstrainedTileSets, HasNoMoreSetsThanTheDataHolds) {
-    EXPECT_EQ(test::refusal_of(139, std::string("0 0 0") + motion_constrained_highest_ue),
-              "num_sets_in_message_minus1 at bit 19 is 4294967294; allowed: 0");
+    EXPECT_EQ(test::refusal_of(139, "0 0 0 011 11110 11110"),
+              "num_sets_in_message_minus1 at bit 19 is 2; allowed: 0 to 1");
 }
 
 TEST(H265NalSeiTemporalMotionConstrainedTileSets, HasNoMoreRectanglesThanTheDataHolds) {
@@ -107,6 +107,16 @@ TEST(H265NalSeiTemporalMotionConstrainedTileSets, IsParsedAlone) {
                           .record;
     ASSERT_EQ(sets.tile_sets.size(), 1U);
     EXPECT_EQ(sets.tile_sets[0].bottom_right_tile_idx, (std::vector<unsigned int>{2}));
+}
+
+TEST(H265NalSeiTemporalMotionConstrainedTileSets, HasAtMost256Sets) {
+    std::string sets;
+    for (unsigned int i = 0; i < 257; ++i) {
+        sets += "1 1 1 1 0 0";
+    }
+    EXPECT_TRUE(test::read_payload(139, test::bytes_of("0 0 0 00000000 100000000" + sets)).read);
+    EXPECT_EQ(test::refusal_of(139, "0 0 0 00000000 100000001" + sets),
+              "num_sets_in_message_minus1 at bit 19 is 256; allowed: 0 to 255");
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include <kovran/h265/sei/h265_nal_sei_time_code.h>
 
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "support/sei_payload.h"
@@ -117,6 +120,26 @@ TEST(H265NalSeiTimeCode, MayHaveNoTimes) {
 TEST(H265NalSeiTimeCode, IsParsedAlone) {
     const auto time_code = test::parsed_alone<h265_nal_sei_time_code>("10 0 0").record;
     EXPECT_EQ(time_code.clock_timestamps.size(), 2U);
+}
+
+TEST(H265NalSeiTimeCode, HasTimesOfADay) {
+    const std::string stamp = "01 1 0 00000 1 0 0 000000000";
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_time_code>(stamp + "111011 111011 10111 00000")
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_time_code>(stamp + "111100 111100 11000 00000")
+                  .out_of_range,
+              (std::vector<std::string>{"seconds_value[0]", "minutes_value[0]", "hours_value[0]"}));
+}
+
+TEST(H265NalSeiTimeCode, HasPartsOfTimesOfADay) {
+    const std::string stamp = "01 1 0 00000 0 0 0 000000000";
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_time_code>(stamp + "1 111011 1 111011 1 10111 00000")
+                  .out_of_range,
+              std::vector<std::string>{});
+    EXPECT_EQ(test::parsed_alone<h265_nal_sei_time_code>(stamp + "1 111100 1 111100 1 11000 00000")
+                  .out_of_range,
+              (std::vector<std::string>{"seconds_value[0]", "minutes_value[0]", "hours_value[0]"}));
 }
 
 }  // namespace

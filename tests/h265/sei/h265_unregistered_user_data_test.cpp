@@ -19,7 +19,10 @@ constexpr uuid of_kvazaar = {0x32, 0xfe, 0x46, 0x6c, 0x98, 0x41, 0x42, 0x69,
 constexpr uuid of_nanoseconds = {0xcf, 0x84, 0x82, 0x78, 0xee, 0x23, 0x30, 0x6c,
                                  0x92, 0x65, 0xe8, 0xfe, 0xf2, 0x2f, 0xb8, 0xb8};
 
-uuid of_microseconds() {
+constexpr uuid of_microseconds = {0xa8, 0x68, 0x7d, 0xd4, 0xd7, 0x59, 0x37, 0x58,
+                                  0xa5, 0xce, 0xf0, 0x33, 0x8b, 0x65, 0x45, 0xf1};
+
+uuid of_microseconds_in_avc() {
     const std::string letters = "MISPmicrosectime";
     uuid identifier{};
     std::copy(letters.begin(), letters.end(), identifier.begin());
@@ -41,7 +44,9 @@ h265_nal_sei_user_data_unregistered with_text(const std::string& text) {
 TEST(H265UnregisteredUserData, IsNamedByItsUuid) {
     EXPECT_STREQ(h265_user_data_name(unregistered(of_x265, {})), "x265");
     EXPECT_STREQ(h265_user_data_name(unregistered(of_kvazaar, {})), "Kvazaar");
-    EXPECT_STREQ(h265_user_data_name(unregistered(of_microseconds(), {})),
+    EXPECT_STREQ(h265_user_data_name(unregistered(of_microseconds, {})),
+                 "MISP time in microseconds");
+    EXPECT_STREQ(h265_user_data_name(unregistered(of_microseconds_in_avc(), {})),
                  "MISP time in microseconds");
     EXPECT_STREQ(h265_user_data_name(unregistered(of_nanoseconds, {})), "MISP time in nanoseconds");
 }
@@ -78,16 +83,17 @@ TEST(H265UnregisteredUserData, IsNoTextWithAnyOtherByte) {
 TEST(H265UnregisteredUserData, TellsThePrecisionTimeStamp) {
     const std::vector<unsigned char> bytes = {0x1f, 0x00, 0x05, 0xff, 0x9b, 0x08,
                                               0xff, 0xc1, 0xfa, 0xff, 0x40, 0x00};
-    EXPECT_EQ(h265_misp_time(unregistered(of_microseconds(), bytes)), 0x00059b08c1fa4000U);
+    EXPECT_EQ(h265_misp_time(unregistered(of_microseconds, bytes)), 0x00059b08c1fa4000U);
+    EXPECT_EQ(h265_misp_time(unregistered(of_microseconds_in_avc(), bytes)), 0x00059b08c1fa4000U);
     EXPECT_EQ(h265_misp_time(unregistered(of_nanoseconds, bytes)), 0x00059b08c1fa4000U);
 }
 
 TEST(H265UnregisteredUserData, HasNoTimeUnderAnotherUuidOrWhenCutOff) {
     std::vector<unsigned char> bytes(12, 1);
-    EXPECT_TRUE(h265_misp_time(unregistered(of_microseconds(), bytes)).has_value());
+    EXPECT_TRUE(h265_misp_time(unregistered(of_microseconds, bytes)).has_value());
     EXPECT_FALSE(h265_misp_time(unregistered(of_x265, bytes)).has_value());
     bytes.pop_back();
-    EXPECT_FALSE(h265_misp_time(unregistered(of_microseconds(), bytes)).has_value());
+    EXPECT_FALSE(h265_misp_time(unregistered(of_microseconds, bytes)).has_value());
 }
 
 }  // namespace

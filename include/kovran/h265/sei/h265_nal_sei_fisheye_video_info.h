@@ -22,7 +22,9 @@ struct h265_nal_sei_fisheye_video_info {
     unsigned char fisheye_view_dimension_idc = 0;       // u(3)
     unsigned char fisheye_num_active_areas_minus1 = 0;  // u(8)
 
-    // An image that a lens has made. Angles of the camera are in units of 2^-16 degrees.
+    // An image that a lens has made. Its circle, with centre and radii, is in units of 2^-16 luma
+    // samples, its rectangle in luma samples. Angles are in units of 2^-16 degrees, offsets of the
+    // camera in units of 2^-16 millimetres.
     struct active_area_t {
         unsigned int fisheye_circular_region_centre_x = 0;  // u(32)
         unsigned int fisheye_circular_region_centre_y = 0;  // u(32)
@@ -40,7 +42,7 @@ struct h265_nal_sei_fisheye_video_info {
         unsigned int fisheye_camera_centre_offset_z = 0;    // u(32)
         unsigned int fisheye_field_of_view = 0;             // u(32)
         unsigned short fisheye_num_polynomial_coeffs = 0;   // u(16)
-        std::vector<int> fisheye_polynomial_coeff;          // i(32)
+        std::vector<int> fisheye_polynomial_coeff;          // i(32), so many entries
     };
     std::vector<active_area_t> active_areas;  // fisheye_num_active_areas_minus1 + 1 entries
 

@@ -42,8 +42,8 @@ struct h265_nal_sei_inter_layer_constrained_tile_sets {
     bool valid = false;  // the latest parse succeeded
 
     // Reads one payload up to its last element, in a record that is reset first. False, with
-    // `valid` false: there are more tile sets or rectangles than the data can hold; the data ends;
-    // or there is no memory.
+    // `valid` false: there are more tile sets than 256, or more of them or of their rectangles than
+    // the data can hold; the data ends; or there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
                                    h265_fault* fault = nullptr);

@@ -33,14 +33,16 @@ struct h265_nal_sei_overlay_info {
         bool overlay_alpha_present_flag = false;     // u(1)
         unsigned char overlay_alpha_layer_id = 0;    // u(6), when overlay_alpha_present_flag
 
-        // When overlay_label_present_flag. The arrays have num_overlay_elements_minus1 + 1 entries.
-        unsigned int num_overlay_elements_minus1 = 0;                  // ue(v)
-        std::vector<unsigned int> overlay_element_label_min;           // u(v)
-        std::vector<unsigned int> overlay_element_label_max;           // u(v)
-        std::vector<std::vector<unsigned char>> overlay_element_name;  // st(v)
+        // When overlay_label_present_flag. The arrays, and that of names below, have
+        // num_overlay_elements_minus1 + 1 entries.
+        unsigned int num_overlay_elements_minus1 = 0;         // ue(v)
+        std::vector<unsigned int> overlay_element_label_min;  // u(v)
+        std::vector<unsigned int> overlay_element_label_max;  // u(v)
 
+        // In the stream behind the elements above of all overlays.
         std::vector<unsigned char> overlay_language;  // st(v), when language_overlay_present_flag
         std::vector<unsigned char> overlay_name;      // st(v)
+        std::vector<std::vector<unsigned char>> overlay_element_name;  // st(v)
     };
     std::vector<overlay_t> overlays;  // num_overlays_minus1 + 1 entries
 
@@ -50,7 +52,8 @@ struct h265_nal_sei_overlay_info {
 
     // Reads one payload up to its last element, in a record that is reset first. False, with
     // `valid` false: labels have more than 32 bits; there are more than 16 overlays, or more
-    // elements of one than the data can hold; the data ends; or there is no memory.
+    // elements of one than the data can hold; a text has no zero byte behind it; the data ends; or
+    // there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, h265_trace& trace,
                                    h265_fault* fault = nullptr);

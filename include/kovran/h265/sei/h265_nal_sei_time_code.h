@@ -28,8 +28,8 @@ struct h265_nal_sei_time_code {
         unsigned short n_frames = 0;          // u(9)
 
         // Likewise. The flags are in the stream unless full_timestamp_flag, each when the one
-        // before it is set; the values are there when their flag is, or full_timestamp_flag. Those
-        // that are not keep what they had in the message before.
+        // before it is set; the values are there when their flag is, or full_timestamp_flag. A part
+        // that is not there is that of the time before; its field is 0.
         bool seconds_flag = false;        // u(1)
         unsigned char seconds_value = 0;  // u(6)
         bool minutes_flag = false;        // u(1)
