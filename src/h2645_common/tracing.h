@@ -201,7 +201,7 @@ public:
         const bool walked = reading<Rules>::within(size, [&] {
             const bool read = std::forward<WalkPart>(walk_part)();
             if (!read && fault_) {
-                fault_->refuse_last();
+                fault_->refuse_part();
             }
             return read;
         });

@@ -79,5 +79,19 @@ TEST(ScalableNesting, HasOneMessageBehindTheOther) {
     EXPECT_EQ(nesting.sei_message.size(), 2U);
 }
 
+// The light levels have one byte of four; the nest is read, the message in it is kept as bytes.
+TEST(ScalableNesting, TellsAMessageWhoseDataEnds) {
+    const test::sei_reading reading =
+        test::read_payload(133, test::bytes_of("0 0 1 00000  x90 x01 x03  x06 x01 1 1 0 1 0000"));
+    EXPECT_TRUE(reading.read);
+    EXPECT_EQ(to_string(reading.fault),
+              "the data ends before the end of "
+              "sei_message[0].content_light_level_info.max_content_light_level at bit 40");
+    const auto& nesting = std::get<h265_nal_sei_scalable_nesting>(reading.message.payload);
+    ASSERT_EQ(nesting.sei_message.size(), 2U);
+    EXPECT_FALSE(nesting.sei_message[0].valid);
+    EXPECT_TRUE(nesting.sei_message[1].valid);
+}
+
 }  // namespace
 }  // namespace kovran
