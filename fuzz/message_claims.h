@@ -30,24 +30,20 @@ inline bool lists_alike(const h265_trace& one, const h265_trace& other) {
 
 inline bool messages_alike(const h265_nal_sei_message& one, const h265_nal_sei_message& other) {
     return one.valid == other.valid && one.payload_type == other.payload_type &&
-           one.payload_size == other.payload_size &&
-           one.payload.index() == other.payload.index() &&
+           one.payload_size == other.payload_size && one.payload.index() == other.payload.index() &&
            one.reserved_payload_extension_data == other.reserved_payload_extension_data;
 }
 
 // All bits of the message, one element after the other.
 inline bool covers(const h265_trace& trace, const h265_nal_sei_reader& message) {
-    const auto bit_at = [&message](const unsigned char* place) {
-        return 8 * static_cast<std::size_t>(place - message.begin);
-    };
-    std::size_t bit = bit_at(message.message_begin);
+    std::size_t bit = 0;
     for (const auto& element : trace.elements) {
         if (element.first_bit != bit) {
             return false;
         }
         bit += element.width;
     }
-    return bit == bit_at(message.payload_end);
+    return bit == 8 * static_cast<std::size_t>(message.payload_end - message.message_begin);
 }
 
 inline void claim_message(const h265_nal_sei_reader& message, h265_nal_sei_message& used,

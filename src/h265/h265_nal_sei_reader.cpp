@@ -15,7 +15,6 @@ constexpr unsigned char lone_trailing_bits = 0x80;
 void h265_nal_sei_reader::set_ptr(unsigned char* rbsp_begin, unsigned char* rbsp_end,
                                   h265_nal_unit_type type) {
     *this = {};
-    begin = rbsp_begin;
     cursor = rbsp_begin;
     end = rbsp_end;
     nal_unit_type = type;

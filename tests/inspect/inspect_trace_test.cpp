@@ -76,7 +76,9 @@ std::vector<traced_unit> units_of(const std::string& trace) {
 }
 
 std::string leaf_of(const std::string& path) {
-    return path.substr(path.rfind('.') + 1);
+    // Not the one of user_data_payload_byte[0..6].
+    const std::size_t end = path.back() == ']' ? path.rfind('[') : path.size();
+    return path.substr(path.rfind('.', end) + 1);
 }
 
 // ---- What the other reader says

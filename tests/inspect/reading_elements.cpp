@@ -212,7 +212,7 @@ bool is_parsed_message(const std::string& payload_type) {
 }
 
 bool is_sei_framing(const std::string& name) {
-    return name.rfind("last_payload_", 0) == 0 || name == "ff_byte" || name.rfind("rbsp_", 0) == 0;
+    return name.rfind("last_payload_", 0) == 0 || name.rfind("rbsp_", 0) == 0;
 }
 
 bool is_payload_bit(const std::string& name) {

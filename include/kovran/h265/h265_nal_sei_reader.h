@@ -24,10 +24,9 @@ struct h265_nal_sei_reader {
     unsigned char* payload_end = nullptr;    // never beyond `end`
     unsigned int payload_type = h265_nal_sei_payload_type_none;
     h265_nal_unit_type nal_unit_type = TRAIL_N;
-    unsigned int payload_size = 0;   // as coded; may reach beyond `end`
-    bool message_valid = false;      // the latest next_message() read a message
-    bool truncated = false;          // its payload is cut off by `end`
-    unsigned char* begin = nullptr;  // of the RBSP
+    unsigned int payload_size = 0;  // as coded; may reach beyond `end`
+    bool message_valid = false;     // the latest next_message() read a message
+    bool truncated = false;         // its payload is cut off by `end`
 
     h265_nal_sei_reader() = default;
     h265_nal_sei_reader(unsigned char* rbsp_begin, unsigned char* rbsp_end,

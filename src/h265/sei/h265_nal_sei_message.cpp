@@ -120,11 +120,8 @@ template bool walk_message(tracing<standard_rules>&, h265_nal_sei_message&, cons
 
 namespace {
 
-// A reader that stands on the message and counts its bits from where the bytes begin.
 h2645_common_bitreader reader_at(const h265_nal_sei_reader& message) {
-    h2645_common_bitreader reader(message.begin, message.end);
-    reader.current = message.message_begin;
-    return reader;
+    return {message.message_begin, message.end};
 }
 
 bool trace_message(h265_nal_sei_message& message, const h265_nal_sei_reader& at, h265_trace* trace,

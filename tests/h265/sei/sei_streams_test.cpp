@@ -56,13 +56,16 @@ std::string opaque_name(const h265_nal_sei_message& message) {
     return "sei_payload(" + std::to_string(message.payload_type) + ')';
 }
 
+// A trace counts bits from where the message begins.
 message_elements elements_of(const h265_nal_sei_message& message, const h265_trace& trace,
-                             const unsigned char* rbsp) {
+                             const unsigned char* rbsp, const unsigned char* message_begin) {
+    const std::size_t first_bit = 8 * static_cast<std::size_t>(message_begin - rbsp);
     constexpr std::string_view opaque = "reserved_sei_message_payload_byte";
     message_elements all;
     for (const h265_traced_element& each : trace.elements) {
         all.push_back({each.name == opaque ? opaque_name(message) : to_string(name_of(trace, each)),
-                       value_in_trace(each, rbsp), each.first_bit, each.width});
+                       value_in_trace(each, message_begin), each.first_bit + first_bit,
+                       each.width});
         if (each.name == std::string_view("ff_byte") && each.run != 0) {
             // The readings have the bytes of filler_payload() one by one.
             const expected_element run = all.back();
@@ -104,7 +107,8 @@ TEST_P(SeiStreams, HaveTheMessagesOfTheReading) {
                 h265_trace trace;
                 static_cast<void>(
                     message.parse_standard(messages, host.vps_store, host.sps_store, trace));
-                const message_elements more = elements_of(message, trace, rbsp.data());
+                const message_elements more =
+                    elements_of(message, trace, rbsp.data(), messages.message_begin);
                 elements.insert(elements.end(), more.begin(), more.end());
             }
             const message_elements reading =

@@ -71,6 +71,11 @@ void first_difference::compare(const part& standard, const part& own, const part
         (own.has_opaque_payload || is_behind_own_reading(name_at(standard, place)))) {
         return;
     }
+    const bool neither_reads_it =
+        standard.has_opaque_payload && own.fault.kind != h265_fault_kind::none;
+    if (neither_reads_it && latest_rule(rules_alone.elements, own.elements.size()) == nullptr) {
+        return;
+    }
     faults_differ_ = faults_differ_ || !(standard.faults == own.faults);
     rules_alone_faults_alike_ = rules_alone_faults_alike_ && own.faults == rules_alone.faults;
     if (elements_differ_) {

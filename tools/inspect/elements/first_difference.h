@@ -16,7 +16,8 @@ namespace kovran::inspect {
 // kept of a part but what is told: all of them find the same SEI messages.
 //
 // What the library's own rules leave unread of every slice segment header is no difference, and
-// neither is an SEI message that they leave as bytes, or what follows the last element of another.
+// neither is an SEI message that they leave as bytes, what follows the last element of another, or
+// a message that none of the rules can read.
 class first_difference {
 public:
     using element = element_list::entry;

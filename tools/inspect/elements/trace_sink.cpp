@@ -68,17 +68,19 @@ std::size_t shown_bytes(const h265_traced_element& element) {
 }
 
 shown_element shown(const h265_trace& trace, const h265_traced_element& element,
-                    const unsigned char* payload) {
+                    const unsigned char* begin, std::size_t behind_header) {
     constexpr std::string_view opaque = "reserved_sei_message_payload_byte";
-    shown_element result{name_of(trace, element), element.descriptor, element.first_bit,
+    const std::size_t first_bit = element.first_bit + 8 * behind_header;
+    shown_element result{name_of(trace, element), element.descriptor, first_bit,
                          element.width,           element.value,      element.rule,
                          element.out_of_range,    element.run};
     result.form = form_of(element);
     if (result.form != value_form::number) {
-        result.begin = payload + element.first_bit / 8;
+        result.begin = begin + element.first_bit / 8;
         result.end = result.begin + shown_bytes(element);
     }
-    return element.name == opaque ? opaque_payload(payload, result.begin, result.end) : result;
+    return element.name == opaque ? opaque_payload(begin - behind_header, result.begin, result.end)
+                                  : result;
 }
 
 }  // namespace
@@ -97,12 +99,13 @@ shown_element opaque_payload(const unsigned char* first, const unsigned char* be
     return element;
 }
 
-void replay(const h265_trace& trace, const unsigned char* payload, trace_sink& sink) {
+void replay(const h265_trace& trace, const unsigned char* begin, std::size_t behind_header,
+            trace_sink& sink) {
     open_structures structures(trace, sink);
     for (std::size_t i = 0; i < trace.elements.size(); ++i) {
         structures.begin_up_to(i);
         structures.end_down_to(trace.elements[i].structure);
-        sink.read(shown(trace, trace.elements[i], payload));
+        sink.read(shown(trace, trace.elements[i], begin, behind_header));
     }
     structures.begin_up_to(trace.elements.size());
     structures.end_down_to(h265_trace::no_structure);

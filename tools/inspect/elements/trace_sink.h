@@ -67,8 +67,10 @@ public:
     virtual void end_message() = 0;
 };
 
-// Tells a sink what a parse of the payload has listed.
-void replay(const h265_trace& trace, const unsigned char* payload, trace_sink& sink);
+// Tells a sink what a parse has listed of the bytes from `begin` on, so many bytes behind the NAL
+// unit header.
+void replay(const h265_trace& trace, const unsigned char* begin, std::size_t behind_header,
+            trace_sink& sink);
 
 }  // namespace kovran::inspect
 

@@ -160,11 +160,11 @@ bool unit_reader::parse(Record& record, h2645_common_bitreader reader, trace_sin
                    ? record.parse_standard(reader, context..., *trace_, &fault_)
                    : record.parse(reader, context..., *trace_, &fault_);
     } catch (const std::bad_alloc&) {
-        replay(*trace_, payload_->begin(), sink);
+        replay(*trace_, payload_->begin(), 0, sink);
         throw;
     }
     if (sink.wants_elements()) {
-        replay(*trace_, payload_->begin(), sink);
+        replay(*trace_, payload_->begin(), 0, sink);
         if (fault_.kind != h265_fault_kind::none) {
             sink.fault(fault_);
         }
@@ -275,8 +275,11 @@ void unit_reader::read_message_by_standard(trace_sink& sink) {
         sink.wants_elements()
             ? message_.parse_standard(messages_, sets_->vps, sets_->sps, *trace_, &fault_)
             : message_.parse_standard(messages_, sets_->vps, sets_->sps, &fault_);
+    const auto behind_header =
+        static_cast<std::size_t>(messages_.message_begin - payload_->begin());
+    fault_.first_bit += 8 * behind_header;
     if (sink.wants_elements()) {
-        replay(*trace_, payload_->begin(), sink);
+        replay(*trace_, messages_.message_begin, behind_header, sink);
         if (is_empty_and_opaque(message_)) {
             sink.read(opaque_payload(payload_->begin(), messages_.payload_begin,
                                      messages_.payload_begin));

@@ -2,10 +2,20 @@
 
 #include "output/hexadecimal.h"
 
+#include <cstdint>
+#include <cstring>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace kovran::inspect {
 namespace {
+
+// What a binary value holds, as JSON has no pointers.
+struct byte_range {
+    const unsigned char* begin;
+    const unsigned char* end;
+};
 
 // In ASCII: a terminal takes some of the other characters for commands.
 std::string text_of(const nlohmann::ordered_json& value) {
@@ -26,6 +36,13 @@ void write_array(const nlohmann::ordered_json& array, output& lines) {
 
 }  // namespace
 
+nlohmann::ordered_json json_of_bytes(const unsigned char* begin, const unsigned char* end) {
+    const byte_range bytes{begin, end};
+    std::vector<std::uint8_t> binary(sizeof(bytes));
+    std::memcpy(binary.data(), &bytes, sizeof(bytes));
+    return nlohmann::ordered_json::binary(std::move(binary));
+}
+
 void write_json(const nlohmann::ordered_json& value, output& lines) {
     if (value.is_object()) {
         write_open_object(value, lines);
@@ -33,9 +50,10 @@ void write_json(const nlohmann::ordered_json& value, output& lines) {
     } else if (value.is_array()) {
         write_array(value, lines);
     } else if (value.is_binary()) {
-        const auto& bytes = value.get_binary();
+        byte_range bytes{};
+        std::memcpy(&bytes, value.get_binary().data(), sizeof(bytes));
         lines.write("\"");
-        write_hexadecimal(bytes.data(), bytes.data() + bytes.size(), lines);
+        write_hexadecimal(bytes.begin, bytes.end, lines);
         lines.write("\"");
     } else {
         lines.write(text_of(value));

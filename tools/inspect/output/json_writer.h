@@ -7,8 +7,13 @@
 
 namespace kovran::inspect {
 
-// Writes a value without holding its text. Binary values become strings of hexadecimal digits;
-// what is not UTF-8 in a string becomes replacement characters.
+// A value for write_json(): a string of the hexadecimal digits of these bytes, which stay where they
+// are until it is written.
+[[nodiscard]] nlohmann::ordered_json json_of_bytes(const unsigned char* begin,
+                                                   const unsigned char* end);
+
+// Writes a value without holding its text. What is not UTF-8 in a string becomes replacement
+// characters.
 void write_json(const nlohmann::ordered_json& value, output& lines);
 
 // The same of the keys of an object, for more of them to be added.

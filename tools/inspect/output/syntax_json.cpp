@@ -22,7 +22,7 @@ constexpr std::size_t most_missing_entries = 1023;
 nlohmann::ordered_json json_value(const shown_element& element) {
     switch (element.form) {
         case value_form::bytes:
-            return nlohmann::ordered_json::binary({element.begin, element.end});
+            return json_of_bytes(element.begin, element.end);
         case value_form::text:
             return text_of(element);
         case value_form::bits:

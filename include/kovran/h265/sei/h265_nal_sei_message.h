@@ -50,8 +50,8 @@ struct h265_nal_sei_message {
                                    const h2645_common_base_store<h265_nal_vps>& vps_store,
                                    const h2645_common_base_store<h265_nal_sps>& sps_store,
                                    h265_fault* fault = nullptr);
-    // The trace begins with payloadType and payloadSize; its bits are counted from where the
-    // reader's bytes begin.
+    // The trace begins with payloadType and payloadSize. Its bits, and those of a fault, are
+    // counted from where the message begins.
     KOVRAN_API bool parse_standard(const h265_nal_sei_reader& message,
                                    const h2645_common_base_store<h265_nal_vps>& vps_store,
                                    const h2645_common_base_store<h265_nal_sps>& sps_store,
