@@ -1,5 +1,8 @@
 #include <kovran/h265/sei/h265_nal_sei_recovery_point.h>
 
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "support/sei_payload.h"
@@ -32,6 +35,24 @@ TEST(RecoveryPoint, CountsUpTo32767) {
     const test::sei_reading reading =
         test::read_payload(6, test::bytes_of("0000 0000 0000 0000 1000 0000 0000 0000 0 1 1"));
     EXPECT_TRUE(reading.read);
+}
+
+// Of a recovery point with these bits of recovery_poc_cnt.
+bool recovery_poc_cnt_is_out_of_range(const std::string& bits) {
+    const std::vector<unsigned char> payload = test::bytes_of(bits + "0 0");
+    h2645_common_bitreader reader(payload.data(), payload.data() + payload.size());
+    h265_nal_sei_recovery_point point;
+    h265_trace trace;
+    EXPECT_TRUE(point.parse_standard(reader, trace));
+    return trace.elements.front().out_of_range;
+}
+
+// se(v) codes 1 + 65533, 65535, 65536 and 65538.
+TEST(RecoveryPoint, TellsNumbersOutOfRange) {
+    EXPECT_FALSE(recovery_poc_cnt_is_out_of_range("000000000000000 1111111111111110"));    // 32767
+    EXPECT_TRUE(recovery_poc_cnt_is_out_of_range("0000000000000000 10000000000000000"));   // 32768
+    EXPECT_FALSE(recovery_poc_cnt_is_out_of_range("0000000000000000 10000000000000001"));  // -32768
+    EXPECT_TRUE(recovery_poc_cnt_is_out_of_range("0000000000000000 10000000000000011"));   // -32769
 }
 
 }  // namespace
