@@ -65,6 +65,7 @@ TEST(InspectSeiMeaning, NamesTheCodesOfUserData) {
     EXPECT_EQ(meaning_of_t35("b4 00 5000"), list{"United Kingdom (0xb4), V-Nova (0x5000)"});
     EXPECT_EQ(meaning_of_t35("b5 0102"), list{"United States (0xb5), provider 0x0102"});
     EXPECT_EQ(meaning_of_t35("0c 0031"), list{"country 0x0c, provider 0x0031"});
+    EXPECT_EQ(meaning_of_t35("0c 0031 47413934 03 c0ffff"), list{"country 0x0c, provider 0x0031"});
     EXPECT_EQ(meaning_of_t35("b5 00"), list());
     EXPECT_EQ(meaning_of_t35("b4 00 50"), list());
 }

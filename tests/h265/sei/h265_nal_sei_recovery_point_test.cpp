@@ -1,5 +1,8 @@
 #include <kovran/h265/sei/h265_nal_sei_recovery_point.h>
 
+#include <kovran/h265/h265_nal_sei_reader.h>
+#include <kovran/h265/sei/h265_nal_sei_message.h>
+
 #include <string>
 #include <vector>
 
@@ -53,6 +56,19 @@ TEST(RecoveryPoint, TellsNumbersOutOfRange) {
     EXPECT_TRUE(recovery_poc_cnt_is_out_of_range("0000000000000000 10000000000000000"));   // 32768
     EXPECT_FALSE(recovery_poc_cnt_is_out_of_range("0000000000000000 10000000000000001"));  // -32768
     EXPECT_TRUE(recovery_poc_cnt_is_out_of_range("0000000000000000 10000000000000011"));   // -32769
+}
+
+TEST(RecoveryPoint, HasNoExtensionDataOfAMessageBefore) {
+    const test::sei_stores stores;
+    h265_nal_sei_message message;
+    for (const char* const bits : {"1 1 0 101 1 0", "1 1 0 1 0000"}) {
+        std::vector<unsigned char> unit = test::message_of(6, test::bytes_of(bits));
+        unit.push_back(0x80);
+        h265_nal_sei_reader reader(unit.data(), unit.data() + unit.size(), PREFIX_SEI_NUT);
+        ASSERT_TRUE(reader.next_message());
+        EXPECT_TRUE(message.parse_standard(reader, stores.vps, stores.sps));
+    }
+    EXPECT_TRUE(message.reserved_payload_extension_data.empty());
 }
 
 }  // namespace

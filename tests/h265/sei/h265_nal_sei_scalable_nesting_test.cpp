@@ -93,5 +93,14 @@ TEST(ScalableNesting, TellsAMessageWhoseDataEnds) {
     EXPECT_TRUE(nesting.sei_message[1].valid);
 }
 
+// It has a byte of five.
+TEST(ScalableNesting, KeepsAnUnknownMessageThatIsTooLong) {
+    const test::sei_reading reading =
+        test::read_payload(133, test::bytes_of("0 0 1 00000  x64 x05 xaa"));
+    EXPECT_TRUE(reading.read);
+    const auto& nesting = std::get<h265_nal_sei_scalable_nesting>(reading.message.payload);
+    EXPECT_FALSE(nesting.sei_message.at(0).valid);
+}
+
 }  // namespace
 }  // namespace kovran
