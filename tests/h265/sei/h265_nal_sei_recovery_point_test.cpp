@@ -58,11 +58,12 @@ TEST(RecoveryPoint, TellsNumbersOutOfRange) {
     EXPECT_TRUE(recovery_poc_cnt_is_out_of_range("0000000000000000 10000000000000011"));   // -32769
 }
 
-TEST(RecoveryPoint, HasNoExtensionDataOfAMessageBefore) {
+// A preferred transfer characteristic has a byte; three bits follow it in the first message.
+TEST(SeiMessage, HasNoExtensionDataOfAMessageBefore) {
     const test::sei_stores stores;
     h265_nal_sei_message message;
-    for (const char* const bits : {"1 1 0 101 1 0", "1 1 0 1 0000"}) {
-        std::vector<unsigned char> unit = test::message_of(6, test::bytes_of(bits));
+    for (const char* const payload : {"x12 x10", "x12"}) {
+        std::vector<unsigned char> unit = test::message_of(147, test::bytes_of(payload));
         unit.push_back(0x80);
         h265_nal_sei_reader reader(unit.data(), unit.data() + unit.size(), PREFIX_SEI_NUT);
         ASSERT_TRUE(reader.next_message());
