@@ -7,8 +7,8 @@ namespace kovran {
 void fault_finder::start() {
     fault_ = {};
     reads_ = 0;
-    is_of_part_ = false;
     path_of_last_kept_ = false;
+    part_was_refused_ = false;
 }
 
 void fault_finder::open(const h2645_common_element_name& structure) {
@@ -73,7 +73,7 @@ void fault_finder::trailing_bit(const h2645_common_element_name& name, std::size
 void fault_finder::end(bool walked) {
     if (!walked) {
         tell_refusal_of_last();
-    } else if (fault_.kind == h2645_common_fault_kind::data_ended && !is_of_part_) {
+    } else if (!part_was_refused_ && fault_.kind == h2645_common_fault_kind::data_ended) {
         fault_ = {};  // the rules of this walk do not mind
     }
 }

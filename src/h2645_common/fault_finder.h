@@ -48,10 +48,11 @@ public:
     // A value that is above `highest`, wherever it comes from; `bit` is where the walk stands.
     void refuse(const h2645_common_element_name& name, std::size_t bit, std::int64_t value,
                 std::int64_t highest);
-    // The element read last, where a part is refused that does not end the walk.
-    void refuse_last() {
+    // The element read last, where a part is refused that does not end the walk. What was told of
+    // the part stays told, an end of the part's data as well.
+    void refuse_part() {
         tell_refusal_of_last();
-        is_of_part_ = true;
+        part_was_refused_ = true;
     }
     void missing(const char* parameter_set, unsigned int id);
     void no_memory();
@@ -87,7 +88,7 @@ private:
     std::array<read_element, 8> latest_{};
     std::size_t reads_ = 0;
     bool last_is_whole_ = true;
-    bool is_of_part_ = false;  // what has been told
+    bool part_was_refused_ = false;
 
     path structures_{};
     unsigned int depth_ = 0;

@@ -203,7 +203,7 @@ public:
         const bool walked = reading<Rules>::within(size, [&] {
             const bool read = std::forward<WalkPart>(walk_part)();
             if (!read && fault_) {
-                fault_->refuse_last();
+                fault_->refuse_part();
             }
             return read;
         });
@@ -542,7 +542,7 @@ private:
     // The first one: nothing behind it stands where it should.
     void tell_endless_code() {
         if (!Rules::data_may_end && fault_ && this->reader.has_endless_code()) {
-            fault_->refuse_last();
+            fault_->refuse_part();
         }
     }
 

@@ -635,14 +635,17 @@ void add_without_indices(const std::string& name, const std::string& value, valu
     to.emplace_back(name.substr(0, name.find('[')), value);
 }
 
-// All that messages say, beside their types and sizes.
+// What a message has beside its elements, as the messages in it have.
+bool is_about_message(const std::string& name) {
+    return name == "payload_type" || name == "payload_size" || name == "name" ||
+           name.rfind("meaning[", 0) == 0;
+}
+
+// All elements of messages.
 values values_in(const nlohmann::ordered_json& messages) {
     values found;
-    for (nlohmann::ordered_json message : messages) {
-        for (const char* const key : {"payload_type", "payload_size", "name", "meaning"}) {
-            message.erase(key);
-        }
-        for (const auto& [name, value] : elements_in(message)) {
+    for (const auto& [name, value] : elements_in(messages)) {
+        if (!is_about_message(name)) {
             const bool is_text = value.front() == '"';
             add_without_indices(name, is_text ? value.substr(1, value.size() - 2) : value, found);
         }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 
 #include "elements/meaning.h"
 #include "elements/sei_name.h"
@@ -197,6 +198,42 @@ TEST(StandardTables, EachElementHasItsOwn) {
           "general_profile_space", "num_entry_points"}) {
         EXPECT_EQ(meaning_of_element(name, 1), "") << name;
     }
+}
+
+// Each by a value that other tables have another name for, or none.
+TEST(StandardTables, ElementsOfMessagesHaveTheirOwn) {
+    const std::map<std::string, std::pair<std::int64_t, std::string>> elements = {
+        {"ffinfo_pic_struct", {8, "Frame tripling"}},
+        {"ffinfo_source_scan_type", {1, "progressive"}},
+        {"film_grain_model_id", {1, "auto-regression"}},
+        {"blending_mode_id", {1, "multiplicative"}},
+        {"film_grain_colour_primaries", {8, "generic film"}},
+        {"film_grain_transfer_characteristics", {8, "linear"}},
+        {"film_grain_matrix_coeffs", {8, "YCgCo"}},
+        {"tone_map_model_id", {3, "piecewise linear"}},
+        {"frame_packing_arrangement_type", {4, "top and bottom"}},
+        {"content_interpretation_type", {2, "frame 0 is the right view"}},
+        {"segmented_rect_content_interpretation_type", {1, "frame 0 is the left view"}},
+        {"green_metadata_type", {1, "quality recovery metrics"}},
+        {"hash_type", {2, "checksum"}},
+        {"mcts_level_idc", {63, "level 2.1"}},
+        {"mcts_max_level_idc", {93, "level 3.1"}},
+        {"colour_remap_primaries", {8, "generic film"}},
+        {"colour_remap_transfer_function", {8, "linear"}},
+        {"colour_remap_matrix_coefficients", {8, "YCgCo"}},
+        {"preferred_transfer_characteristics", {18, "ARIB STD-B67, HLG"}},
+        {"depth_representation_type", {2, "Z, uniform steps"}},
+        {"depth_type", {1, "warp map"}},
+        {"manifest_sei_payload_type", {136, "time_code"}},
+        {"manifest_sei_description", {1, "expected, necessary"}},
+        {"prefix_sei_payload_type", {144, "content_light_level_info"}},
+    };
+    for (const auto& [name, value] : elements) {
+        EXPECT_EQ(meaning_of_element(name, value.first), value.second) << name;
+    }
+    EXPECT_EQ(meaning_of_element("manifest_sei_payload_type", 100), "");
+    EXPECT_EQ(meaning_of_element("hash_type", 3), "");
+    EXPECT_EQ(meaning_of_element("depth_type", 3), "?");
 }
 
 // Table E.2.

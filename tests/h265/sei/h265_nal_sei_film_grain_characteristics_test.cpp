@@ -1,5 +1,6 @@
 #include <kovran/h265/sei/h265_nal_sei_film_grain_characteristics.h>
 
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -95,6 +96,16 @@ TEST(H265NalSeiFilmGrainCharacteristics, HasAtMostSixModelValues) {
 TEST(H265NalSeiFilmGrainCharacteristics, HasNoMoreIntervalsThanTheDataHolds) {
     EXPECT_EQ(test::refusal_of(19, "0 00 0 00 0000 100 11111111 000 x00x00x00"),
               "num_intensity_intervals_minus1[0] at bit 29 is 255; allowed: 0");
+}
+
+// An interval has two bounds and one value of a bit at the least; the persistence flag follows.
+TEST(H265NalSeiFilmGrainCharacteristics, HasAsManyIntervalsAsTheDataHolds) {
+    std::string bits = "0 00 0 00 0000 100 00001111 000";
+    for (int i = 0; i < 16; ++i) {
+        bits += "x00 xff 1";
+    }
+    const std::vector<unsigned char> payload = test::bytes_of(bits + "1");
+    EXPECT_TRUE(test::read_payload(19, payload).read);
 }
 
 TEST(H265NalSeiFilmGrainCharacteristics, IsParsedAlone) {

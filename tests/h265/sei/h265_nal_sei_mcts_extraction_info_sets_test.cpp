@@ -2,6 +2,7 @@
 
 #include <kovran/h265/h265_trace.h>
 
+#include <variant>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -127,6 +128,20 @@ TEST(H265NalSeiMctsExtractionInfoSets, HasTwoInfoSets) {
               (std::vector<std::vector<unsigned char>>{{0x01, 0x60, 0x00}}));
     EXPECT_EQ(second.pps_rbsp_data_byte, (std::vector<std::vector<unsigned char>>{{}, {0xC1}}));
     EXPECT_EQ(second.pps_nuh_temporal_id_plus1, (std::vector<unsigned char>{7, 2}));
+}
+
+// Four coding tree blocks have addresses of two bits: 3 and 0.
+TEST(H265NalSeiMctsExtractionInfoSets, HasAddressesOfAPowerOfTwoBlocks) {
+    test::sei_stores stores = mcts_extraction_stores();
+    stores.sps.at(5).pic_width_in_luma_samples = 128;
+    const test::sei_reading reading =
+        test::read_payload(h265_nal_sei_mcts_extraction_info_sets::payload_type,
+                           test::bytes_of("1 1 1 1 1 010 11 00 1 1 1 1 1 001 1 000"), stores);
+    ASSERT_TRUE(reading.read);
+    const auto& extraction =
+        std::get<h265_nal_sei_mcts_extraction_info_sets>(reading.message.payload);
+    EXPECT_EQ(extraction.info_sets.at(0).output_slice_segment_address,
+              (std::vector<unsigned int>{3, 0}));
 }
 
 TEST(H265NalSeiMctsExtractionInfoSets, NeedsAnSpsForSliceAddresses) {

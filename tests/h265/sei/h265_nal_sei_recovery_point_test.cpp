@@ -1,5 +1,8 @@
 #include <kovran/h265/sei/h265_nal_sei_recovery_point.h>
 
+#include <kovran/h265/h265_nal_sei_reader.h>
+#include <kovran/h265/sei/h265_nal_sei_message.h>
+
 #include <string>
 #include <vector>
 
@@ -42,6 +45,38 @@ TEST(H265NalSeiRecoveryPoint, Has16Bits) {
     const std::vector<std::string> one = {"recovery_poc_cnt"};
     EXPECT_EQ(out_of_range("0000000000000000 10000000000000011"), one);  // -32769
     EXPECT_EQ(out_of_range("0000000000000000 10000000000000000"), one);  // 32768
+}
+
+// Of a recovery point with these bits of recovery_poc_cnt.
+bool recovery_poc_cnt_is_out_of_range(const std::string& bits) {
+    const std::vector<unsigned char> payload = test::bytes_of(bits + "0 0");
+    h2645_common_bitreader reader(payload.data(), payload.data() + payload.size());
+    h265_nal_sei_recovery_point point;
+    h265_trace trace;
+    EXPECT_TRUE(point.parse_standard(reader, trace));
+    return trace.elements.front().out_of_range;
+}
+
+// se(v) codes 1 + 65533, 65535, 65536 and 65538.
+TEST(H265NalSeiRecoveryPoint, TellsNumbersOutOfRange) {
+    EXPECT_FALSE(recovery_poc_cnt_is_out_of_range("000000000000000 1111111111111110"));    // 32767
+    EXPECT_TRUE(recovery_poc_cnt_is_out_of_range("0000000000000000 10000000000000000"));   // 32768
+    EXPECT_FALSE(recovery_poc_cnt_is_out_of_range("0000000000000000 10000000000000001"));  // -32768
+    EXPECT_TRUE(recovery_poc_cnt_is_out_of_range("0000000000000000 10000000000000011"));   // -32769
+}
+
+// A preferred transfer characteristic has a byte; three bits follow it in the first message.
+TEST(H265NalSeiRecoveryPoint, HasNoExtensionDataOfAMessageBefore) {
+    const test::sei_stores stores;
+    h265_nal_sei_message message;
+    for (const char* const payload : {"x12 x10", "x12"}) {
+        std::vector<unsigned char> unit = test::message_of(147, test::bytes_of(payload));
+        unit.push_back(0x80);
+        h265_nal_sei_reader reader(unit.data(), unit.data() + unit.size(), PREFIX_SEI_NUT);
+        ASSERT_TRUE(reader.next_message());
+        EXPECT_TRUE(message.parse_standard(reader, stores.vps, stores.sps));
+    }
+    EXPECT_TRUE(message.reserved_payload_extension_data.empty());
 }
 
 }  // namespace

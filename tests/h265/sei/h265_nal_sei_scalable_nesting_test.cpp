@@ -228,74 +228,27 @@ TEST(H265NalSeiScalableNesting, IsReadByItself) {
     EXPECT_NE(fault.kind, h265_fault_kind::none);
 }
 
-// The bits that close a message stand before the next one.
-TEST(ScalableNesting, HasOneMessageBehindTheOther) {
-    const auto nesting = test::record_of<h265_nal_sei_scalable_nesting>(
-        "0 0 1 00000  x06 x01 1 1 0 1 0000  x06 x01 1 1 0 1 0000",
-        "bitstream_subset_flag 0\n"
-        "nesting_op_flag 0\n"
-        "all_layers_flag 1\n"
-        "nesting_zero_bit 0\n"
-        "nesting_zero_bit 0\n"
-        "nesting_zero_bit 0\n"
-        "nesting_zero_bit 0\n"
-        "nesting_zero_bit 0\n"
-        "sei_message[0].last_payload_type_byte 6\n"
-        "sei_message[0].last_payload_size_byte 1\n"
-        "sei_message[0].recovery_point.recovery_poc_cnt 0\n"
-        "sei_message[0].recovery_point.exact_match_flag 1\n"
-        "sei_message[0].recovery_point.broken_link_flag 0\n"
-        "sei_message[0].recovery_point.payload_bit_equal_to_one 1\n"
-        "sei_message[0].recovery_point.payload_bit_equal_to_zero 0\n"
-        "sei_message[0].recovery_point.payload_bit_equal_to_zero 0\n"
-        "sei_message[0].recovery_point.payload_bit_equal_to_zero 0\n"
-        "sei_message[0].recovery_point.payload_bit_equal_to_zero 0\n"
-        "sei_message[1].last_payload_type_byte 6\n"
-        "sei_message[1].last_payload_size_byte 1\n"
-        "sei_message[1].recovery_point.recovery_poc_cnt 0\n"
-        "sei_message[1].recovery_point.exact_match_flag 1\n"
-        "sei_message[1].recovery_point.broken_link_flag 0\n"
-        "sei_message[1].recovery_point.payload_bit_equal_to_one 1\n"
-        "sei_message[1].recovery_point.payload_bit_equal_to_zero 0\n"
-        "sei_message[1].recovery_point.payload_bit_equal_to_zero 0\n"
-        "sei_message[1].recovery_point.payload_bit_equal_to_zero 0\n"
-        "sei_message[1].recovery_point.payload_bit_equal_to_zero 0\n",
-        {}, test::payload_end::takes_all);
-    EXPECT_EQ(nesting.sei_message.size(), 2U);
-}
-
-// A recovery point has a code of se(v), which a byte of zeros does not end.
-TEST(ScalableNesting, TellsWhyAMessageInItCannotBeRead) {
+// The light levels have one byte of four; the nest is read, the message in it is kept as bytes.
+TEST(H265NalSeiScalableNesting, TellsAMessageWhoseDataEnds) {
     const test::sei_reading reading =
-        test::read_payload(133, test::bytes_of("0 0 1 00000  x06 x01 x00"));
+        test::read_payload(133, test::bytes_of("0 0 1 00000  x90 x01 x03  x06 x01 1 1 0 1 0000"));
     EXPECT_TRUE(reading.read);
     EXPECT_EQ(to_string(reading.fault),
               "the data ends before the end of "
-              "sei_message[0].recovery_point.recovery_poc_cnt at bit 40");
+              "sei_message[0].content_light_level_info.max_content_light_level at bit 40");
     const auto& nesting = std::get<h265_nal_sei_scalable_nesting>(reading.message.payload);
-    ASSERT_EQ(nesting.sei_message.size(), 1U);
+    ASSERT_EQ(nesting.sei_message.size(), 2U);
     EXPECT_FALSE(nesting.sei_message[0].valid);
-    EXPECT_EQ(std::get<h265_nal_sei_reserved_message>(nesting.sei_message[0].payload)
-                  .reserved_sei_message_payload_byte,
-              std::vector<unsigned char>{0});
+    EXPECT_TRUE(nesting.sei_message[1].valid);
 }
 
-// no_display() in so many nestings.
-std::vector<unsigned char> nested_no_display(unsigned int nestings) {
-    std::vector<unsigned char> message = {135, 0};
-    for (unsigned int i = 0; i < nestings; ++i) {
-        const auto size = static_cast<unsigned char>(message.size() + 1);
-        message.insert(message.begin(), {133, size, 0x20});
-    }
-    return {message.begin() + 2, message.end()};  // the outermost payload
-}
-
-TEST(ScalableNesting, IsReadToADepthOfFour) {
-    EXPECT_EQ(to_string(test::read_payload(133, nested_no_display(4)).fault), "no fault");
-    const test::sei_reading five = test::read_payload(133, nested_no_display(5));
-    EXPECT_TRUE(five.read);
-    EXPECT_NE(to_string(five.fault).find("nesting_depth"), std::string::npos);
-    EXPECT_NE(to_string(five.fault).find("is 5; allowed: 0 to 4"), std::string::npos);
+// It has a byte of five.
+TEST(H265NalSeiScalableNesting, KeepsAnUnknownMessageThatIsTooLong) {
+    const test::sei_reading reading =
+        test::read_payload(133, test::bytes_of("0 0 1 00000  x64 x05 xaa"));
+    EXPECT_TRUE(reading.read);
+    const auto& nesting = std::get<h265_nal_sei_scalable_nesting>(reading.message.payload);
+    EXPECT_FALSE(nesting.sei_message.at(0).valid);
 }
 
 }  // namespace

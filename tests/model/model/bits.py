@@ -24,7 +24,7 @@ def bit_length(count):
 class Reader:
     """The names of the elements are for those who invent input; see inventor.py."""
 
-    __slots__ = ("bits", "size", "pos")
+    __slots__ = ("bits", "size", "pos", "overlong")
 
     def __init__(self, data, start=0):
         self.size = 8 * len(data)

@@ -98,6 +98,8 @@ constexpr std::array tables = {
                      library_name<h265_nal_sei_frame_packing_arrangement_type_to_str>},
     table_of_element{"content_interpretation_type",
                      library_name<h265_nal_sei_content_interpretation_type_to_str>},
+    table_of_element{"segmented_rect_content_interpretation_type",
+                     library_name<h265_nal_sei_content_interpretation_type_to_str>},
     table_of_element{"green_metadata_type", library_name<h265_nal_sei_green_metadata_type_to_str>},
     table_of_element{"hash_type", library_name<h265_nal_sei_hash_type_to_str>},
     table_of_element{"mcts_level_idc", level_name},

@@ -19,10 +19,11 @@ namespace {
 using lines = std::vector<std::string>;
 using user_data_record = h265_nal_sei_user_data_registered_itu_t_t35;
 
-// A code by its name where there is one: "United States (0xb5)".
-std::string named_code(std::string_view name, unsigned int code, int digits) {
-    const std::string number = fmt::format("0x{:0{}x}", code, digits);
-    return name.empty() ? number : fmt::format("{} ({})", name, number);
+// A code by its name, "United States (0xb5)", or by what it is of where it has none.
+std::string named_code(std::string_view name, std::string_view what, unsigned int code,
+                       int digits) {
+    return name.empty() ? fmt::format("{} 0x{:0{}x}", what, code, digits)
+                        : fmt::format("{} (0x{:0{}x})", name, code, digits);
 }
 
 lines lines_of_captions(const user_data_record& user_data) {
@@ -36,8 +37,11 @@ lines lines_of_captions(const user_data_record& user_data) {
                        each.cc_type, each.cc_data_1, each.cc_data_2,
                        each.cc_valid ? "" : " not valid");
     }
-    return {fmt::format("{} caption triples, by type{}{}", captions.cc_count,
-                        words.empty() ? "" : ": ", words)};
+    if (words.empty()) {
+        return {"no caption triples"};
+    }
+    return {fmt::format("{} caption triple{}, by type: {}", captions.cc_count,
+                        captions.cc_count == 1 ? "" : "s", words)};
 }
 
 lines lines_of_format(const user_data_record& user_data) {
@@ -79,8 +83,9 @@ std::string words_of(const h265_hdr10_plus::window_t& window) {
                              window.distribution_maxrgb_percentiles[i] / steps_of_light);
     }
     if (window.tone_mapping_flag) {
-        words += fmt::format("; knee {} {}, {} anchors", window.knee_point_x, window.knee_point_y,
-                             window.num_bezier_curve_anchors);
+        words += fmt::format("; knee {} {}, {} anchor{}", window.knee_point_x, window.knee_point_y,
+                             window.num_bezier_curve_anchors,
+                             window.num_bezier_curve_anchors == 1 ? "" : "s");
     }
     return words;
 }
@@ -122,8 +127,9 @@ std::vector<std::string> meaning_of(const user_data_record& user_data) {
         return {};
     }
     std::string heading = fmt::format(
-        "{}, {}", named_code(h265_t35_country_name(codes.country), codes.country, 2),
-        named_code(h265_t35_provider_name(codes.country, codes.provider), codes.provider, 4));
+        "{}, {}", named_code(h265_t35_country_name(codes.country), "country", codes.country, 2),
+        named_code(h265_t35_provider_name(codes.country, codes.provider), "provider",
+                   codes.provider, 4));
     if (codes.kind != h265_t35_kind::other) {
         heading += fmt::format(": {}", h265_t35_kind_name(codes.kind));
     }

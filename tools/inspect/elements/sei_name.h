@@ -11,6 +11,7 @@ namespace kovran::inspect {
 
 // As the standard calls the payload, or "payload_type_200" where it has no name for it.
 [[nodiscard]] std::string sei_name(const h265_nal_sei_reader& message);
+[[nodiscard]] std::string sei_name(unsigned int payload_type);
 
 }  // namespace kovran::inspect
 

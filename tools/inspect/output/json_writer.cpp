@@ -17,9 +17,10 @@ struct byte_range {
     const unsigned char* end;
 };
 
+// In ASCII: a terminal takes some of the other characters for commands.
 std::string text_of(const nlohmann::ordered_json& value) {
     constexpr int on_one_line = -1;
-    return value.dump(on_one_line, ' ', /*ensure_ascii=*/false,
+    return value.dump(on_one_line, ' ', /*ensure_ascii=*/true,
                       nlohmann::ordered_json::error_handler_t::replace);
 }
 

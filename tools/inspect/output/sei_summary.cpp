@@ -93,8 +93,10 @@ void sei_summary::add_payload(const h265_nal_sei_time_code& code) {
 }
 
 void sei_summary::add_payload(const h265_nal_sei_alternative_transfer_characteristics& transfer) {
-    alternative_transfer_ =
-        transfer_characteristics_name(transfer.preferred_transfer_characteristics);
+    if (alternative_transfer_.empty()) {
+        alternative_transfer_ =
+            transfer_characteristics_name(transfer.preferred_transfer_characteristics);
+    }
 }
 
 std::vector<std::pair<std::string, std::string>> sei_summary::lines() const {

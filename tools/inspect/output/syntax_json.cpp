@@ -8,12 +8,16 @@
 #include "output/json_writer.h"
 #include "units/type_name.h"
 
+#include <cstddef>
 #include <string>
 
 #include <fmt/format.h>
 
 namespace kovran::inspect {
 namespace {
+
+// A stream can number the objects of annotated_regions() and the texts about them as it likes.
+constexpr std::size_t most_missing_entries = 1023;
 
 nlohmann::ordered_json json_value(const shown_element& element) {
     switch (element.form) {
@@ -76,6 +80,9 @@ void syntax_json::begin_structure(const h2645_common_element_name& name) {
     }
     open_.push_back(&structure);
     path_.open(to_string(name));
+    if (is_nested_message(name)) {
+        framing_.emplace();
+    }
 }
 
 void syntax_json::end_structure() {
@@ -84,6 +91,16 @@ void syntax_json::end_structure() {
 }
 
 void syntax_json::read(const shown_element& read_element) {
+    if (framing_) {
+        if (framing_->add(read_element)) {
+            nlohmann::ordered_json& nested = *open_.back();
+            nested["payload_type"] = framing_->payload_type();
+            nested["payload_size"] = framing_->payload_size();
+            nested["name"] = sei_name(framing_->payload_type());
+            framing_.reset();
+        }
+        return;
+    }
     if (is_framing(read_element) || is_extension_data(read_element)) {
         return;
     }
@@ -132,7 +149,16 @@ void syntax_json::end_message() {
 }
 
 nlohmann::ordered_json& syntax_json::at(const h2645_common_element_name& name) {
-    nlohmann::ordered_json* place = &(*open_.back())[std::string(name.prefix) + name.name];
+    nlohmann::ordered_json& structure = *open_.back();
+    const std::string key = std::string(name.prefix) + name.name;
+    if (name.index_count != 0 && name.indices[0] > most_missing_entries) {
+        const auto array = structure.find(key);
+        const std::size_t entries = array != structure.end() ? array->size() : 0;
+        if (name.indices[0] - most_missing_entries > entries) {
+            return structure[to_string(name)];
+        }
+    }
+    nlohmann::ordered_json* place = &structure[key];
     for (unsigned int i = 0; i < name.index_count; ++i) {
         place = &(*place)[name.indices[i]];
     }

@@ -2,6 +2,7 @@
 #define KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_JSON_H
 
 #include "elements/element_path.h"
+#include "elements/nested_framing.h"
 #include "elements/rule_set.h"
 #include "elements/trace_sink.h"
 #include "output/output.h"
@@ -9,6 +10,7 @@
 #include "units/nal_unit.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include <nlohmann/json.hpp>
@@ -18,8 +20,9 @@ namespace kovran::inspect {
 // A unit as one line of JSON: its header, its syntax elements, and what is wrong with it.
 // Structures are objects, indexed elements and structures arrays. Values are numbers; texts are
 // strings, and so are bytes, by their hexadecimal digits, and what is wider than 63 bits. Entries
-// of an array that are not in the stream are null; an element that a structure has more than once
-// without an index is an array of its values.
+// of an array that are not in the stream are null; where they would be more than the standard ever
+// leaves out, the element stands under its whole name instead. An element that a structure has more
+// than once is an array of its values.
 //
 // The line is written as the unit is read: an SEI message when it ends, another unit at its end.
 class syntax_json : public trace_sink {
@@ -48,8 +51,9 @@ private:
     std::vector<nlohmann::ordered_json*> open_;  // from the object to the structure that is walked
     element_path path_;                          // the same by names
     std::uint64_t messages_ = 0;
-    spool out_of_range_;            // paths in quotes, with commas in between
-    nlohmann::ordered_json fault_;  // the first one; null when there is none
+    std::optional<nested_framing> framing_;  // of a message in a message that begins
+    spool out_of_range_;                     // paths in quotes, with commas in between
+    nlohmann::ordered_json fault_;           // the first one; null when there is none
 };
 
 }  // namespace kovran::inspect

@@ -36,6 +36,11 @@ bool are_flags_of_an_extension(const h2645_common_element_name& first, const sho
 
 void syntax_tree::begin_structure(const h2645_common_element_name& name) {
     end_run();
+    if (is_nested_message(name)) {
+        nested_message_ = to_string(name);
+        framing_.emplace();
+        return;
+    }
     line(to_string(name), {});
     ++depth_;
 }
@@ -45,7 +50,21 @@ void syntax_tree::end_structure() {
     --depth_;
 }
 
+void syntax_tree::read_framing(const shown_element& byte) {
+    if (framing_->add(byte)) {
+        line(nested_message_, {},
+             fmt::format("payload type {}, {} bytes", framing_->payload_type(),
+                         framing_->payload_size()));
+        ++depth_;
+        framing_.reset();
+    }
+}
+
 void syntax_tree::read(const shown_element& read_element) {
+    if (framing_) {
+        read_framing(read_element);
+        return;
+    }
     if (is_framing(read_element)) {
         return;
     }
@@ -61,6 +80,9 @@ void syntax_tree::read(const shown_element& read_element) {
         if (read_element.width != 0) {
             lines_.write("  ");
             write_value(read_element, lines_);
+        }
+        if (read_element.out_of_range) {
+            lines_.write("  (not allowed here)");
         }
         lines_.write("\n");
         return;

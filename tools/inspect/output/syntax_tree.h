@@ -1,10 +1,12 @@
 #ifndef KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_TREE_H
 #define KOVRAN_TOOLS_INSPECT_OUTPUT_SYNTAX_TREE_H
 
+#include "elements/nested_framing.h"
 #include "elements/trace_sink.h"
 #include "output/output.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,12 +32,16 @@ public:
 private:
     void end_run();
     void line(std::string_view name, std::string_view value, std::string_view meaning = {});
+    // Part of the framing of a message in a message; the line of the message waits for all of it.
+    void read_framing(const shown_element& byte);
     // Up to the name, which is padded to the column of the values if there is to be one.
     void begin_line(std::string_view name, bool padded);
 
     output& lines_;
     std::size_t depth_ = 1;
-    std::string line_;  // keeps its memory
+    std::string line_;                       // keeps its memory
+    std::string nested_message_;             // the name of one that begins
+    std::optional<nested_framing> framing_;  // of the same
 
     // Entries of one array, or flags of one extension, that are not yet on a line; none when the
     // values are empty.
