@@ -4,6 +4,7 @@
 #include <kovran/kovran.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <variant>
 
@@ -31,7 +32,10 @@ struct host_by {
     h265_nal_sei_buffering_period buffering_period;
     h265_nal_sei_pic_timing pic_timing;
     h265_nal_sei_active_parameter_sets active_parameter_sets;
-    h265_nal_sei_message message;  // by the standard's rules, in place of the three
+    // By the standard's rules, in place of the three: one for each payload type, and one for those
+    // that have no record.
+    std::array<h265_nal_sei_message, 257> message_of_type;
+    const h265_nal_sei_message* message = nullptr;  // the latest one
 
     template <class Record, class... Context>
     [[nodiscard]] static bool parse(Record& record, h2645_common_bitreader& bits,
@@ -88,7 +92,8 @@ struct host_by {
 
     // Of the latest message, which is pic_timing().
     [[nodiscard]] unsigned int pic_struct() const {
-        const auto* const timing = std::get_if<h265_nal_sei_pic_timing>(&message.payload);
+        const auto* const timing =
+            message != nullptr ? std::get_if<h265_nal_sei_pic_timing>(&message->payload) : nullptr;
         return timing != nullptr ? timing->pic_struct : pic_timing.pic_struct;
     }
 
@@ -125,10 +130,13 @@ private:
     }
 
     [[nodiscard]] bool read_any_message(const h265_nal_sei_reader& messages) {
-        if (!message.parse_standard(messages, vps_store, sps_store)) {
+        const unsigned int type = std::min(messages.payload_type, 256U);
+        message = &message_of_type[type];
+        if (!message_of_type[type].parse_standard(messages, vps_store, sps_store)) {
             return false;
         }
-        if (const auto* const period = std::get_if<h265_nal_sei_buffering_period>(&message.payload);
+        if (const auto* const period =
+                std::get_if<h265_nal_sei_buffering_period>(&message->payload);
             period != nullptr) {
             sps_store.active_id = period->bp_seq_parameter_set_id;
         }

@@ -29,13 +29,20 @@ public:
 
     // Takes the reader's state over, and gives it back at the end. A reference would be one more
     // load at every element.
-    explicit reading(h2645_common_bitreader& source) : reader(source), source_(source) {}
+    explicit reading(h2645_common_bitreader& source) : reader(source), source_(&source) {}
+    // For a walk of these bytes after which nobody asks where it ended.
+    reading(const unsigned char* begin, const unsigned char* end)
+        : reader(h2645_common_bitreader(begin, end)), source_(nullptr) {}
     reading(const reading&) = delete;
     reading& operator=(const reading&) = delete;
-    ~reading() { source_ = reader.bitreader(); }
+    ~reading() {
+        if (source_ != nullptr) {
+            *source_ = reader.bitreader();
+        }
+    }
 
     // Back to where the walk began.
-    void go_back() { reader = inlined_bitreader(source_); }
+    void go_back() { reader = inlined_bitreader(*source_); }
 
     // Descriptors of clause 7.2. u_v is u(v), a width that comes from the stream. They are inlined
     // at every element, however many a description has, so that known widths stay constants.
@@ -228,18 +235,11 @@ public:
     }
 
     // What follows the last element of an SEI payload in its bytes, clause D.2.1: extension data,
-    // and the bits that close it. False when there is no memory.
+    // and the bits that close it, which this walker leaves. False when there is no memory.
     template <class Flags>
     [[nodiscard]] bool payload_end(element<Flags&> reserved_payload_extension_data) {
-        if (reader.bits_left() <= 0) {
-            return true;
-        }
-        if (!extension_data(reserved_payload_extension_data)) {
-            return false;
-        }
-        reader.skip_bytes(payload_bytes_left());
-        reader.align();
-        return true;
+        return reader.bits_left() <= 0 || payload_bits_left() == 0 ||
+               extension_data(reserved_payload_extension_data);
     }
 
     [[nodiscard]] bool more_rbsp_data() {
@@ -390,7 +390,7 @@ private:
         target.field = static_cast<value_type<decltype(target.field)>>(value);
     }
 
-    h2645_common_bitreader& source_;
+    h2645_common_bitreader* source_;  // null when nobody asks
     bool ran_out_of_memory_ = false;
 };
 

@@ -12,10 +12,11 @@ namespace kovran {
 template <class Walker>
 [[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_pic_timing& timing,
                                   const sei_context& context) {
-    if (context.sps == nullptr) {
+    const h265_nal_sps* const sps = context.active_sps();
+    if (sps == nullptr) {
         return walk.missing("SPS", context.sps_store->active_id);
     }
-    return pic_timing(walk, timing, *context.sps, context.hrd_of(*context.sps));
+    return pic_timing(walk, timing, *sps, context.hrd_of(*sps));
 }
 template bool walk_payload(reading<standard_rules>&, h265_nal_sei_pic_timing&, const sei_context&);
 template bool walk_payload(tracing<standard_rules>&, h265_nal_sei_pic_timing&, const sei_context&);

@@ -320,7 +320,9 @@ TEST(InspectSei, KeepsTheBytesOfAMessageInFiveOthers) {
     EXPECT_EQ(message.at("sei_message").at(0).dump(),
               R"({"payload_type":133,"payload_size":4,"name":"scalable_nesting",)"
               R"("payload":"200601d0"})");
-    EXPECT_EQ(run_on(deeper, {"dump"}).status, 0);
+    const outcome result = run_on(deeper, {"dump"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.err.find("nesting_depth"), std::string::npos);
 }
 
 // The light level has one byte of four; the recovery point behind it is read.

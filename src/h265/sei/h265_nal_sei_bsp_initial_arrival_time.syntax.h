@@ -52,8 +52,8 @@ template <class Walker>
 template <class Walker>
 [[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_bsp_initial_arrival_time& /*arrival*/,
                                   const sei_context& context) {
-    return walk.missing("VPS", context.sps != nullptr
-                                   ? context.sps->sps_video_parameter_set_id
+    return walk.missing("VPS", context.active_sps() != nullptr
+                                   ? context.active_sps()->sps_video_parameter_set_id
                                    : h2645_common_base_store<h265_nal_vps>::no_id);
 }
 

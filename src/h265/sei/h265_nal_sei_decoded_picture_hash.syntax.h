@@ -20,10 +20,10 @@ inline void start_afresh(h265_nal_sei_decoded_picture_hash& record) {
 template <class Walker>
 [[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_decoded_picture_hash& hash,
                                   const sei_context& context) {
-    if (context.sps == nullptr) {
+    if (context.active_sps() == nullptr) {
         return walk.missing("SPS", context.sps_store->active_id);
     }
-    const std::size_t planes = context.sps->chroma_format_idc == 0 ? 1 : 3;
+    const std::size_t planes = context.active_sps()->chroma_format_idc == 0 ? 1 : 3;
     walk.u(8, ELEMENT(hash, hash_type));
     if (!walk.grow(hash.hash_type == 0 ? planes : 0, hash.picture_md5) ||
         !walk.grow(hash.hash_type == 1 ? planes : 0, hash.picture_crc) ||

@@ -10,7 +10,8 @@ namespace kovran {
 
 // The HRD parameters that the message goes by; null when there are none.
 [[nodiscard]] inline const h265_hrd_parameters* decoding_unit_hrd(const sei_context& context) {
-    return context.sps != nullptr ? context.hrd_of(*context.sps) : context.operation_point;
+    return context.active_sps() != nullptr ? context.hrd_of(*context.active_sps())
+                                           : context.operation_point;
 }
 
 // decoding_unit_info(), clause D.2.22.
@@ -18,7 +19,7 @@ template <class Walker>
 [[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_decoding_unit_info& info,
                                   const sei_context& context) {
     const h265_hrd_parameters* const hrd = decoding_unit_hrd(context);
-    if (hrd == nullptr && context.sps == nullptr) {
+    if (hrd == nullptr && context.active_sps() == nullptr) {
         return walk.missing("SPS", context.sps_store->active_id);
     }
     if (hrd == nullptr || !hrd->sub_pic_hrd_params_present_flag) {

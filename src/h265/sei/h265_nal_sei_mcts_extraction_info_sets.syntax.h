@@ -51,10 +51,10 @@ template <class Walker, class InfoSet>
     if (!set.slice_reordering_enabled_flag) {
         return true;
     }
-    if (context.sps == nullptr) {
+    if (context.active_sps() == nullptr) {
         return walk.missing("SPS", context.sps_store->active_id);
     }
-    const unsigned int PicSizeInCtbsY = walk.rules.pic_size_in_ctbs(*context.sps);
+    const unsigned int PicSizeInCtbsY = walk.rules.pic_size_in_ctbs(*context.active_sps());
     if (PicSizeInCtbsY == 0) {
         return false;
     }

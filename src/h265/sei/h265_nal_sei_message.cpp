@@ -70,6 +70,12 @@ template <class Walker>
     return true;
 }
 
+template <class Walker>
+[[nodiscard]] bool keep_bytes(Walker& walk, h265_nal_sei_message& message) {
+    message.reserved_payload_extension_data.clear();
+    return reserved_message(walk, message.payload.emplace<h265_nal_sei_reserved_message>());
+}
+
 // sei_payload(), clause D.2.1, of a type that has a record.
 template <class Walker>
 [[nodiscard]] bool known_payload(Walker& walk, h265_nal_sei_message& message,
@@ -109,9 +115,7 @@ bool walk_message(Walker& walk, h265_nal_sei_message& message, const sei_context
             return true;
         }
     }
-    message.reserved_payload_extension_data.clear();
-    auto& bytes = message.payload.emplace<h265_nal_sei_reserved_message>();
-    const bool kept = walk.within(size, [&] { return reserved_message(walk, bytes); });
+    const bool kept = walk.within(size, [&] { return keep_bytes(walk, message); });
     message.valid = kept && whole && walk_record == nullptr;
     return kept;
 }
@@ -123,6 +127,26 @@ namespace {
 
 h2645_common_bitreader reader_at(const h265_nal_sei_reader& message) {
     return {message.message_begin, message.end};
+}
+
+// What walk_message() does of a message whose type and size are known already.
+bool read_message(h265_nal_sei_message& message, const h265_nal_sei_reader& at,
+                  const sei_context& context) {
+    message.payload_type = at.payload_type;
+    message.payload_size = at.payload_size;
+    message.reserved_payload_extension_data.clear();
+    const auto walk_record = function_of<reading<standard_rules>>(at.payload_type);
+    if (!at.truncated && walk_record != nullptr) {
+        reading<standard_rules> walk(at.payload_begin, at.payload_end);
+        message.valid = known_payload(walk, message, walk_record, context);
+        if (message.valid) {
+            return true;
+        }
+    }
+    reading<standard_rules> walk(at.payload_begin, at.payload_end);
+    const bool kept = keep_bytes(walk, message);
+    message.valid = kept && !at.truncated && walk_record == nullptr;
+    return message.valid;
 }
 
 bool trace_message(h265_nal_sei_message& message, const h265_nal_sei_reader& at, h265_trace* trace,
@@ -142,9 +166,7 @@ bool h265_nal_sei_message::parse_standard(const h265_nal_sei_reader& message,
     if (fault != nullptr) {
         return trace_message(*this, message, /*trace=*/nullptr, fault, context);
     }
-    h2645_common_bitreader reader = reader_at(message);
-    reading<standard_rules> walk(reader);
-    return walk_message(walk, *this, context) && valid;
+    return read_message(*this, message, context);
 }
 
 bool h265_nal_sei_message::parse_standard(const h265_nal_sei_reader& message,

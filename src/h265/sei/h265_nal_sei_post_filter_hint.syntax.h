@@ -23,7 +23,7 @@ inline void start_afresh(h265_nal_sei_post_filter_hint& record) {
 template <class Walker>
 [[nodiscard]] bool payload_syntax(Walker& walk, h265_nal_sei_post_filter_hint& hint,
                                   const sei_context& context) {
-    if (context.sps == nullptr) {
+    if (context.active_sps() == nullptr) {
         return walk.missing("SPS", context.sps_store->active_id);
     }
     walk.ue(ELEMENT(hint, filter_hint_size_y), between(1, 15));
@@ -33,7 +33,7 @@ template <class Walker>
         !walk.at_most(ELEMENT(hint, filter_hint_size_x), 15U)) {
         return false;
     }
-    const unsigned int matrices = context.sps->chroma_format_idc == 0 ? 1 : 3;
+    const unsigned int matrices = context.active_sps()->chroma_format_idc == 0 ? 1 : 3;
     const unsigned int values = matrices * hint.filter_hint_size_y * hint.filter_hint_size_x;
     if (!walk.grow(values, hint.filter_hint_value)) {
         return false;

@@ -18,7 +18,7 @@ namespace kovran {
 struct sei_context {
     const h2645_common_base_store<h265_nal_vps>* vps_store = nullptr;
     const h2645_common_base_store<h265_nal_sps>* sps_store = nullptr;
-    const h265_nal_sps* sps = nullptr;  // the active one
+    const h265_nal_sps* sps = nullptr;  // the active one, when it is not that of the store
 
     // From the nesting messages around it.
     unsigned int depth = 0;                                // how many there are
@@ -30,6 +30,13 @@ struct sei_context {
         sei_context within = *this;
         ++within.depth;
         return within;
+    }
+
+    // Null when there is none.
+    [[nodiscard]] const h265_nal_sps* active_sps() const {
+        const bool is_in_store =
+            sps == nullptr && sps_store != nullptr && sps_store->active_id != sps_store->no_id;
+        return is_in_store ? find_entry(*sps_store, sps_store->active_id) : sps;
     }
 
     [[nodiscard]] const h265_nal_vps* vps_of(const h265_nal_sps& set) const {
@@ -54,7 +61,8 @@ struct sei_context {
 
     // Of the active SPS's VPS; null when it has none for this operation point.
     [[nodiscard]] const h265_hrd_parameters* hrd_of_operation_point(unsigned int index) const {
-        const h265_nal_vps* const vps = sps != nullptr ? vps_of(*sps) : nullptr;
+        const h265_nal_sps* const active = active_sps();
+        const h265_nal_vps* const vps = active != nullptr ? vps_of(*active) : nullptr;
         if (vps == nullptr) {
             return nullptr;
         }
@@ -75,9 +83,6 @@ struct sei_context {
     sei_context context;
     context.vps_store = &vps_store;
     context.sps_store = &sps_store;
-    context.sps = sps_store.active_id != sps_store.no_id
-                      ? find_entry(sps_store, sps_store.active_id)
-                      : nullptr;
     return context;
 }
 

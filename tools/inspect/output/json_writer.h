@@ -7,8 +7,8 @@
 
 namespace kovran::inspect {
 
-// A value for write_json(): a string of the hexadecimal digits of these bytes, which stay where they
-// are until it is written.
+// A value for write_json(): a string of the hexadecimal digits of these bytes, which stay where
+// they are until it is written.
 [[nodiscard]] nlohmann::ordered_json json_of_bytes(const unsigned char* begin,
                                                    const unsigned char* end);
 

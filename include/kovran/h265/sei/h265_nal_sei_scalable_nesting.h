@@ -38,8 +38,8 @@ struct h265_nal_sei_scalable_nesting {
     unsigned int nesting_num_layers_minus1 = 0;             // ue(v), likewise
     std::vector<unsigned char> nesting_layer_id;  // u(6), nesting_num_layers_minus1 + 1 entries
 
-    // To the end of the payload. Timing goes by the HRD parameters of the first operation point and,
-    // with default_op_flag, by those of the base layer for all of its sub-layers.
+    // To the end of the payload. Timing goes by the HRD parameters of the first operation point
+    // and, with default_op_flag, by those of the base layer for all of its sub-layers.
     std::vector<h265_nal_sei_message> sei_message;
 
     bool valid = false;  // the latest parse succeeded
