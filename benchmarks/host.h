@@ -104,7 +104,7 @@ struct host_by {
             case VPS_NUT:
                 return read_vps(unit) && (vps_store[vps.vps_video_parameter_set_id] = vps).valid;
             case SPS_NUT:
-                return read_sps(unit) && (sps_store[sps.sps_seq_parameter_set_id] = sps).valid;
+                return read_sps(unit) && keep_sps();
             case PPS_NUT:
                 return read_pps(unit) && (pps_store[pps.pps_pic_parameter_set_id] = pps).valid;
             case PREFIX_SEI_NUT:
@@ -122,6 +122,14 @@ private:
             rbsp_.resize(size);
         }
         return {rbsp_.data(), rbsp_.data() + unit.block_decode(rbsp_.data(), size)};
+    }
+
+    // The first one is active until a message says otherwise.
+    [[nodiscard]] bool keep_sps() {
+        if (sps_store.active_id == sps_store.no_id) {
+            sps_store.active_id = sps.sps_seq_parameter_set_id;
+        }
+        return (sps_store[sps.sps_seq_parameter_set_id] = sps).valid;
     }
 
     [[nodiscard]] bool read_message(const h265_nal_sei_reader& messages) {

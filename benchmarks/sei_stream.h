@@ -111,7 +111,6 @@ values values_of_messages(Host& reader, const sei_stream& input) {
     for (const h265_nal_reader& unit : input.parameter_sets) {
         require(reader.read(unit, look_away), "parameter sets of the SEI messages");
     }
-    reader.sps_store.active_id = reader.sps.sps_seq_parameter_set_id;
     values all;
     for (const h265_nal_reader& unit : input.units) {
         const bool read = reader.read_sei(unit, [&](const h265_nal_sei_reader& message) {

@@ -3,6 +3,7 @@
 
 #include <kovran/h2645_common/h2645_common_bitreader.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -61,13 +62,14 @@ public:
         return static_cast<Result>(value);
     }
 
-    // ue(v) and se(v), clause 9.2.
+    // ue(v) and se(v), clause 9.2. No value has a code of more than 31 leading zeros: such a code
+    // reads as that of h2645_common_bitreader or, when it is `endless`, reaches past the end.
+    template <bool endless = false>
     [[nodiscard, gnu::always_inline]] unsigned int ue() {
         constexpr unsigned int most_zeros = (window_bits - 1) / 2;
         const std::uint64_t bits = window();
         if (bits >> (word_bits - 1 - most_zeros) == 0) {
-            has_endless_code_ = has_endless_code_ || bits >> (word_bits - longest_prefix - 1) == 0;
-            const long_code code = read_long_code(*this);
+            const long_code code = read_long_code<endless>(*this);
             position_ = code.end;
             return code.value;
         }
@@ -75,10 +77,10 @@ public:
         position_ += 2 * zeros + 1;
         return static_cast<unsigned int>(bits >> (word_bits - 1 - 2 * zeros)) - 1;
     }
-    [[nodiscard, gnu::always_inline]] int se() { return signed_value(ue()); }
-
-    // Whether an Exp-Golomb code began with more zeros than the code of any value has.
-    [[nodiscard]] bool has_endless_code() const { return has_endless_code_; }
+    template <bool endless = false>
+    [[nodiscard, gnu::always_inline]] int se() {
+        return signed_value(ue<endless>());
+    }
 
     void skip(unsigned int n) { position_ += n; }
     void skip_bytes(std::size_t n) { position_ += 8 * std::uint64_t{n}; }
@@ -189,10 +191,15 @@ private:
         std::uint64_t end;
     };
     // Takes a copy: a reader whose address nobody takes can stay in registers.
+    template <bool endless>
     [[gnu::noinline]] static long_code read_long_code(inlined_bitreader at) {
         h2645_common_bitreader reader = at.bitreader();
         const unsigned int value = reader.ue();
-        return {value, reader.bit_position()};
+        std::uint64_t end = reader.bit_position();
+        if (endless && at.window() >> (word_bits - longest_prefix - 1) == 0) {
+            end = std::max(end, 8 * std::uint64_t{at.size_} + 1);
+        }
+        return {value, end};
     }
 
     const unsigned char* start_;
@@ -200,7 +207,6 @@ private:
     std::uint64_t position_;
     std::uint64_t last_word_bit_;  // where the last whole word begins, or 0
     std::uint64_t last_word_ = 0;  // that word, or all bytes and zeros behind them
-    bool has_endless_code_ = false;
 };
 
 }  // namespace kovran

@@ -64,12 +64,12 @@ public:
 
     template <class Element>
     [[gnu::always_inline]] void ue(Element target, value_range /*allowed*/ = {}) {
-        store(target, reader.ue());
+        store(target, reader.template ue<!Rules::data_may_end>());
     }
 
     template <class Element>
     [[gnu::always_inline]] void se(Element target, value_range /*allowed*/ = {}) {
-        target.field = reader.se();
+        target.field = reader.template se<!Rules::data_may_end>();
     }
 
     // i(n), in two's complement.
@@ -351,13 +351,10 @@ protected:
     // Whether what was read ends in the data, and leaves so many bits.
     [[nodiscard]] bool holds(std::uint64_t entries, unsigned int fewest_bits) const {
         const std::int64_t left = reader.bits_left();
-        return left >= 0 && !reader.has_endless_code() &&
-               entries * fewest_bits <= static_cast<std::uint64_t>(left);
+        return left >= 0 && entries * fewest_bits <= static_cast<std::uint64_t>(left);
     }
 
-    [[nodiscard]] bool payload_holds_all() const {
-        return reader.bits_to_stop_bit() >= 0 && !reader.has_endless_code();
-    }
+    [[nodiscard]] bool payload_holds_all() const { return reader.bits_to_stop_bit() >= 0; }
 
 private:
     // What a field holds, by its reference; a flag of a bit vector has an object in place of one.

@@ -78,14 +78,12 @@ public:
     void ue(Element target, const value_range& allowed = any_value) {
         reading<Rules>::ue(target);
         tell(target, "ue(v)", width_of_latest(), allowed);
-        tell_endless_code();
     }
 
     template <class Element>
     void se(Element target, const value_range& allowed = any_value) {
         reading<Rules>::se(target);
         tell(target, "se(v)", width_of_latest(), allowed);
-        tell_endless_code();
     }
 
     template <class Element>
@@ -537,13 +535,6 @@ private:
     template <class Element>
     void tell_bytes(const Element& target, const char* descriptor, std::size_t count) {
         tell(target.name, target.indices, descriptor, 8 * count, 0, any_value);
-    }
-
-    // The first one: nothing behind it stands where it should.
-    void tell_endless_code() {
-        if (!Rules::data_may_end && fault_ && this->reader.has_endless_code()) {
-            fault_->refuse_part();
-        }
     }
 
     void tell_no_memory() {

@@ -26,7 +26,7 @@ TEST(H265NalSeiPictureSnapshot, HasAnIdentifierOf32BitsAtTheMost) {
     EXPECT_EQ(test::refusal_of(15,
                                "00000000000000000000000000000000 1"
                                "00000000000000000000000000000000 1000000"),
-              "snapshot_id at bit 16 is 65535; reading cannot go on from there");
+              "the data ends before the end of snapshot_id at bit 16");
 }
 
 }  // namespace
