@@ -116,9 +116,7 @@ TEST(InspectSeiInfo, CountsTimesAndTellsTheFirstOne) {
     const auto code = [](const std::vector<bit_writer>& times) {
         bit_writer bits = bit_writer().u(2, times.size());
         for (const bit_writer& each : times) {
-            for (std::size_t i = 0; i < each.size(); ++i) {
-                bits.u<1>(each.bytes()[i / 8] >> (7 - i % 8) & 1U);
-            }
+            append(bits, each);
         }
         return sei_message(136, payload_of(bits));
     };

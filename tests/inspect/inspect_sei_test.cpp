@@ -125,9 +125,7 @@ TEST(InspectSei, ShowsIdentifiersAndRunsOfBytesInHexadecimal) {
 // Behind the three bits of recovery_point().
 std::string message_with_extension(const bit_writer& extension) {
     bit_writer bits = bit_writer().se(0).u<1>(1).u<1>(0);
-    for (std::size_t i = 0; i < extension.size(); ++i) {
-        bits.u<1>(extension.bytes()[i / 8] >> (7 - i % 8) & 1U);
-    }
+    append(bits, extension);
     return sei_unit(sei_message(6, payload_of(bits.trailing_bits())));
 }
 
