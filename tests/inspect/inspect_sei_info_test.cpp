@@ -7,6 +7,7 @@
 #include "program.h"
 #include "sei_messages.h"
 #include "support/bit_writer.h"
+#include "support/parameter_sets.h"
 
 namespace kovran::test {
 namespace {
