@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <new>
 #include <stdexcept>
+#include <type_traits>
 #include <vector>
 
 namespace kovran {
@@ -13,16 +14,17 @@ void resize(Array& array, std::size_t count) {
     array.resize(count);
 }
 
-// A vector of flags takes as long to insert the first entry as to push several.
-inline void resize(std::vector<bool>& flags, std::size_t count) {
+// A vector takes as long to insert the first entry as to push several.
+template <class Value>
+std::enable_if_t<std::is_arithmetic_v<Value>> resize(std::vector<Value>& array, std::size_t count) {
     constexpr std::size_t few = 8;
-    const std::size_t size = flags.size();
-    if (count <= size || count - size > few || count > flags.capacity()) {
-        flags.resize(count);
+    const std::size_t size = array.size();
+    if (count <= size || count - size > few || count > array.capacity()) {
+        array.resize(count);
         return;
     }
     for (std::size_t i = size; i < count; ++i) {
-        flags.push_back(false);
+        array.push_back(Value{});
     }
 }
 

@@ -10,6 +10,12 @@ namespace {
 constexpr unsigned int cut_off = 0xFFFFFFFF;
 constexpr unsigned char lone_trailing_bits = 0x80;
 
+// Nearly every type and size is a single byte.
+unsigned int byte_run(unsigned char*& p, unsigned char* end) {
+    constexpr unsigned char more_follow = 0xFF;
+    return p < end && *p != more_follow ? *p++ : h2645_common_read_xostylesei_vlu32(p, end);
+}
+
 }  // namespace
 
 void h265_nal_sei_reader::set_ptr(unsigned char* rbsp_begin, unsigned char* rbsp_end,
@@ -27,11 +33,11 @@ bool h265_nal_sei_reader::next_message() {
         return false;
     }
     message_begin = cursor;
-    payload_type = h2645_common_read_xostylesei_vlu32(cursor, end);
+    payload_type = byte_run(cursor, end);
     if (payload_type == cut_off) {
         return false;
     }
-    payload_size = h2645_common_read_xostylesei_vlu32(cursor, end);
+    payload_size = byte_run(cursor, end);
     if (payload_size == cut_off) {
         return false;
     }
