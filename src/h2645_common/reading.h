@@ -237,14 +237,13 @@ public:
     // What follows the last element of an SEI payload in its bytes, clause D.2.1: extension data,
     // and the bits that close it, which this walker leaves. False when there is no memory.
     template <class Flags>
-    [[nodiscard]] bool payload_end(element<Flags&> reserved_payload_extension_data) {
+    [[nodiscard, gnu::always_inline]] bool payload_end(element<Flags&> reserved_payload_extension_data) {
         return reader.bits_left() <= 0 || payload_bits_left() == 0 ||
                extension_data(reserved_payload_extension_data);
     }
 
     [[nodiscard]] bool more_rbsp_data() {
-        h2645_common_bitreader ahead = reader.bitreader();
-        return h2645_common_more_rbsp_data(ahead);
+        return reader.bits_left() > 0 && reader.bits_to_stop_bit() != 0;
     }
     [[nodiscard]] bool rbsp_trailing_bits() { return reader.rbsp_trailing_bits(); }
 

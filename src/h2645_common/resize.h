@@ -16,7 +16,8 @@ void resize(Array& array, std::size_t count) {
 
 // A vector takes as long to insert the first entry as to push several.
 template <class Value>
-std::enable_if_t<std::is_arithmetic_v<Value>> resize(std::vector<Value>& array, std::size_t count) {
+[[gnu::always_inline]] inline std::enable_if_t<std::is_arithmetic_v<Value>> resize(
+    std::vector<Value>& array, std::size_t count) {
     constexpr std::size_t few = 8;
     const std::size_t size = array.size();
     if (count <= size || count - size > few || count > array.capacity()) {
@@ -24,6 +25,9 @@ std::enable_if_t<std::is_arithmetic_v<Value>> resize(std::vector<Value>& array, 
         return;
     }
     for (std::size_t i = size; i < count; ++i) {
+        if (array.size() == array.capacity()) {
+            __builtin_unreachable();  // so that there is no code to grow the memory
+        }
         array.push_back(Value{});
     }
 }

@@ -14,7 +14,7 @@ struct initial_cpb_removal_bits {
 };
 
 template <class Walker, class Values>
-[[nodiscard]] bool initial_cpb_removal(Walker& walk, unsigned int CpbCnt,
+[[nodiscard, gnu::always_inline]] inline bool initial_cpb_removal(Walker& walk, unsigned int CpbCnt,
                                        initial_cpb_removal_bits bits, element<Values&> delay,
                                        element<Values&> offset, element<Values&> alt_delay,
                                        element<Values&> alt_offset) {

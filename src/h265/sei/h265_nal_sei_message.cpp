@@ -25,18 +25,20 @@ using record_at = std::variant_alternative_t<index + 1, h265_nal_sei_payload>;
 
 constexpr std::size_t types = 256;
 
+// sei_payload(), clause D.2.1, of a type that has a record.
 template <class Walker, class Record>
-bool walk_record(Walker& walk, h265_nal_sei_payload& payload, const sei_context& context) {
-    auto* record = std::get_if<Record>(&payload);
+bool walk_record(Walker& walk, h265_nal_sei_message& message, const sei_context& context) {
+    auto* record = std::get_if<Record>(&message.payload);
     if (record == nullptr) {
-        record = &payload.emplace<Record>();
+        record = &message.payload.emplace<Record>();
     }
-    return walk_payload(walk, *record, context);
+    return walk_payload(walk, *record, context) &&
+           walk.payload_end(ELEMENT(message, reserved_payload_extension_data));
 }
 
 // What walks a payload of each type; null for the types that have no record.
 template <class Walker>
-using walk_function = bool (*)(Walker&, h265_nal_sei_payload&, const sei_context&);
+using walk_function = bool (*)(Walker&, h265_nal_sei_message&, const sei_context&);
 
 template <class Walker, std::size_t... index>
 constexpr std::array<walk_function<Walker>, types> walk_functions(
@@ -76,14 +78,6 @@ template <class Walker>
     return reserved_message(walk, message.payload.emplace<h265_nal_sei_reserved_message>());
 }
 
-// sei_payload(), clause D.2.1, of a type that has a record.
-template <class Walker>
-[[nodiscard]] bool known_payload(Walker& walk, h265_nal_sei_message& message,
-                                 walk_function<Walker> walk_record, const sei_context& context) {
-    return walk_record(walk, message.payload, context) &&
-           walk.payload_end(ELEMENT(message, reserved_payload_extension_data));
-}
-
 }  // namespace
 
 template <class Walker>
@@ -103,12 +97,12 @@ bool walk_message(Walker& walk, h265_nal_sei_message& message, const sei_context
         walk.at_most(named("nesting_depth", context.depth), message.most_nestings)) {
         message.valid = walk.within(size, [&] {
             if (context.depth == 0) {
-                return known_payload(walk, message, walk_record, context);
+                return walk_record(walk, message, context);
             }
             return walk.structure(
                 named(h265_nal_sei_payload_name(message.payload_type), message.payload),
                 [&](const h265_nal_sei_payload& /*unused*/) {
-                    return known_payload(walk, message, walk_record, context);
+                    return walk_record(walk, message, context);
                 });
         });
         if (message.valid) {
@@ -138,7 +132,7 @@ bool read_message(h265_nal_sei_message& message, const h265_nal_sei_reader& at,
     const auto walk_record = function_of<reading<standard_rules>>(at.payload_type);
     if (!at.truncated && walk_record != nullptr) {
         reading<standard_rules> walk(at.payload_begin, at.payload_end);
-        message.valid = known_payload(walk, message, walk_record, context);
+        message.valid = walk_record(walk, message, context);
         if (message.valid) {
             return true;
         }
