@@ -237,7 +237,8 @@ public:
     // What follows the last element of an SEI payload in its bytes, clause D.2.1: extension data,
     // and the bits that close it, which this walker leaves. False when there is no memory.
     template <class Flags>
-    [[nodiscard, gnu::always_inline]] bool payload_end(element<Flags&> reserved_payload_extension_data) {
+    [[nodiscard, gnu::always_inline]] bool payload_end(
+        element<Flags&> reserved_payload_extension_data) {
         return reader.bits_left() <= 0 || payload_bits_left() == 0 ||
                extension_data(reserved_payload_extension_data);
     }

@@ -4,6 +4,7 @@
 #include "h2645_common/zero_pair_search.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 // The copying that emulation prevention leaves to do: up to the first pair of zeros whose third
@@ -27,6 +28,48 @@ namespace kovran::zero_pair {
 
 inline std::size_t copy_portable(unsigned char* out, const unsigned char* data, std::size_t size) {
     return copy_until(out, data, size, find_portable<reserved>(data, data + size));
+}
+
+// Whether three bytes in a row are 3 at most, as all are that emulation prevention asks about.
+template <class Word>
+[[nodiscard]] bool has_three_small(Word bytes) {
+    constexpr Word every_byte = static_cast<Word>(~Word{0}) / 0xFF;
+    constexpr Word low_bits = every_byte * 0x7F;
+    const Word above_3 = bytes & (every_byte * 0xFC);
+    const Word small = ~(((above_3 & low_bits) + low_bits) | above_3 | low_bits);
+    return (small & small >> 8U & small >> 16U) != 0;
+}
+
+// All of [data, data + size), a word at least and less than two: by its two ends, which overlap.
+// False when there may be a pair among them; nothing is written then.
+template <class Word>
+[[nodiscard]] bool copy_words(unsigned char* out, const unsigned char* data, std::size_t size) {
+    const auto word_at = [data](std::size_t at) {
+        Word word;
+        std::memcpy(&word, data + at, sizeof word);
+        return word;
+    };
+    const std::size_t last = size - sizeof(Word);
+    const Word head = word_at(0);
+    const Word tail = word_at(last);
+    if (has_three_small(head) || has_three_small(word_at(last / 2)) || has_three_small(tail)) {
+        return false;
+    }
+    std::memcpy(out, &head, sizeof head);
+    std::memcpy(out + last, &tail, sizeof tail);
+    return true;
+}
+
+// As few bytes as most delimiters and messages have.
+constexpr std::size_t few = 2 * sizeof(std::uint64_t);
+
+[[gnu::noinline]] inline std::size_t copy_few(unsigned char* out, const unsigned char* data,
+                                              std::size_t size) {
+    const bool copied =
+        size >= sizeof(std::uint64_t)
+            ? copy_words<std::uint64_t>(out, data, size)
+            : size >= sizeof(std::uint32_t) && copy_words<std::uint32_t>(out, data, size);
+    return copied ? size : copy_portable(out, data, size);
 }
 
 // Looks through vectors before it writes them, in groups of four while there are as many. What is
@@ -86,7 +129,8 @@ struct sse2_copy {
     }
 
     static std::size_t copy_rest(unsigned char* out, const unsigned char* data, std::size_t size) {
-        return copy_until(out, data, size, find_sse2<reserved>(data, data + size));
+        return size < few ? copy_few(out, data, size)
+                          : copy_until(out, data, size, find_sse2<reserved>(data, data + size));
     }
 };
 

@@ -14,10 +14,9 @@ struct initial_cpb_removal_bits {
 };
 
 template <class Walker, class Values>
-[[nodiscard, gnu::always_inline]] inline bool initial_cpb_removal(Walker& walk, unsigned int CpbCnt,
-                                       initial_cpb_removal_bits bits, element<Values&> delay,
-                                       element<Values&> offset, element<Values&> alt_delay,
-                                       element<Values&> alt_offset) {
+[[nodiscard, gnu::always_inline]] inline bool initial_cpb_removal(
+    Walker& walk, unsigned int CpbCnt, initial_cpb_removal_bits bits, element<Values&> delay,
+    element<Values&> offset, element<Values&> alt_delay, element<Values&> alt_offset) {
     if (!walk.grow(CpbCnt, delay.field, offset.field, alt_delay.field, alt_offset.field)) {
         return false;
     }
