@@ -1,6 +1,5 @@
 #include <kovran/kovran.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <fstream>
@@ -43,13 +42,19 @@ void read_messages(stream_state& state, kovran::h265_nal_unit_type type, unsigne
             std::printf("message of type %u, which cannot be read\n", messages.payload_type);
             continue;
         }
+        if (const auto* const period =
+                std::get_if<kovran::h265_nal_sei_buffering_period>(&state.message.payload);
+            period != nullptr) {
+            state.sps.active_id = period->bp_seq_parameter_set_id;
+        }
         std::printf("%s", kovran::h265_nal_sei_payload_name(messages.payload_type));
         std::visit(print_message{}, state.message.payload);
         std::printf("\n");
     }
 }
 
-// The first SPS is the active one until a buffering period, or a picture, says otherwise.
+// The first SPS is the active one until a buffering period names another. A program that reads
+// slices learns it from them.
 void read_unit(stream_state& state, kovran::h265_nal_unit_type type, unsigned char* begin,
                unsigned char* end) {
     kovran::h2645_common_bitreader bits(begin, end);
@@ -66,7 +71,9 @@ void read_unit(stream_state& state, kovran::h265_nal_unit_type type, unsigned ch
             if (sps.parse_standard(bits, state.vps)) {
                 const unsigned int id = sps.sps_seq_parameter_set_id;
                 state.sps[id] = std::move(sps);
-                state.sps.active_id = std::min(id, state.sps.active_id);
+                if (state.sps.active_id == state.sps.no_id) {
+                    state.sps.active_id = id;
+                }
             }
             break;
         }

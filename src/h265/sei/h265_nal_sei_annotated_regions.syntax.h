@@ -5,6 +5,7 @@
 
 #include "h2645_common/element.h"
 #include "h2645_common/value_range.h"
+#include "h265/sei/in_entry.h"
 #include "h265/sei/sei_context.h"
 #include "h265/start_afresh.h"
 
@@ -30,13 +31,13 @@ template <class Walker>
 [[nodiscard]] bool region_label_update(Walker& walk,
                                        h265_nal_sei_annotated_regions::label_update_t& update,
                                        unsigned int i) {
-    walk.ue(named("ar_label_idx", update.ar_label_idx, {{i}, 1}), up_to(255));
+    walk.ue(in_entry(i, ELEMENT(update, ar_label_idx)), up_to(255));
     walk.u(1, ELEMENT(update, ar_label_cancel_flag));
     if (update.ar_label_cancel_flag) {
         return true;
     }
     walk.align("ar_bit_equal_to_zero", 0);
-    return walk.st(named("ar_label", update.ar_label, {{update.ar_label_idx}, 1}));
+    return walk.st(in_entry(update.ar_label_idx, ELEMENT(update, ar_label)));
 }
 
 template <class Walker>
@@ -66,24 +67,24 @@ template <class Walker>
 template <class Walker>
 void region_bounding_box(Walker& walk, const h265_nal_sei_annotated_regions& regions,
                          h265_nal_sei_annotated_regions::object_update_t& update) {
-    const element_indices object{{update.ar_object_idx}, 1};
-    walk.u(16, named("ar_bounding_box_top", update.ar_bounding_box_top, object));
-    walk.u(16, named("ar_bounding_box_left", update.ar_bounding_box_left, object));
-    walk.u(16, named("ar_bounding_box_width", update.ar_bounding_box_width, object));
-    walk.u(16, named("ar_bounding_box_height", update.ar_bounding_box_height, object));
+    const unsigned int object = update.ar_object_idx;
+    walk.u(16, in_entry(object, ELEMENT(update, ar_bounding_box_top)));
+    walk.u(16, in_entry(object, ELEMENT(update, ar_bounding_box_left)));
+    walk.u(16, in_entry(object, ELEMENT(update, ar_bounding_box_width)));
+    walk.u(16, in_entry(object, ELEMENT(update, ar_bounding_box_height)));
     if (regions.ar_partial_object_flag_present_flag) {
-        walk.u(1, named("ar_partial_object_flag", update.ar_partial_object_flag, object));
+        walk.u(1, in_entry(object, ELEMENT(update, ar_partial_object_flag)));
     }
     if (regions.ar_object_confidence_info_present_flag) {
         walk.u_v(static_cast<unsigned char>(regions.ar_object_confidence_length_minus1 + 1),
-                 named("ar_object_confidence", update.ar_object_confidence, object));
+                 in_entry(object, ELEMENT(update, ar_object_confidence)));
     }
 }
 
 template <class Walker>
 void region_object_update(Walker& walk, const h265_nal_sei_annotated_regions& regions,
                           h265_nal_sei_annotated_regions::object_update_t& update, unsigned int i) {
-    walk.ue(named("ar_object_idx", update.ar_object_idx, {{i}, 1}), up_to(255));
+    walk.ue(in_entry(i, ELEMENT(update, ar_object_idx)), up_to(255));
     walk.u(1, ELEMENT(update, ar_object_cancel_flag));
     if (update.ar_object_cancel_flag) {
         return;
@@ -91,8 +92,7 @@ void region_object_update(Walker& walk, const h265_nal_sei_annotated_regions& re
     if (regions.ar_object_label_present_flag) {
         walk.u(1, ELEMENT(update, ar_object_label_update_flag));
         if (update.ar_object_label_update_flag) {
-            walk.ue(named("ar_object_label_idx", update.ar_object_label_idx,
-                          {{update.ar_object_idx}, 1}),
+            walk.ue(in_entry(update.ar_object_idx, ELEMENT(update, ar_object_label_idx)),
                     up_to(255));
         }
     }

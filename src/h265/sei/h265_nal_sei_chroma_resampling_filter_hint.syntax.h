@@ -9,7 +9,7 @@
 #include "h265/start_afresh.h"
 
 #include <cstddef>
-#include <cstdint>
+#include <vector>
 
 namespace kovran {
 
@@ -25,6 +25,22 @@ inline void start_afresh(h265_nal_sei_chroma_resampling_filter_hint& record) {
 }
 
 template <class Walker>
+[[nodiscard]] bool chroma_resampling_filter(Walker& walk,
+                                            indexed_element<unsigned int&> tap_length_minus1,
+                                            indexed_element<std::vector<int>&> coeff) {
+    walk.ue(tap_length_minus1);
+    const std::size_t taps = std::size_t{tap_length_minus1.field} + 1;
+    if (!walk.data_holds(tap_length_minus1, taps, /*fewest_bits=*/1) ||
+        !walk.grow(taps, coeff.field)) {
+        return false;
+    }
+    for (std::size_t j = 0; j < taps; ++j) {
+        walk.se(coeff[j]);
+    }
+    return true;
+}
+
+template <class Walker>
 [[nodiscard]] bool chroma_resampling_vertical_filters(
     Walker& walk, h265_nal_sei_chroma_resampling_filter_hint& hint) {
     walk.ue(ELEMENT(hint, num_vertical_filters));
@@ -35,15 +51,9 @@ template <class Walker>
     }
     for (std::size_t i = 0; i < hint.num_vertical_filters; ++i) {
         auto& filter = hint.vertical_filters[i];
-        walk.ue(in_entry(i, ELEMENT(filter, ver_tap_length_minus1)));
-        const std::uint64_t taps = std::uint64_t{filter.ver_tap_length_minus1} + 1;
-        if (!walk.data_holds(in_entry(i, ELEMENT(filter, ver_tap_length_minus1)), taps,
-                             /*fewest_bits=*/1) ||
-            !walk.grow(taps, filter.ver_filter_coeff)) {
+        if (!chroma_resampling_filter(walk, in_entry(i, ELEMENT(filter, ver_tap_length_minus1)),
+                                      in_entry(i, ELEMENT(filter, ver_filter_coeff)))) {
             return false;
-        }
-        for (std::size_t j = 0; j < taps; ++j) {
-            walk.se(in_entry(i, ELEMENT(filter, ver_filter_coeff))[j]);
         }
     }
     return true;
@@ -60,15 +70,9 @@ template <class Walker>
     }
     for (std::size_t i = 0; i < hint.num_horizontal_filters; ++i) {
         auto& filter = hint.horizontal_filters[i];
-        walk.ue(in_entry(i, ELEMENT(filter, hor_tap_length_minus1)));
-        const std::uint64_t taps = std::uint64_t{filter.hor_tap_length_minus1} + 1;
-        if (!walk.data_holds(in_entry(i, ELEMENT(filter, hor_tap_length_minus1)), taps,
-                             /*fewest_bits=*/1) ||
-            !walk.grow(taps, filter.hor_filter_coeff)) {
+        if (!chroma_resampling_filter(walk, in_entry(i, ELEMENT(filter, hor_tap_length_minus1)),
+                                      in_entry(i, ELEMENT(filter, hor_filter_coeff)))) {
             return false;
-        }
-        for (std::size_t j = 0; j < taps; ++j) {
-            walk.se(in_entry(i, ELEMENT(filter, hor_filter_coeff))[j]);
         }
     }
     return true;

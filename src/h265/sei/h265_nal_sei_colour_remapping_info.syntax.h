@@ -5,10 +5,12 @@
 
 #include "h2645_common/element.h"
 #include "h2645_common/value_range.h"
+#include "h265/sei/code_value_width.h"
 #include "h265/sei/sei_context.h"
 #include "h265/start_afresh.h"
 
 #include <cstddef>
+#include <vector>
 
 namespace kovran {
 
@@ -30,11 +32,6 @@ inline void start_afresh(h265_nal_sei_colour_remapping_info& record) {
                      post_lut_target_value, valid);
 }
 
-// Values have whole bytes.
-[[nodiscard]] inline unsigned char colour_remap_value_width(unsigned int bit_depth) {
-    return static_cast<unsigned char>((bit_depth + 7) / 8 * 8);
-}
-
 inline constexpr unsigned int colour_remap_deepest = 32;  // what a field holds
 
 template <class Walker>
@@ -47,45 +44,25 @@ template <class Walker>
     return walk.at_most(ELEMENT(remap, colour_remap_output_bit_depth), colour_remap_deepest);
 }
 
+// A table of a component; none when its number is 0.
 template <class Walker>
-[[nodiscard]] bool colour_remap_pre_lut(Walker& walk, h265_nal_sei_colour_remapping_info& remap,
-                                        std::size_t c) {
-    walk.u(8, ELEMENT(remap, pre_lut_num_val_minus1)[c], up_to(32));
-    const unsigned int num_val_minus1 = remap.pre_lut_num_val_minus1[c];
-    if (num_val_minus1 == 0) {
+[[nodiscard]] bool colour_remap_lut(Walker& walk, indexed_element<unsigned char&> num_val_minus1,
+                                    indexed_element<std::vector<unsigned int>&> coded_value,
+                                    unsigned char coded_width,
+                                    indexed_element<std::vector<unsigned int>&> target_value,
+                                    unsigned char target_width) {
+    walk.u(8, num_val_minus1, up_to(32));
+    if (num_val_minus1.field == 0) {
         return true;
     }
-    if (!walk.at_most(ELEMENT(remap, pre_lut_num_val_minus1)[c], 32) ||
-        !walk.grow(num_val_minus1 + 1, remap.pre_lut_coded_value[c],
-                   remap.pre_lut_target_value[c])) {
+    const std::size_t values = num_val_minus1.field + std::size_t{1};
+    if (!walk.at_most(num_val_minus1, 32) ||
+        !walk.grow(values, coded_value.field, target_value.field)) {
         return false;
     }
-    const unsigned char coded = colour_remap_value_width(remap.colour_remap_input_bit_depth);
-    const unsigned char target = colour_remap_value_width(remap.colour_remap_output_bit_depth);
-    for (std::size_t i = 0; i <= num_val_minus1; ++i) {
-        walk.u_v(coded, ELEMENT(remap, pre_lut_coded_value)[c][i]);
-        walk.u_v(target, ELEMENT(remap, pre_lut_target_value)[c][i]);
-    }
-    return true;
-}
-
-template <class Walker>
-[[nodiscard]] bool colour_remap_post_lut(Walker& walk, h265_nal_sei_colour_remapping_info& remap,
-                                         std::size_t c) {
-    walk.u(8, ELEMENT(remap, post_lut_num_val_minus1)[c], up_to(32));
-    const unsigned int num_val_minus1 = remap.post_lut_num_val_minus1[c];
-    if (num_val_minus1 == 0) {
-        return true;
-    }
-    if (!walk.at_most(ELEMENT(remap, post_lut_num_val_minus1)[c], 32) ||
-        !walk.grow(num_val_minus1 + 1, remap.post_lut_coded_value[c],
-                   remap.post_lut_target_value[c])) {
-        return false;
-    }
-    const unsigned char width = colour_remap_value_width(remap.colour_remap_output_bit_depth);
-    for (std::size_t i = 0; i <= num_val_minus1; ++i) {
-        walk.u_v(width, ELEMENT(remap, post_lut_coded_value)[c][i]);
-        walk.u_v(width, ELEMENT(remap, post_lut_target_value)[c][i]);
+    for (std::size_t i = 0; i < values; ++i) {
+        walk.u_v(coded_width, coded_value[i]);
+        walk.u_v(target_width, target_value[i]);
     }
     return true;
 }
@@ -123,14 +100,20 @@ template <class Walker>
     if (!colour_remap_depths(walk, remap)) {
         return false;
     }
+    const unsigned char input_width = code_value_width(remap.colour_remap_input_bit_depth);
+    const unsigned char output_width = code_value_width(remap.colour_remap_output_bit_depth);
     for (std::size_t c = 0; c < 3; ++c) {
-        if (!colour_remap_pre_lut(walk, remap, c)) {
+        if (!colour_remap_lut(walk, ELEMENT(remap, pre_lut_num_val_minus1)[c],
+                              ELEMENT(remap, pre_lut_coded_value)[c], input_width,
+                              ELEMENT(remap, pre_lut_target_value)[c], output_width)) {
             return false;
         }
     }
     colour_remap_matrix(walk, remap);
     for (std::size_t c = 0; c < 3; ++c) {
-        if (!colour_remap_post_lut(walk, remap, c)) {
+        if (!colour_remap_lut(walk, ELEMENT(remap, post_lut_num_val_minus1)[c],
+                              ELEMENT(remap, post_lut_coded_value)[c], output_width,
+                              ELEMENT(remap, post_lut_target_value)[c], output_width)) {
             return false;
         }
     }

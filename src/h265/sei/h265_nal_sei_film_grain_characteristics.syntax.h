@@ -15,8 +15,7 @@ namespace kovran {
 
 inline void start_afresh(h265_nal_sei_film_grain_characteristics::component_t& record) {
     auto& [num_intensity_intervals_minus1, num_model_values_minus1, intensity_intervals] = record;
-    start_all_afresh(num_intensity_intervals_minus1, num_model_values_minus1);
-    intensity_intervals.clear();
+    start_all_afresh(num_intensity_intervals_minus1, num_model_values_minus1, intensity_intervals);
 }
 
 inline void start_afresh(h265_nal_sei_film_grain_characteristics& record) {
@@ -65,9 +64,6 @@ template <class Walker>
         };
         walk.u(8, of_interval(ELEMENT(interval, intensity_interval_lower_bound)));
         walk.u(8, of_interval(ELEMENT(interval, intensity_interval_upper_bound)));
-        if (!walk.grow(values, interval.comp_model_value)) {
-            return false;
-        }
         for (std::size_t j = 0; j < values; ++j) {
             walk.se(of_interval(ELEMENT(interval, comp_model_value))[j]);
         }

@@ -10,25 +10,15 @@ template bool walk_payload(reading<standard_rules>&, h265_nal_sei_post_filter_hi
 template bool walk_payload(tracing<standard_rules>&, h265_nal_sei_post_filter_hint&,
                            const sei_context&);
 
-namespace {
-
-sei_context post_filter_hint_context(const h265_nal_sps& sps) {
-    sei_context context;
-    context.sps = &sps;
-    return context;
-}
-
-}  // namespace
-
 bool h265_nal_sei_post_filter_hint::parse_standard(h2645_common_bitreader& reader,
                                                    const h265_nal_sps& sps, h265_fault* fault) {
-    return parse_payload(*this, reader, fault, post_filter_hint_context(sps));
+    return parse_payload(*this, reader, fault, context_of(sps));
 }
 
 bool h265_nal_sei_post_filter_hint::parse_standard(h2645_common_bitreader& reader,
                                                    const h265_nal_sps& sps, h265_trace& trace,
                                                    h265_fault* fault) {
-    return trace_payload(*this, reader, &trace, fault, post_filter_hint_context(sps));
+    return trace_payload(*this, reader, &trace, fault, context_of(sps));
 }
 
 }  // namespace kovran

@@ -4,6 +4,7 @@
 #include <kovran/h265/sei/h265_nal_sei_sei_prefix_indication.h>
 
 #include "h2645_common/element.h"
+#include "h265/sei/in_entry.h"
 #include "h265/sei/sei_context.h"
 #include "h265/start_afresh.h"
 
@@ -32,15 +33,15 @@ template <class Walker>
     }
     for (unsigned int i = 0; i < prefixes; ++i) {
         auto& prefix = indication.sei_prefixes[i];
-        const auto length_minus1 = named("num_bits_in_prefix_indication_minus1",
-                                         prefix.num_bits_in_prefix_indication_minus1, {{i}, 1});
+        const auto length_minus1 =
+            in_entry(i, ELEMENT(prefix, num_bits_in_prefix_indication_minus1));
         walk.u(16, length_minus1);
         const std::size_t bits = prefix.num_bits_in_prefix_indication_minus1 + std::size_t{1};
         if (!walk.data_holds(length_minus1, bits, /*fewest_bits=*/1) ||
             !walk.grow(bits, prefix.sei_prefix_data_bit)) {
             return false;
         }
-        const auto data_bits = named("sei_prefix_data_bit", prefix.sei_prefix_data_bit, {{i}, 1});
+        const auto data_bits = in_entry(i, ELEMENT(prefix, sei_prefix_data_bit));
         for (std::size_t j = 0; j < bits; ++j) {
             walk.u(1, data_bits[j]);
         }

@@ -6,6 +6,7 @@
 #include "h2645_common/element.h"
 #include "h2645_common/value_range.h"
 #include "h265/sei/h265_float_value.syntax.h"
+#include "h265/sei/in_entry.h"
 #include "h265/sei/sei_context.h"
 #include "h265/start_afresh.h"
 
@@ -24,8 +25,8 @@ template <class Walker>
 void reference_display(Walker& walk, h265_nal_sei_three_dimensional_reference_displays_info& info,
                        unsigned int i) {
     auto& display = info.reference_displays[i];
-    walk.ue(named("left_view_id", display.left_view_id, {{i}, 1}));
-    walk.ue(named("right_view_id", display.right_view_id, {{i}, 1}));
+    walk.ue(in_entry(i, ELEMENT(display, left_view_id)));
+    walk.ue(in_entry(i, ELEMENT(display, right_view_id)));
     float_of_precision(walk, display.ref_display_width, info.prec_ref_display_width,
                        "exponent_ref_display_width", "mantissa_ref_display_width", {{i}, 1});
     if (info.ref_viewing_distance_flag) {
@@ -33,10 +34,9 @@ void reference_display(Walker& walk, h265_nal_sei_three_dimensional_reference_di
                            "exponent_ref_viewing_distance", "mantissa_ref_viewing_distance",
                            {{i}, 1});
     }
-    walk.u(1,
-           named("additional_shift_present_flag", display.additional_shift_present_flag, {{i}, 1}));
+    walk.u(1, in_entry(i, ELEMENT(display, additional_shift_present_flag)));
     if (display.additional_shift_present_flag) {
-        walk.u(10, named("num_sample_shift_plus512", display.num_sample_shift_plus512, {{i}, 1}));
+        walk.u(10, in_entry(i, ELEMENT(display, num_sample_shift_plus512)));
     }
 }
 

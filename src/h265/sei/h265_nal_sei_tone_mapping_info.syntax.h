@@ -4,6 +4,7 @@
 #include <kovran/h265/sei/h265_nal_sei_tone_mapping_info.h>
 
 #include "h2645_common/element.h"
+#include "h265/sei/code_value_width.h"
 #include "h265/sei/sei_context.h"
 #include "h265/start_afresh.h"
 
@@ -32,11 +33,6 @@ inline void start_afresh(h265_nal_sei_tone_mapping_info& record) {
                      nominal_white_level_code_value, extended_white_level_code_value, valid);
 }
 
-// The width of code values of a bit depth: whole bytes.
-[[nodiscard]] constexpr unsigned char tone_mapping_width(unsigned int bit_depth) {
-    return static_cast<unsigned char>((bit_depth + 7) / 8 * 8);
-}
-
 // The greatest target_bit_depth whose intervals fit; 0 also when not even one does. Values without
 // bits count as bytes.
 [[nodiscard]] inline unsigned int tone_mapping_deepest_target(std::size_t bytes_left,
@@ -55,7 +51,7 @@ template <class Walker>
     if (!walk.at_most(ELEMENT(info, coded_data_bit_depth), 32U)) {
         return false;
     }
-    const unsigned char width = tone_mapping_width(info.coded_data_bit_depth);
+    const unsigned char width = code_value_width(info.coded_data_bit_depth);
     if (!walk.at_most(ELEMENT(info, target_bit_depth),
                       tone_mapping_deepest_target(walk.payload_bytes_left(), width))) {
         return false;
@@ -76,8 +72,8 @@ template <class Walker>
         !walk.at_most(ELEMENT(info, target_bit_depth), 32U)) {
         return false;
     }
-    const unsigned char coded_width = tone_mapping_width(info.coded_data_bit_depth);
-    const unsigned char target_width = tone_mapping_width(info.target_bit_depth);
+    const unsigned char coded_width = code_value_width(info.coded_data_bit_depth);
+    const unsigned char target_width = code_value_width(info.target_bit_depth);
     walk.u(16, ELEMENT(info, num_pivots));
     if (!walk.data_holds(ELEMENT(info, num_pivots), info.num_pivots,
                          /*fewest_bits=*/std::max(1U, 0U + coded_width + target_width)) ||

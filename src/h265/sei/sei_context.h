@@ -86,6 +86,13 @@ struct sei_context {
     return context;
 }
 
+// For a payload that is parsed alone, with the SPS that is active for it.
+[[nodiscard]] inline sei_context context_of(const h265_nal_sps& sps) {
+    sei_context context;
+    context.sps = &sps;
+    return context;
+}
+
 }  // namespace kovran
 
 #endif  // KOVRAN_SRC_H265_SEI_SEI_CONTEXT_H

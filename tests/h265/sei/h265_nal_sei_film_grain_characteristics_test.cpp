@@ -1,10 +1,13 @@
 #include <kovran/h265/sei/h265_nal_sei_film_grain_characteristics.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "support/allocation_failure.h"
+#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
@@ -60,10 +63,10 @@ TEST(H265NalSeiFilmGrainCharacteristics, ModelsComponents) {
     ASSERT_EQ(grain.components[0].intensity_intervals.size(), 2U);
     EXPECT_EQ(grain.components[0].intensity_intervals[1].intensity_interval_lower_bound, 101);
     EXPECT_EQ(grain.components[0].intensity_intervals[0].comp_model_value,
-              (std::vector<int>{3, -1}));
+              (std::array<int, 6>{3, -1}));
     ASSERT_EQ(grain.components[2].intensity_intervals.size(), 1U);
     EXPECT_EQ(grain.components[2].intensity_intervals[0].comp_model_value,
-              (std::vector<int>{0, 1, 0, -1, 0, 0}));
+              (std::array<int, 6>{0, 1, 0, -1, 0, 0}));
     EXPECT_TRUE(grain.film_grain_characteristics_persistence_flag);
 }
 
@@ -108,13 +111,27 @@ TEST(H265NalSeiFilmGrainCharacteristics, HasAsManyIntervalsAsTheDataHolds) {
     EXPECT_TRUE(test::read_payload(19, payload).read);
 }
 
+// Streams have this message with every picture.
+TEST(H265NalSeiFilmGrainCharacteristics, IsReadAgainWithoutAllocating) {
+    const std::vector<unsigned char> payload =
+        test::bytes_of("0 00 0 00 0000 010 00000001 001 x01 x02 1 1 x03 x04 1 1 1");
+    h265_nal_sei_film_grain_characteristics grain;
+    test::rbsp first(payload);
+    ASSERT_TRUE(grain.parse_standard(first.reader));
+    test::rbsp second(payload);
+    const test::allocation_count before;
+    EXPECT_TRUE(grain.parse_standard(second.reader));
+    EXPECT_EQ(before.bytes(), 0U);
+}
+
 TEST(H265NalSeiFilmGrainCharacteristics, IsParsedAlone) {
     const auto grain = test::parsed_alone<h265_nal_sei_film_grain_characteristics>(
                            "0 00 0 00 0000 010 00000000 000 x01 x02 00111 1")
                            .record;
     ASSERT_EQ(grain.components[1].intensity_intervals.size(), 1U);
     EXPECT_EQ(grain.components[1].intensity_intervals[0].intensity_interval_upper_bound, 2);
-    EXPECT_EQ(grain.components[1].intensity_intervals[0].comp_model_value, (std::vector<int>{-3}));
+    EXPECT_EQ(grain.components[1].intensity_intervals[0].comp_model_value,
+              (std::array<int, 6>{-3}));
 }
 
 TEST(H265NalSeiFilmGrainCharacteristics, NamesModelsAndBlendingModes) {

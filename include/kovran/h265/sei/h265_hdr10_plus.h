@@ -34,14 +34,15 @@ struct h265_hdr10_plus {
         std::vector<unsigned int> distribution_maxrgb_percentiles;   // u(17), likewise
         unsigned short fraction_bright_pixels = 0;                   // u(10), in units of 0.001
 
+        // Knee points are in units of 1 / 4095, anchors of 1 / 1023, the weight of 1 / 8.
         bool tone_mapping_flag = false;                    // u(1)
-        unsigned short knee_point_x = 0;                   // u(12), when tone_mapping_flag, of 4095
+        unsigned short knee_point_x = 0;                   // u(12), when tone_mapping_flag
         unsigned short knee_point_y = 0;                   // u(12), likewise
         unsigned char num_bezier_curve_anchors = 0;        // u(4), likewise
-        std::vector<unsigned short> bezier_curve_anchors;  // u(10), so many entries, of 1023
+        std::vector<unsigned short> bezier_curve_anchors;  // u(10), so many entries
 
         bool color_saturation_mapping_flag = false;  // u(1)
-        unsigned char color_saturation_weight = 0;   // u(6), when the flag is set, of 8
+        unsigned char color_saturation_weight = 0;   // u(6), when the flag is set
     };
 
     unsigned char application_version = 0;  // u(8)
@@ -51,7 +52,8 @@ struct h265_hdr10_plus {
     // u(27), in candela per square metre.
     unsigned int targeted_system_display_maximum_luminance = 0;
 
-    // Peak luminances of parts of a display, row by row, of 15; each table when its flag is set.
+    // Peak luminances of parts of a display, row by row, in units of 1 / 15; each table when its
+    // flag is set.
     bool targeted_system_display_actual_peak_luminance_flag = false;           // u(1)
     unsigned char num_rows_targeted_system_display_actual_peak_luminance = 0;  // u(5)
     unsigned char num_cols_targeted_system_display_actual_peak_luminance = 0;  // u(5)

@@ -31,8 +31,8 @@ struct h265_nal_sei_bsp_nesting {
 
     // Reads one payload, with the messages in it, in a record that is reset first: see
     // h265_nal_sei_message for the stores, and for messages that cannot be read. False, with
-    // `valid` false: there are more messages than the data can hold; a message is cut off; the data
-    // ends; or there is no memory.
+    // `valid` false: there are more messages than the data can hold; the payloadType or payloadSize
+    // of a message is cut off; the data ends; or there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    const h2645_common_base_store<h265_nal_vps>& vps_store,
                                    const h2645_common_base_store<h265_nal_sps>& sps_store,

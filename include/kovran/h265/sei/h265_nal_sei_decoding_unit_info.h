@@ -23,7 +23,8 @@ struct h265_nal_sei_decoding_unit_info {
 
     bool valid = false;  // the latest parse succeeded
 
-    // Reads one payload up to its last element, in a record that is reset first. False, with
+    // Reads one payload up to its last element, in a record that is reset first. `hrd` is that of
+    // the active SPS's VUI or, within scalable_nesting(), of the operation point. False, with
     // `valid` false: sub_pic_hrd_params_present_flag is not set in `hrd`, or the data ends.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, const h265_hrd_parameters& hrd,
                                    h265_fault* fault = nullptr);

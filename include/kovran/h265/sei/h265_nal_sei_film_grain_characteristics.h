@@ -19,7 +19,7 @@ struct h265_nal_sei_film_grain_characteristics {
     struct intensity_interval_t {
         unsigned char intensity_interval_lower_bound = 0;  // u(8)
         unsigned char intensity_interval_upper_bound = 0;  // u(8)
-        std::vector<int> comp_model_value;  // se(v), num_model_values_minus1 + 1 entries
+        std::array<int, 6> comp_model_value{};  // se(v), num_model_values_minus1 + 1 of them
     };
 
     struct component_t {

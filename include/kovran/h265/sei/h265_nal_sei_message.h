@@ -40,7 +40,7 @@ struct h265_nal_sei_message {
     // Reads the message that `message` stands on, by its type, in whichever kind of SEI NAL unit it
     // is. Parameter sets are looked up as the payload's clause says: the SPS is the store's active
     // one, but for buffering_period(), which names its own. Arrays keep their memory when the
-    // message before had the same type.
+    // message before had the same type and was read; arrays within their entries do not.
     //
     // False, with `valid` false and the payload kept as bytes: the payload is cut off or too short,
     // a value or a count is out of its range, a parameter set is missing, or there is no memory.

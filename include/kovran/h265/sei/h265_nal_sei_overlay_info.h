@@ -10,7 +10,7 @@
 
 namespace kovran {
 
-// overlay_info(), clause F.14.2.
+// overlay_info(), clause F.14.2. Texts are UTF-8, without the zero byte that ends them.
 struct h265_nal_sei_overlay_info {
     static constexpr unsigned int payload_type = 166;
     static constexpr const char* payload_name = "overlay_info";

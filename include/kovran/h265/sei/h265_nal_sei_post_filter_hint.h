@@ -27,8 +27,9 @@ struct h265_nal_sei_post_filter_hint {
 
     bool valid = false;  // the latest parse succeeded
 
-    // Reads one payload up to its last element, in a record that is reset first. False, with
-    // `valid` false: a size is above 15; the data ends; or there is no memory.
+    // Reads one payload up to its last element, in a record that is reset first. `sps` is the
+    // active one; it tells which planes there are. False, with `valid` false: a size is above 15;
+    // the data ends; or there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, const h265_nal_sps& sps,
                                    h265_fault* fault = nullptr);
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader, const h265_nal_sps& sps,

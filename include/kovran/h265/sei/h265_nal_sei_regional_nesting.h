@@ -23,7 +23,8 @@ struct h265_nal_sei_regional_nesting {
     unsigned short regional_nesting_id = 0;               // u(16)
     unsigned char regional_nesting_num_rect_regions = 0;  // u(8)
 
-    // A rectangle, by its distances from the edges of the picture.
+    // A rectangle, by its distances from the edges of the conformance window, in the units of
+    // conf_win_left_offset and the like.
     struct rect_region_t {
         unsigned char regional_nesting_rect_region_id = 0;       // u(8)
         unsigned short regional_nesting_rect_left_offset = 0;    // u(16)
@@ -44,8 +45,8 @@ struct h265_nal_sei_regional_nesting {
 
     // Reads one payload, with the messages in it, in a record that is reset first: see
     // h265_nal_sei_message for the stores, and for messages that cannot be read. False, with
-    // `valid` false: there are more regions or messages than the data can hold; a message is cut
-    // off; the data ends; or there is no memory.
+    // `valid` false: there are more regions or messages than the data can hold; the payloadType or
+    // payloadSize of a message is cut off; the data ends; or there is no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    const h2645_common_base_store<h265_nal_vps>& vps_store,
                                    const h2645_common_base_store<h265_nal_sps>& sps_store,

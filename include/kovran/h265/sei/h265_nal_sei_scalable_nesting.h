@@ -47,7 +47,8 @@ struct h265_nal_sei_scalable_nesting {
     // Reads one payload, with the messages in it, in a record that is reset first: see
     // h265_nal_sei_message for the stores, and for messages that cannot be read. False, with
     // `valid` false: there are more operation points or layers than 1024 or 64, or than the data
-    // can hold; a message is cut off; the data ends; or there is no memory.
+    // can hold; the payloadType or payloadSize of a message is cut off; the data ends; or there is
+    // no memory.
     KOVRAN_API bool parse_standard(h2645_common_bitreader& reader,
                                    const h2645_common_base_store<h265_nal_vps>& vps_store,
                                    const h2645_common_base_store<h265_nal_sps>& sps_store,

@@ -38,7 +38,8 @@ struct h265_nal_sei_time_code {
         unsigned char hours_value = 0;    // u(5)
 
         unsigned char time_offset_length = 0;  // u(5), likewise
-        int time_offset_value = 0;             // i(v), when that is not 0: in clock ticks
+        // In units of 1 / vui_time_scale seconds.
+        int time_offset_value = 0;  // i(v), when time_offset_length > 0
 
         // The time as "hh:mm:ss:ff", clause D.3.27; "--" for a part that is not in the stream.
         // n_frames may have three digits. ";" stands before them where counting_type is 4, which
