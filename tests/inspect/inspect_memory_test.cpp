@@ -94,6 +94,23 @@ TEST(InspectMemory, EndsTheProgramWithAMessageWhenThereIsNoMore) {
     EXPECT_EQ(result.out.find("TRAIL_R"), std::string::npos);
 }
 
+// sei_prefix_indication() with 256 prefixes of 65,536 bits, each bit an element.
+TEST(InspectMemory, ShowsWhatItHadMemoryForOfAMessage) {
+    if (sanitized) {
+        GTEST_SKIP() << "the address sanitizer reserves more than is allowed here";
+    }
+    const std::size_t size = 3 * mebibyte;
+    const std::string message = bytes("c9") + std::string(size / 255, '\xff') +
+                                static_cast<char>(size % 255) + std::string(size, '\xff');
+    const outcome result = program({"trace", "-"})
+                               .input(bytes("000001 4e01") + message + bytes("80"))
+                               .address_space(100 * mebibyte)
+                               .run();
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err, "kovran: not enough memory\n");
+    EXPECT_NE(result.out.find("sei_prefix_data_bit[0][65535]"), std::string::npos);
+}
+
 TEST(InspectMemory, IsBoundedForALargePipe) {
     std::size_t count = 0;
     program inspector = measured({"nals", "--json", "-"});

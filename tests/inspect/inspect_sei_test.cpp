@@ -413,5 +413,15 @@ TEST(InspectSei, HasThePayloadOfOtherMessagesByItsOwnRules) {
     EXPECT_NE(json.find(R"("name":"scalable_nesting","payload":"200601d0"})"), std::string::npos);
 }
 
+// The numbers of those three types are reserved in suffix units.
+TEST(InspectSei, HasThePayloadOfSuffixMessagesByItsOwnRules) {
+    for (const unsigned int type : {0U, 1U, 129U}) {
+        const std::string stream = sei_unit(sei_message(type, bytes("a5b6")), SUFFIX_SEI_NUT);
+        const outcome result = run_on(stream, {"trace", "--rules", "own"});
+        EXPECT_EQ(result.status, 0) << result.err;
+        EXPECT_NE(result.out.find("a5b6"), std::string::npos) << type;
+    }
+}
+
 }  // namespace
 }  // namespace kovran::test

@@ -30,7 +30,7 @@ void element_list::read(const shown_element& read_element) {
 }
 
 void element_list::begin_message(const h265_nal_sei_reader& message) {
-    path_.open(sei_name(message));
+    path_.open(sei_name(message.payload_type));
 }
 
 void element_list::end_message() {

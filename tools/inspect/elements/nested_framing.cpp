@@ -1,5 +1,6 @@
 #include "elements/nested_framing.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace kovran::inspect {
@@ -9,8 +10,9 @@ bool is_nested_message(const h2645_common_element_name& structure) {
 }
 
 bool nested_framing::add(const shown_element& byte) {
+    constexpr unsigned int largest = 0xFFFFFFFE;  // as in h265_nal_sei_message
     const std::string_view name = byte.name.name;
-    sum_ += static_cast<unsigned int>(byte.value);
+    sum_ += std::min(static_cast<unsigned int>(byte.value), largest - sum_);
     if (name == "last_payload_type_byte") {
         payload_type_ = sum_;
         sum_ = 0;

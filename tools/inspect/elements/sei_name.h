@@ -1,16 +1,13 @@
 #ifndef KOVRAN_TOOLS_INSPECT_ELEMENTS_SEI_NAME_H
 #define KOVRAN_TOOLS_INSPECT_ELEMENTS_SEI_NAME_H
 
-#include <kovran/h265/h265_nal_sei_reader.h>
-
 #include <string>
 
 namespace kovran::inspect {
 
-[[nodiscard]] bool has_standard_name(const h265_nal_sei_reader& message);
+[[nodiscard]] bool has_standard_name(unsigned int payload_type);
 
 // As the standard calls the payload, or "payload_type_200" where it has no name for it.
-[[nodiscard]] std::string sei_name(const h265_nal_sei_reader& message);
 [[nodiscard]] std::string sei_name(unsigned int payload_type);
 
 }  // namespace kovran::inspect

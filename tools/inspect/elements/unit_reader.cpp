@@ -265,18 +265,23 @@ void unit_reader::read_message(trace_sink& sink) {
         add_truncation();
     }
     if (!read_payload(sink)) {
-        unit_->faults.push_back(
-            fmt::format("SEI message {} cannot be read: {}", sei_name(messages_), why("message")));
+        unit_->faults.push_back(fmt::format("SEI message {} cannot be read: {}",
+                                            sei_name(messages_.payload_type), why("message")));
     }
 }
 
 void unit_reader::read_message_by_standard(trace_sink& sink) {
-    const bool read =
-        sink.wants_elements()
-            ? message_.parse_standard(messages_, sets_->vps, sets_->sps, *trace_, &fault_)
-            : message_.parse_standard(messages_, sets_->vps, sets_->sps, &fault_);
     const auto behind_header =
         static_cast<std::size_t>(messages_.message_begin - payload_->begin());
+    bool read = false;
+    try {
+        read = sink.wants_elements()
+                   ? message_.parse_standard(messages_, sets_->vps, sets_->sps, *trace_, &fault_)
+                   : message_.parse_standard(messages_, sets_->vps, sets_->sps, &fault_);
+    } catch (const std::bad_alloc&) {
+        replay(*trace_, messages_.message_begin, behind_header, sink);
+        throw;
+    }
     fault_.first_bit += 8 * behind_header;
     if (sink.wants_elements()) {
         replay(*trace_, messages_.message_begin, behind_header, sink);
@@ -292,18 +297,18 @@ void unit_reader::read_message_by_standard(trace_sink& sink) {
     if (messages_.truncated) {
         add_truncation();
     }
-    if (!read && (!messages_.truncated || has_standard_name(messages_))) {
-        unit_->faults.push_back(
-            fmt::format("SEI message {} cannot be read: {}", sei_name(messages_), why("message")));
+    if (!read && (!messages_.truncated || has_standard_name(messages_.payload_type))) {
+        unit_->faults.push_back(fmt::format("SEI message {} cannot be read: {}",
+                                            sei_name(messages_.payload_type), why("message")));
     } else if (read && fault_.kind != h265_fault_kind::none) {
-        unit_->faults.push_back(
-            fmt::format("SEI message {} was read, but {}", sei_name(messages_), why("message")));
+        unit_->faults.push_back(fmt::format("SEI message {} was read, but {}",
+                                            sei_name(messages_.payload_type), why("message")));
     }
-    if (!h265_nal_sei_payload_is_in(messages_.payload_type, messages_.nal_unit_type) &&
-        has_standard_name(messages_)) {
-        unit_->faults.push_back(fmt::format(
-            "SEI message {} stands in a {} SEI unit, where its type is reserved",
-            sei_name(messages_), messages_.nal_unit_type == PREFIX_SEI_NUT ? "prefix" : "suffix"));
+    if (!h265_nal_sei_payload_is_in(messages_.payload_type, messages_.nal_unit_type)) {
+        unit_->faults.push_back(
+            fmt::format("SEI message {} stands in a {} SEI unit, where its type is reserved",
+                        sei_name(messages_.payload_type),
+                        messages_.nal_unit_type == PREFIX_SEI_NUT ? "prefix" : "suffix"));
     }
     if (messages_.nal_unit_type != PREFIX_SEI_NUT) {
         return;
@@ -375,9 +380,9 @@ void unit_reader::activate_sps(unsigned int id) {
 }
 
 void unit_reader::add_truncation() {
-    unit_->faults.push_back(
-        fmt::format("SEI message {} is truncated: {} of {} bytes are present", sei_name(messages_),
-                    messages_.payload_end - messages_.payload_begin, messages_.payload_size));
+    unit_->faults.push_back(fmt::format(
+        "SEI message {} is truncated: {} of {} bytes are present", sei_name(messages_.payload_type),
+        messages_.payload_end - messages_.payload_begin, messages_.payload_size));
 }
 
 // The latest fault, of what is called `user` in it.

@@ -156,8 +156,8 @@ void stream_summary::add_slice(const nal_unit& unit, const h265_slice_segment_he
 }
 
 void stream_summary::begin_message(const h265_nal_sei_reader& message) {
-    const std::string name = sei_name(message);
-    if (!has_standard_name(message) && messages_.count(name) == 0) {
+    const std::string name = sei_name(message.payload_type);
+    if (!has_standard_name(message.payload_type) && messages_.count(name) == 0) {
         if (unnamed_types_ == most_unnamed_types) {
             ++other_messages_;
             return;

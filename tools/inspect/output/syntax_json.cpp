@@ -131,7 +131,7 @@ void syntax_json::fault(const h265_fault& found) {
 void syntax_json::begin_message(const h265_nal_sei_reader& message) {
     object_ = {{"payload_type", message.payload_type},
                {"payload_size", message.payload_size},
-               {"name", sei_name(message)}};
+               {"name", sei_name(message.payload_type)}};
     path_.open(fmt::format("sei_message[{}]", messages_));
     lines_.write(messages_ == 0 ? "{\"sei_message\":[" : ",");
     ++messages_;

@@ -113,7 +113,7 @@ void syntax_tree::fault(const h265_fault& found) {
 
 void syntax_tree::begin_message(const h265_nal_sei_reader& message) {
     end_run();
-    line(sei_name(message), {},
+    line(sei_name(message.payload_type), {},
          fmt::format("payload type {}, {} bytes", message.payload_type, message.payload_size));
     ++depth_;
 }

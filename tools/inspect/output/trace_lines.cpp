@@ -4,11 +4,11 @@
 #include "elements/sei_name.h"
 #include "output/element_value.h"
 
+#include <cstddef>
 #include <iterator>
+#include <string_view>
 
 #include <fmt/format.h>
-
-#include <string_view>
 
 namespace kovran::inspect {
 namespace {
@@ -56,7 +56,7 @@ void trace_lines::read_filler(const shown_element& filler) {
 }
 
 void trace_lines::begin_message(const h265_nal_sei_reader& message) {
-    path_.open(sei_name(message));
+    path_.open(sei_name(message.payload_type));
 }
 
 void trace_lines::end_message() {
