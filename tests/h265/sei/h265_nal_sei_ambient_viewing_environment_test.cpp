@@ -26,23 +26,11 @@ TEST(H265NalSeiAmbientViewingEnvironment, HasALight) {
 }
 
 TEST(H265NalSeiAmbientViewingEnvironment, IsReadByItself) {
-    const auto payload = test::bytes_of("x80x00x00x01 x3dx13 x90x00");
-    h265_nal_sei_ambient_viewing_environment record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.ambient_light_x, 15635);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 3U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.ambient_light_x, 15635);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_ambient_viewing_environment>("x80x00x00x01 x3dx13 x90x00");
+    EXPECT_EQ(parsed.element_count, 3U);
+    EXPECT_EQ(parsed.record.ambient_light_x, 15635);
+    EXPECT_EQ(parsed.untraced.ambient_light_x, 15635);
 }
 
 TEST(H265NalSeiAmbientViewingEnvironment, IsNeverDark) {

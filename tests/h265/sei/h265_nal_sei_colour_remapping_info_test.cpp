@@ -1,14 +1,11 @@
 #include <kovran/h265/sei/h265_nal_sei_colour_remapping_info.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <cstddef>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
@@ -310,27 +307,14 @@ TEST(H265NalSeiColourRemappingInfo, HasNoMoreThan33ValuesBehindTheMatrix) {
 }
 
 TEST(H265NalSeiColourRemappingInfo, IsReadByItself) {
-    const auto payload = test::bytes_of(
+    const auto parsed = test::parsed_alone<h265_nal_sei_colour_remapping_info>(
         "011 0 1 1 1 x09 x10 x00 x08 x0a x01 x10 x00x00 xeb x03xff x00 x00 1 1010 "
         "00000000000100000000000 1 00111 010 00100 00101 1 0001110 "
         "00000000000100000000001 x00 x02 x00x00 x00x01 x02x00 x02x58 x03xff x03xe8 "
         "x00");
-    h265_nal_sei_colour_remapping_info record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.post_lut_coded_value[1].size(), 3U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 37U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.post_lut_coded_value[1].size(), 3U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(parsed.element_count, 37U);
+    EXPECT_EQ(parsed.record.post_lut_coded_value[1].size(), 3U);
+    EXPECT_EQ(parsed.untraced.post_lut_coded_value[1].size(), 3U);
 }
 
 TEST(H265NalSeiColourRemappingInfo, HasCoefficientsOf16Bits) {

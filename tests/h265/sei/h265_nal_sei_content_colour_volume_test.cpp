@@ -1,7 +1,5 @@
 #include <kovran/h265/sei/h265_nal_sei_content_colour_volume.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <array>
 #include <cstddef>
 #include <string>
@@ -9,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
@@ -134,25 +131,12 @@ TEST(H265NalSeiContentColourVolume, EndsAnEarlierOne) {
 }
 
 TEST(H265NalSeiContentColourVolume, IsReadByItself) {
-    const auto payload = test::bytes_of(
+    const auto parsed = test::parsed_alone<h265_nal_sei_content_colour_volume>(
         "0 1 1 1 1 1 00 x00x00x33xc2 x00x00x86xc4 xffxffxe2xb4 x80x00x00x00 "
         "x00x00x84xd0 xffxffxffxff x00x00x00x32 xf0x00x00x00 x00x01x11x70");
-    h265_nal_sei_content_colour_volume record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.ccv_avg_luminance_value, 70000U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 16U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.ccv_avg_luminance_value, 70000U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(parsed.element_count, 16U);
+    EXPECT_EQ(parsed.record.ccv_avg_luminance_value, 70000U);
+    EXPECT_EQ(parsed.untraced.ccv_avg_luminance_value, 70000U);
 }
 
 TEST(H265NalSeiContentColourVolume, HasPrimariesUpTo100) {

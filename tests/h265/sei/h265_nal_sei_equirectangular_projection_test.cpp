@@ -1,14 +1,12 @@
 #include <kovran/h265/sei/h265_nal_sei_equirectangular_projection.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <cstddef>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -57,23 +55,11 @@ TEST(H265NalSeiEquirectangularProjection, EndsAnEarlierOne) {
 }
 
 TEST(H265NalSeiEquirectangularProjection, IsReadByItself) {
-    const auto payload = test::bytes_of("0 1 1 10 101 x82 x07");
-    h265_nal_sei_equirectangular_projection record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.erp_left_guard_band_width, 130);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 7U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.erp_left_guard_band_width, 130);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_equirectangular_projection>("0 1 1 10 101 x82 x07");
+    EXPECT_EQ(parsed.element_count, 7U);
+    EXPECT_EQ(parsed.record.erp_left_guard_band_width, 130);
+    EXPECT_EQ(parsed.untraced.erp_left_guard_band_width, 130);
 }
 
 }  // namespace

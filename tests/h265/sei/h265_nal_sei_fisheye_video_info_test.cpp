@@ -1,14 +1,11 @@
 #include <kovran/h265/sei/h265_nal_sei_fisheye_video_info.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <cstddef>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
@@ -166,7 +163,7 @@ TEST(H265NalSeiFisheyeVideoInfo, HasNoMoreCoefficientsThanTheDataHolds) {
 }
 
 TEST(H265NalSeiFisheyeVideoInfo, IsReadByItself) {
-    const auto payload = test::bytes_of(
+    const auto parsed = test::parsed_alone<h265_nal_sei_fisheye_video_info>(
         "0 1 101 001 x01 x00x00x03xe8 x00x00x03xe9 x00x00x03xea x00x00x03xeb "
         "x00x00x03xec x00x00x03xed x00x00x03xee x00x00x03xef xffxffxfcx10 "
         "xffxffxfcx0f xffxffxfcx0e x00x00x03xf3 x00x00x03xf4 x00x00x03xf5 "
@@ -174,22 +171,9 @@ TEST(H265NalSeiFisheyeVideoInfo, IsReadByItself) {
         "x7fxffxffxf0 x7fxffxffxf1 x7fxffxffxf2 x7fxffxffxf3 x80x00x00x0c "
         "x80x00x00x0b x80x00x00x0a x7fxffxffxf7 x7fxffxffxf8 x7fxffxffxf9 "
         "x7fxffxffxfa x00x03 xffxffxffxff x7fxffxffxff x80x00x00x00");
-    h265_nal_sei_fisheye_video_info record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.active_areas.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 40U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.active_areas.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(parsed.element_count, 40U);
+    EXPECT_EQ(parsed.record.active_areas.size(), 2U);
+    EXPECT_EQ(parsed.untraced.active_areas.size(), 2U);
 }
 
 TEST(H265NalSeiFisheyeVideoInfo, HasCamerasThatTurnOnceAround) {

@@ -1,14 +1,11 @@
 #include <kovran/h265/sei/h265_nal_sei_knee_function_info.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <string>
 #include <variant>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
@@ -81,25 +78,12 @@ TEST(H265NalSeiKneeFunctionInfo, HasNoMorePointsThanTheDataHolds) {
 }
 
 TEST(H265NalSeiKneeFunctionInfo, IsReadByItself) {
-    const auto payload = test::bytes_of(
+    const auto parsed = test::parsed_alone<h265_nal_sei_knee_function_info>(
         "00110 0 1 x00x00x03xe8 x00x00x00x64 x00x00x0fxa0 x80x00x00x01 010 1001011000 "
         "0011111010 1111101000 1111111111");
-    h265_nal_sei_knee_function_info record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.input_knee_point.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 12U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.input_knee_point.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(parsed.element_count, 12U);
+    EXPECT_EQ(parsed.record.input_knee_point.size(), 2U);
+    EXPECT_EQ(parsed.untraced.input_knee_point.size(), 2U);
 }
 
 TEST(H265NalSeiKneeFunctionInfo, HasPointsWithinTheDynamicRanges) {

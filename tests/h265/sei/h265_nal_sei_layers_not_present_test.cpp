@@ -1,15 +1,13 @@
 #include <kovran/h265/sei/h265_nal_sei_layers_not_present.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <string>
 #include <variant>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -72,23 +70,11 @@ TEST(H265NalSeiLayersNotPresent, NeedsItsVps) {
 
 TEST(H265NalSeiLayersNotPresent, IsReadByItself) {
     const test::sei_stores stores = layers_not_present_stores(2);
-    const auto payload = test::bytes_of("1001 0 1 1");
-    h265_nal_sei_layers_not_present record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader, stores.vps));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.layer_not_present_flag.size(), 3U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, stores.vps, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 4U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.layer_not_present_flag.size(), 3U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, stores.vps, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_layers_not_present>("1001 0 1 1", stores.vps);
+    EXPECT_EQ(parsed.element_count, 4U);
+    EXPECT_EQ(parsed.record.layer_not_present_flag.size(), 3U);
+    EXPECT_EQ(parsed.untraced.layer_not_present_flag.size(), 3U);
 }
 
 }  // namespace

@@ -1,13 +1,10 @@
 #include <kovran/h265/sei/h265_nal_sei_omni_viewport.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
@@ -167,26 +164,13 @@ TEST(H265NalSeiOmniViewport, HasNoMoreViewportsThanTheDataHolds) {
 }
 
 TEST(H265NalSeiOmniViewport, IsReadByItself) {
-    const auto payload = test::bytes_of(
+    const auto parsed = test::parsed_alone<h265_nal_sei_omni_viewport>(
         "1010111100 0 1 0001 xffx4cx00x00 x00x5ax00x00 xffxffxffxff x01x68x00x00 "
         "x00xb4x00x00 x00x00x00x01 x80x00x00x00 x00x00x00x03 x80x00x00x00 "
         "x00x00x00x05");
-    h265_nal_sei_omni_viewport record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.viewports.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 14U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.viewports.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(parsed.element_count, 14U);
+    EXPECT_EQ(parsed.record.viewports.size(), 2U);
+    EXPECT_EQ(parsed.untraced.viewports.size(), 2U);
 }
 
 TEST(H265NalSeiOmniViewport, IsAPartOfTheSphere) {

@@ -1,13 +1,11 @@
 #include <kovran/h265/sei/h265_nal_sei_overlay_info.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -276,26 +274,13 @@ TEST(H265NalSeiOverlayInfo, HasNamesThatEnd) {
 }
 
 TEST(H265NalSeiOverlayInfo, IsReadByItself) {
-    const auto payload = test::bytes_of(
+    const auto parsed = test::parsed_alone<h265_nal_sei_overlay_info>(
         "0 010 011 00100 011 010 00101 1 100001 1 100010 1 111111 010 1000000001 "
         "1010111100 0000000001 1111111111 1 0 000010 0 0 0 0 0 0 0 0 0 "
         "x64x65x2dx44x45x00 x41x00 x00 x42x32x00 x00 1");
-    h265_nal_sei_overlay_info record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.overlays.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 36U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.overlays.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(parsed.element_count, 36U);
+    EXPECT_EQ(parsed.record.overlays.size(), 2U);
+    EXPECT_EQ(parsed.untraced.overlays.size(), 2U);
 }
 
 }  // namespace

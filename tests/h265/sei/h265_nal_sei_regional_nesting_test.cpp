@@ -1,6 +1,5 @@
 #include <kovran/h265/sei/h265_nal_sei_regional_nesting.h>
 
-#include <kovran/h265/h265_trace.h>
 #include <kovran/h265/sei/h265_nal_sei_alternative_transfer_characteristics.h>
 #include <kovran/h265/sei/h265_nal_sei_content_light_level_info.h>
 
@@ -10,8 +9,8 @@
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -148,25 +147,13 @@ TEST(H265NalSeiRegionalNesting, KeepsExtensionData) {
 
 TEST(H265NalSeiRegionalNesting, IsReadByItself) {
     const test::sei_stores stores;
-    const auto payload = test::bytes_of(
+    const auto parsed = test::parsed_alone<h265_nal_sei_regional_nesting>(
         "x80x05 x02 x03 x90x00 x90x01 x90x02 x90x03 x04 x00x07 x00x08 x00x09 x00x0a "
-        "x01 x02 x01 x00 x90 x04 x03xe8 x01x90 x01 x01 x93 x01 x12");
-    h265_nal_sei_regional_nesting record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader, stores.vps, stores.sps));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.sei_message.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, stores.vps, stores.sps, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 25U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.sei_message.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, stores.vps, stores.sps, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+        "x01 x02 x01 x00 x90 x04 x03xe8 x01x90 x01 x01 x93 x01 x12",
+        stores.vps, stores.sps);
+    EXPECT_EQ(parsed.element_count, 25U);
+    EXPECT_EQ(parsed.record.sei_message.size(), 2U);
+    EXPECT_EQ(parsed.untraced.sei_message.size(), 2U);
 }
 
 }  // namespace

@@ -1,14 +1,11 @@
 #include <kovran/h265/sei/h265_nal_sei_regionwise_packing.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <array>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
@@ -123,27 +120,14 @@ TEST(H265NalSeiRegionwisePacking, HasNoMoreRegionsThanTheDataHolds) {
 }
 
 TEST(H265NalSeiRegionwisePacking, IsReadByItself) {
-    const auto payload = test::bytes_of(
+    const auto parsed = test::parsed_alone<h265_nal_sei_regionwise_packing>(
         "0 1 1 10001 x02 x80x00x00x00 x00x00x04x00 x80x00 x03x00 0000 111 0 "
         "x90x00x00x00 x90x00x00x01 x90x00x00x02 x90x00x00x03 x90x00 x90x01 x90x02 "
         "x90x03 0001 110 1 x00x28x00x00 x00x28x00x01 x00x28x00x02 x00x28x00x03 x00x28 "
         "x00x29 x00x2a x00x2b xc8 xc9 xca xcb 1 110 101 100 011 101");
-    h265_nal_sei_regionwise_packing record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.packed_regions.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 41U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.packed_regions.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(parsed.element_count, 41U);
+    EXPECT_EQ(parsed.record.packed_regions.size(), 2U);
+    EXPECT_EQ(parsed.untraced.packed_regions.size(), 2U);
 }
 
 TEST(H265NalSeiRegionwisePacking, HasRegionsAndPicturesWithSamples) {
