@@ -43,7 +43,8 @@ struct sei_reading {
     std::string elements;
 };
 
-// Reads the payload and, without a trace or a fault, once more, with the same outcome.
+// Reads the payload and, without a trace or a fault, once more, with the same outcome. What cannot
+// be read has a fault.
 sei_reading read_payload(unsigned int payload_type, const std::vector<unsigned char>& payload,
                          const sei_stores& stores = {});
 

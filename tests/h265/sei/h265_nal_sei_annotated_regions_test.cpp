@@ -129,8 +129,7 @@ TEST(H265NalSeiAnnotatedRegions, HasABoxAlone) {
         "ar_bounding_box_top[0] 1\n"
         "ar_bounding_box_left[0] 2\n"
         "ar_bounding_box_width[0] 3\n"
-        "ar_bounding_box_height[0] 4\n",
-        {}, test::payload_end::takes_all);
+        "ar_bounding_box_height[0] 4\n");
     EXPECT_TRUE(regions.ar_true_motion_flag);
     EXPECT_TRUE(regions.label_updates.empty());
     ASSERT_EQ(regions.object_updates.size(), 1U);
