@@ -21,7 +21,7 @@ struct parsed_record {
     Record record;    // read with a trace
     Record untraced;  // read without one
     std::size_t element_count = 0;
-    std::vector<std::string> out_of_range;  // paths of elements
+    std::string out_of_range;  // the elements that are, as "hours_value[0], minutes_value[0]"
 };
 
 // Without a byte there is nothing to read, and the fault says so, with and without a trace.
@@ -72,10 +72,35 @@ parsed_record<Record> parsed_alone(std::string_view bits, const Arguments&... ar
     EXPECT_EQ(last.first_bit + last.width, input.reader.bit_position()) << path_of(trace, last);
     for (const h265_traced_element& element : trace.elements) {
         if (element.out_of_range) {
-            parsed.out_of_range.push_back(path_of(trace, element));
+            parsed.out_of_range += parsed.out_of_range.empty() ? "" : ", ";
+            parsed.out_of_range += path_of(trace, element);
         }
     }
     return parsed;
+}
+
+template <class Record, class... Arguments>
+std::string out_of_range(std::string_view bits, const Arguments&... arguments) {
+    return parsed_alone<Record>(bits, arguments...).out_of_range;
+}
+
+// A payload without elements is read wherever the data ends, and not behind that.
+template <class Record>
+void expect_no_elements() {
+    EXPECT_TRUE(record_of<Record>("", "").valid);
+
+    Record record;
+    rbsp input;
+    h265_trace trace;
+    EXPECT_TRUE(record.parse_standard(input.reader, trace));
+    EXPECT_TRUE(record.valid);
+    EXPECT_TRUE(trace.elements.empty());
+    EXPECT_TRUE(record.parse_standard(input.reader));
+    EXPECT_TRUE(record.valid);
+
+    input.reader.skip(1);
+    EXPECT_FALSE(record.parse_standard(input.reader));
+    EXPECT_FALSE(record.valid);
 }
 
 }  // namespace kovran::test

@@ -49,7 +49,7 @@ TEST(H265NalSeiAlphaChannelInfo, EndsAnEarlierOne) {
     EXPECT_TRUE(alpha.alpha_channel_cancel_flag);
 }
 
-TEST(H265NalSeiAlphaChannelInfo, IsReadByItself) {
+TEST(H265NalSeiAlphaChannelInfo, IsParsedAlone) {
     const auto parsed =
         test::parsed_alone<h265_nal_sei_alpha_channel_info>("0 101 111 x80x00 xffxff 1 1 1");
     EXPECT_EQ(parsed.element_count, 8U);

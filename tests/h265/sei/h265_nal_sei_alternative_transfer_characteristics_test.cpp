@@ -14,7 +14,7 @@ TEST(H265NalSeiAlternativeTransferCharacteristics, PrefersAnother) {
     EXPECT_EQ(transfer.preferred_transfer_characteristics, 0x92);
 }
 
-TEST(H265NalSeiAlternativeTransferCharacteristics, IsReadByItself) {
+TEST(H265NalSeiAlternativeTransferCharacteristics, IsParsedAlone) {
     const auto parsed =
         test::parsed_alone<h265_nal_sei_alternative_transfer_characteristics>("x92");
     EXPECT_EQ(parsed.element_count, 1U);

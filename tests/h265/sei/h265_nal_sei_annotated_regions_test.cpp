@@ -185,8 +185,7 @@ TEST(H265NalSeiAnnotatedRegions, HasIndicesUpTo255) {
     EXPECT_TRUE(most.out_of_range.empty());
     const auto more = test::parsed_alone<h265_nal_sei_annotated_regions>(
         "0 0 0 0 0 1 0 0 010 00000000100000001 1 010 00000000100000001 0 1 00000000100000001 0");
-    EXPECT_EQ(more.out_of_range, (std::vector<std::string>{"ar_label_idx[0]", "ar_object_idx[0]",
-                                                           "ar_object_label_idx[256]"}));
+    EXPECT_EQ(more.out_of_range, "ar_label_idx[0], ar_object_idx[0], ar_object_label_idx[256]");
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ TEST(H265NalSeiCodedRegionCompletion, EndsThePicture) {
     EXPECT_FALSE(completion.independent_slice_segment_flag);
 }
 
-TEST(H265NalSeiCodedRegionCompletion, IsReadByItself) {
+TEST(H265NalSeiCodedRegionCompletion, IsParsedAlone) {
     const auto parsed = test::parsed_alone<h265_nal_sei_coded_region_completion>("00111 1");
     EXPECT_EQ(parsed.element_count, 2U);
     EXPECT_EQ(parsed.record.next_segment_address, 6U);

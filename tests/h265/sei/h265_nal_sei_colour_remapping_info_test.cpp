@@ -11,12 +11,15 @@
 namespace kovran {
 namespace {
 
+constexpr char colour_remapping_info_bits[] =
+    "011 0 1 1 1 x09 x10 x00 x08 x0a x01 x10 x00x00 xeb x03xff x00 x00 1 1010 "
+    "00000000000100000000000 1 00111 010 00100 00101 1 0001110 "
+    "00000000000100000000001 x00 x02 x00x00 x00x01 x02x00 x02x58 x03xff x03xe8 "
+    "x00";
+
 TEST(H265NalSeiColourRemappingInfo, HasTablesAndAMatrix) {
     const auto remap = test::record_of<h265_nal_sei_colour_remapping_info>(
-        "011 0 1 1 1 x09 x10 x00 x08 x0a x01 x10 x00x00 xeb x03xff x00 x00 1 1010 "
-        "00000000000100000000000 1 00111 010 00100 00101 1 0001110 "
-        "00000000000100000000001 x00 x02 x00x00 x00x01 x02x00 x02x58 x03xff x03xe8 "
-        "x00",
+        colour_remapping_info_bits,
         "colour_remap_id 2\n"
         "colour_remap_cancel_flag 0\n"
         "colour_remap_persistence_flag 1\n"
@@ -286,12 +289,9 @@ TEST(H265NalSeiColourRemappingInfo, HasNoMoreThan33ValuesBehindTheMatrix) {
               "post_lut_num_val_minus1[1] at bit 71 is 33; allowed: 0 to 32");
 }
 
-TEST(H265NalSeiColourRemappingInfo, IsReadByItself) {
-    const auto parsed = test::parsed_alone<h265_nal_sei_colour_remapping_info>(
-        "011 0 1 1 1 x09 x10 x00 x08 x0a x01 x10 x00x00 xeb x03xff x00 x00 1 1010 "
-        "00000000000100000000000 1 00111 010 00100 00101 1 0001110 "
-        "00000000000100000000001 x00 x02 x00x00 x00x01 x02x00 x02x58 x03xff x03xe8 "
-        "x00");
+TEST(H265NalSeiColourRemappingInfo, IsParsedAlone) {
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_colour_remapping_info>(colour_remapping_info_bits);
     EXPECT_EQ(parsed.element_count, 37U);
     EXPECT_EQ(parsed.record.post_lut_coded_value[1].size(), 3U);
     EXPECT_EQ(parsed.untraced.post_lut_coded_value[1].size(), 3U);
@@ -301,15 +301,13 @@ TEST(H265NalSeiColourRemappingInfo, HasCoefficientsOf16Bits) {
     const std::string begin = "1 0 0 0 x08 x08 x00x00x00 1 0000";
     const std::string end = "1111111 x00x00x00";
     EXPECT_EQ(
-        test::parsed_alone<h265_nal_sei_colour_remapping_info>(
-            begin + "0000000000000000 10000000000000001 000000000000000 1111111111111110" + end)
-            .out_of_range,
-        std::vector<std::string>{});
+        test::out_of_range<h265_nal_sei_colour_remapping_info>(
+            begin + "0000000000000000 10000000000000001 000000000000000 1111111111111110" + end),
+        "");
     EXPECT_EQ(
-        test::parsed_alone<h265_nal_sei_colour_remapping_info>(
-            begin + "0000000000000000 10000000000000011 0000000000000000 10000000000000000" + end)
-            .out_of_range,
-        (std::vector<std::string>{"colour_remap_coeffs[0][0]", "colour_remap_coeffs[0][1]"}));
+        test::out_of_range<h265_nal_sei_colour_remapping_info>(
+            begin + "0000000000000000 10000000000000011 0000000000000000 10000000000000000" + end),
+        "colour_remap_coeffs[0][0], colour_remap_coeffs[0][1]");
 }
 
 TEST(H265NalSeiColourRemappingInfo, HasOutputOfUpTo32Bits) {

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -12,10 +11,13 @@
 namespace kovran {
 namespace {
 
+constexpr char content_colour_volume_bits[] =
+    "0 1 1 1 1 1 00 x00x00x33xc2 x00x00x86xc4 xffxffxe2xb4 x80x00x00x00 "
+    "x00x00x84xd0 xffxffxffxff x00x00x00x32 xf0x00x00x00 x00x01x11x70";
+
 TEST(H265NalSeiContentColourVolume, HasEverything) {
     const auto volume = test::record_of<h265_nal_sei_content_colour_volume>(
-        "0 1 1 1 1 1 00 x00x00x33xc2 x00x00x86xc4 xffxffxe2xb4 x80x00x00x00 "
-        "x00x00x84xd0 xffxffxffxff x00x00x00x32 xf0x00x00x00 x00x01x11x70",
+        content_colour_volume_bits,
         "ccv_cancel_flag 0\n"
         "ccv_persistence_flag 1\n"
         "ccv_primaries_present_flag 1\n"
@@ -112,27 +114,23 @@ TEST(H265NalSeiContentColourVolume, EndsAnEarlierOne) {
     EXPECT_TRUE(volume.ccv_cancel_flag);
 }
 
-TEST(H265NalSeiContentColourVolume, IsReadByItself) {
-    const auto parsed = test::parsed_alone<h265_nal_sei_content_colour_volume>(
-        "0 1 1 1 1 1 00 x00x00x33xc2 x00x00x86xc4 xffxffxe2xb4 x80x00x00x00 "
-        "x00x00x84xd0 xffxffxffxff x00x00x00x32 xf0x00x00x00 x00x01x11x70");
+TEST(H265NalSeiContentColourVolume, IsParsedAlone) {
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_content_colour_volume>(content_colour_volume_bits);
     EXPECT_EQ(parsed.element_count, 16U);
     EXPECT_EQ(parsed.record.ccv_avg_luminance_value, 70000U);
     EXPECT_EQ(parsed.untraced.ccv_avg_luminance_value, 70000U);
 }
 
 TEST(H265NalSeiContentColourVolume, HasPrimariesUpTo100) {
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_content_colour_volume>(
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_content_colour_volume>(
                   "0 0 1 0 0 0 00 x00x4cx4bx40 xffxb3xb4xc0 xffxb3xb4xc0 x00x4cx4bx40" +
-                  std::string(64, '0'))
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_content_colour_volume>(
+                  std::string(64, '0')),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_content_colour_volume>(
                   "0 0 1 0 0 0 00 x00x4cx4bx41 x00x4cx4bx41 xffxb3xb4xbf xffxb3xb4xbf" +
-                  std::string(64, '0'))
-                  .out_of_range,
-              (std::vector<std::string>{"ccv_primaries_x[0]", "ccv_primaries_y[0]",
-                                        "ccv_primaries_x[1]", "ccv_primaries_y[1]"}));
+                  std::string(64, '0')),
+              "ccv_primaries_x[0], ccv_primaries_y[0], ccv_primaries_x[1], ccv_primaries_y[1]");
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ TEST(H265NalSeiContentLightLevelInfo, HasTwoLevels) {
     EXPECT_EQ(light.max_pic_average_light_level, 0x8123);
 }
 
-TEST(H265NalSeiContentLightLevelInfo, IsReadByItself) {
+TEST(H265NalSeiContentLightLevelInfo, IsParsedAlone) {
     const auto parsed = test::parsed_alone<h265_nal_sei_content_light_level_info>("x03xe8 x81x23");
     EXPECT_EQ(parsed.element_count, 2U);
     EXPECT_EQ(parsed.record.max_content_light_level, 1000);

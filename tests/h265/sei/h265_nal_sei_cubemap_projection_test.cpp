@@ -23,7 +23,7 @@ TEST(H265NalSeiCubemapProjection, EndsAnEarlierOne) {
     EXPECT_FALSE(projection.cmp_persistence_flag);
 }
 
-TEST(H265NalSeiCubemapProjection, IsReadByItself) {
+TEST(H265NalSeiCubemapProjection, IsParsedAlone) {
     const auto parsed = test::parsed_alone<h265_nal_sei_cubemap_projection>("0 1");
     EXPECT_EQ(parsed.element_count, 2U);
     EXPECT_TRUE(parsed.record.cmp_persistence_flag);

@@ -20,7 +20,7 @@ TEST(H265NalSeiDeinterlacedFieldIdentification, IsATopField) {
     EXPECT_FALSE(field.deinterlaced_picture_source_parity_flag);
 }
 
-TEST(H265NalSeiDeinterlacedFieldIdentification, IsReadByItself) {
+TEST(H265NalSeiDeinterlacedFieldIdentification, IsParsedAlone) {
     const auto parsed = test::parsed_alone<h265_nal_sei_deinterlaced_field_identification>("1");
     EXPECT_EQ(parsed.element_count, 1U);
     EXPECT_TRUE(parsed.record.deinterlaced_picture_source_parity_flag);

@@ -40,7 +40,7 @@ TEST(H265NalSeiEquirectangularProjection, EndsAnEarlierOne) {
     EXPECT_TRUE(projection.erp_cancel_flag);
 }
 
-TEST(H265NalSeiEquirectangularProjection, IsReadByItself) {
+TEST(H265NalSeiEquirectangularProjection, IsParsedAlone) {
     const auto parsed =
         test::parsed_alone<h265_nal_sei_equirectangular_projection>("0 1 1 10 101 x82 x07");
     EXPECT_EQ(parsed.element_count, 7U);

@@ -11,15 +11,18 @@
 namespace kovran {
 namespace {
 
+constexpr char fisheye_video_info_bits[] =
+    "0 1 101 001 x01 x00x00x03xe8 x00x00x03xe9 x00x00x03xea x00x00x03xeb "
+    "x00x00x03xec x00x00x03xed x00x00x03xee x00x00x03xef xffxffxfcx10 "
+    "xffxffxfcx0f xffxffxfcx0e x00x00x03xf3 x00x00x03xf4 x00x00x03xf5 "
+    "x00x00x03xf6 x00x00 x7fxffxffxec x7fxffxffxed x7fxffxffxee x7fxffxffxef "
+    "x7fxffxffxf0 x7fxffxffxf1 x7fxffxffxf2 x7fxffxffxf3 x80x00x00x0c "
+    "x80x00x00x0b x80x00x00x0a x7fxffxffxf7 x7fxffxffxf8 x7fxffxffxf9 "
+    "x7fxffxffxfa x00x03 xffxffxffxff x7fxffxffxff x80x00x00x00";
+
 TEST(H265NalSeiFisheyeVideoInfo, HasTwoLenses) {
     const auto video = test::record_of<h265_nal_sei_fisheye_video_info>(
-        "0 1 101 001 x01 x00x00x03xe8 x00x00x03xe9 x00x00x03xea x00x00x03xeb "
-        "x00x00x03xec x00x00x03xed x00x00x03xee x00x00x03xef xffxffxfcx10 "
-        "xffxffxfcx0f xffxffxfcx0e x00x00x03xf3 x00x00x03xf4 x00x00x03xf5 "
-        "x00x00x03xf6 x00x00 x7fxffxffxec x7fxffxffxed x7fxffxffxee x7fxffxffxef "
-        "x7fxffxffxf0 x7fxffxffxf1 x7fxffxffxf2 x7fxffxffxf3 x80x00x00x0c "
-        "x80x00x00x0b x80x00x00x0a x7fxffxffxf7 x7fxffxffxf8 x7fxffxffxf9 "
-        "x7fxffxffxfa x00x03 xffxffxffxff x7fxffxffxff x80x00x00x00",
+        fisheye_video_info_bits,
         "fisheye_cancel_flag 0\n"
         "fisheye_persistence_flag 1\n"
         "fisheye_view_dimension_idc 5\n"
@@ -144,15 +147,9 @@ TEST(H265NalSeiFisheyeVideoInfo, HasNoMoreCoefficientsThanTheDataHolds) {
         "fisheye_num_polynomial_coeffs[0] at bit 512 is 2; allowed: 0 to 1");
 }
 
-TEST(H265NalSeiFisheyeVideoInfo, IsReadByItself) {
-    const auto parsed = test::parsed_alone<h265_nal_sei_fisheye_video_info>(
-        "0 1 101 001 x01 x00x00x03xe8 x00x00x03xe9 x00x00x03xea x00x00x03xeb "
-        "x00x00x03xec x00x00x03xed x00x00x03xee x00x00x03xef xffxffxfcx10 "
-        "xffxffxfcx0f xffxffxfcx0e x00x00x03xf3 x00x00x03xf4 x00x00x03xf5 "
-        "x00x00x03xf6 x00x00 x7fxffxffxec x7fxffxffxed x7fxffxffxee x7fxffxffxef "
-        "x7fxffxffxf0 x7fxffxffxf1 x7fxffxffxf2 x7fxffxffxf3 x80x00x00x0c "
-        "x80x00x00x0b x80x00x00x0a x7fxffxffxf7 x7fxffxffxf8 x7fxffxffxf9 "
-        "x7fxffxffxfa x00x03 xffxffxffxff x7fxffxffxff x80x00x00x00");
+TEST(H265NalSeiFisheyeVideoInfo, IsParsedAlone) {
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_fisheye_video_info>(fisheye_video_info_bits);
     EXPECT_EQ(parsed.element_count, 40U);
     EXPECT_EQ(parsed.record.active_areas.size(), 2U);
     EXPECT_EQ(parsed.untraced.active_areas.size(), 2U);
@@ -162,26 +159,20 @@ TEST(H265NalSeiFisheyeVideoInfo, HasCamerasThatTurnOnceAround) {
     const std::string begin = "0 0 000 000 x00" + std::string(256, '0');
     const std::string offset(96, '0');
     const std::string end = "x00x00";
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
-                  begin + "xffx4cx00x00 xffxa6x00x00 xffx4cx00x00" + offset + "x00x00x00x00" + end)
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
-                  begin + "x00xb3xffxff x00x5ax00x00 x00xb3xffxff" + offset + "x01x68x00x00" + end)
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
-                  begin + "xffx4bxffxff xffxa5xffxff xffx4bxffxff" + offset + "x00x00x00x00" + end)
-                  .out_of_range,
-              (std::vector<std::string>{"fisheye_camera_centre_azimuth[0]",
-                                        "fisheye_camera_centre_elevation[0]",
-                                        "fisheye_camera_centre_tilt[0]"}));
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
-                  begin + "x00xb4x00x00 x00x5ax00x01 x00xb4x00x00" + offset + "x01x68x00x01" + end)
-                  .out_of_range,
-              (std::vector<std::string>{
-                  "fisheye_camera_centre_azimuth[0]", "fisheye_camera_centre_elevation[0]",
-                  "fisheye_camera_centre_tilt[0]", "fisheye_field_of_view[0]"}));
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_fisheye_video_info>(
+                  begin + "xffx4cx00x00 xffxa6x00x00 xffx4cx00x00" + offset + "x00x00x00x00" + end),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_fisheye_video_info>(
+                  begin + "x00xb3xffxff x00x5ax00x00 x00xb3xffxff" + offset + "x01x68x00x00" + end),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_fisheye_video_info>(
+                  begin + "xffx4bxffxff xffxa5xffxff xffx4bxffxff" + offset + "x00x00x00x00" + end),
+              "fisheye_camera_centre_azimuth[0], fisheye_camera_centre_elevation[0], "
+              "fisheye_camera_centre_tilt[0]");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_fisheye_video_info>(
+                  begin + "x00xb4x00x00 x00x5ax00x01 x00xb4x00x00" + offset + "x01x68x00x01" + end),
+              "fisheye_camera_centre_azimuth[0], fisheye_camera_centre_elevation[0], "
+              "fisheye_camera_centre_tilt[0], fisheye_field_of_view[0]");
 }
 
 }  // namespace

@@ -106,7 +106,7 @@ TEST(H265NalSeiInterLayerConstrainedTileSets, HasNoMoreRectanglesThanTheDataHold
               "il_num_tile_rects_in_set_minus1[0] at bit 20 is 4; allowed: 0 to 2");
 }
 
-TEST(H265NalSeiInterLayerConstrainedTileSets, IsReadByItself) {
+TEST(H265NalSeiInterLayerConstrainedTileSets, IsParsedAlone) {
     const auto parsed = test::parsed_alone<h265_nal_sei_inter_layer_constrained_tile_sets>(
         "0 0 011 1 0001000 010 1 00100 00110 0001010 10 1 1 1 0001101 000011111 01 0");
     EXPECT_EQ(parsed.element_count, 18U);

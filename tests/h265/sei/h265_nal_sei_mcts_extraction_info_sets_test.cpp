@@ -217,7 +217,7 @@ TEST(H265NalSeiMctsExtractionInfoSets, HasNoMoreBytesThanTheDataHolds) {
               "vps_rbsp_data_length[0][0] at bit 40 is 3; allowed: 0 to 2");
 }
 
-TEST(H265NalSeiMctsExtractionInfoSets, IsReadByItself) {
+TEST(H265NalSeiMctsExtractionInfoSets, IsParsedAlone) {
     const auto parsed = test::parsed_alone<h265_nal_sei_mcts_extraction_info_sets>(
         "1 1 1 1 0 1 1 1 1 1 001 1 0 0", h265_nal_sps());
     EXPECT_EQ(parsed.element_count, 14U);

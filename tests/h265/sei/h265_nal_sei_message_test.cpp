@@ -2,7 +2,6 @@
 
 #include <kovran/h265/h265_fault.h>
 
-#include <string>
 #include <variant>
 #include <vector>
 

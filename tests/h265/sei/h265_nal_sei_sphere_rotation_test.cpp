@@ -1,8 +1,5 @@
 #include <kovran/h265/sei/h265_nal_sei_sphere_rotation.h>
 
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "support/sei_payload.h"
@@ -32,7 +29,7 @@ TEST(H265NalSeiSphereRotation, EndsAnEarlierOne) {
     EXPECT_TRUE(sphere.sphere_rotation_cancel_flag);
 }
 
-TEST(H265NalSeiSphereRotation, IsReadByItself) {
+TEST(H265NalSeiSphereRotation, IsParsedAlone) {
     const auto parsed = test::parsed_alone<h265_nal_sei_sphere_rotation>(
         "0 1 100001 xffx4cx00x00 x00x5ax00x00 x80x00x00x00");
     EXPECT_EQ(parsed.element_count, 6U);
@@ -41,22 +38,18 @@ TEST(H265NalSeiSphereRotation, IsReadByItself) {
 }
 
 TEST(H265NalSeiSphereRotation, TurnsOnceAround) {
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
-                  "0 0 000000 xffx4cx00x00 xffxa6x00x00 xffx4cx00x00")
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
-                  "0 0 000000 x00xb3xffxff x00x5ax00x00 x00xb3xffxff")
-                  .out_of_range,
-              std::vector<std::string>{});
-    const std::vector<std::string> all = {"yaw_rotation", "pitch_rotation", "roll_rotation"};
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
-                  "0 0 000000 xffx4bxffxff xffxa5xffxff xffx4bxffxff")
-                  .out_of_range,
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 xffx4cx00x00 xffxa6x00x00 xffx4cx00x00"),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 x00xb3xffxff x00x5ax00x00 x00xb3xffxff"),
+              "");
+    constexpr char all[] = "yaw_rotation, pitch_rotation, roll_rotation";
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 xffx4bxffxff xffxa5xffxff xffx4bxffxff"),
               all);
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
-                  "0 0 000000 x00xb4x00x00 x00x5ax00x01 x00xb4x00x00")
-                  .out_of_range,
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 x00xb4x00x00 x00x5ax00x01 x00xb4x00x00"),
               all);
 }
 

@@ -53,7 +53,7 @@ TEST(H265NalSeiSubBitstreamProperty, HasNoMoreStreamsThanTheDataHolds) {
               "num_additional_sub_streams_minus1 at bit 20 is 1; allowed: 0");
 }
 
-TEST(H265NalSeiSubBitstreamProperty, IsReadByItself) {
+TEST(H265NalSeiSubBitstreamProperty, IsParsedAlone) {
     const auto parsed = test::parsed_alone<h265_nal_sei_sub_bitstream_property>(
         "1010 010 01 011 110 x80x01 xc0x00 11 1 000 x00x07 x00x08");
     EXPECT_EQ(parsed.element_count, 12U);
