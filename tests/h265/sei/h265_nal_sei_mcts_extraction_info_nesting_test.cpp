@@ -1,9 +1,5 @@
 #include <kovran/h265/sei/h265_nal_sei_mcts_extraction_info_nesting.h>
 
-#include <kovran/h265/sei/h265_nal_sei_alternative_transfer_characteristics.h>
-#include <kovran/h265/sei/h265_nal_sei_content_light_level_info.h>
-
-#include <variant>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -37,11 +33,7 @@ TEST(H265NalSeiMctsExtractionInfoNesting, AppliesToTileSets) {
         {}, test::payload_end::takes_all);
     EXPECT_FALSE(nesting.all_mcts_flag);
     EXPECT_EQ(nesting.idx_of_associated_mcts, (std::vector<unsigned int>{0, 2}));
-    ASSERT_EQ(nesting.sei_message.size(), 2U);
-    EXPECT_TRUE(std::holds_alternative<h265_nal_sei_content_light_level_info>(
-        nesting.sei_message[0].payload));
-    EXPECT_TRUE(std::holds_alternative<h265_nal_sei_alternative_transfer_characteristics>(
-        nesting.sei_message[1].payload));
+    EXPECT_EQ(nesting.sei_message.size(), 2U);
 }
 
 TEST(H265NalSeiMctsExtractionInfoNesting, AppliesToAllTileSets) {

@@ -1,6 +1,8 @@
 // What the messages that nest others have in common.
 #include <kovran/h265/h265_fault.h>
+#include <kovran/h265/sei/h265_nal_sei_alternative_transfer_characteristics.h>
 #include <kovran/h265/sei/h265_nal_sei_bsp_nesting.h>
+#include <kovran/h265/sei/h265_nal_sei_content_light_level_info.h>
 #include <kovran/h265/sei/h265_nal_sei_mcts_extraction_info_nesting.h>
 #include <kovran/h265/sei/h265_nal_sei_message.h>
 #include <kovran/h265/sei/h265_nal_sei_regional_nesting.h>
@@ -84,8 +86,13 @@ TYPED_TEST(NestedMessages, AreReadByThemselves) {
     const auto parsed =
         test::parsed_alone<TypeParam>(nest_sample<TypeParam>::bits, stores.vps, stores.sps);
     EXPECT_EQ(parsed.element_count, nest_sample<TypeParam>::element_count);
-    EXPECT_EQ(parsed.record.sei_message.size(), 2U);
-    EXPECT_EQ(parsed.untraced.sei_message.size(), 2U);
+    for (const TypeParam* const nest : {&parsed.record, &parsed.untraced}) {
+        ASSERT_EQ(nest->sei_message.size(), 2U);
+        EXPECT_TRUE(std::holds_alternative<h265_nal_sei_alternative_transfer_characteristics>(
+            nest->sei_message[0].payload));
+        EXPECT_TRUE(std::holds_alternative<h265_nal_sei_content_light_level_info>(
+            nest->sei_message[1].payload));
+    }
 }
 
 TYPED_TEST(NestedMessages, AreGoneWhenTheirNestCannotBeRead) {
