@@ -30,7 +30,8 @@ std::vector<unsigned char> bytes_of(std::string_view bits);
 std::vector<unsigned char> message_of(unsigned int payload_type,
                                       const std::vector<unsigned char>& payload);
 
-// Whether extension data can follow the last element, or the syntax takes all bytes that there are.
+// Whether all elements must be there and extension data can follow the last one, or the syntax
+// takes the bytes that there are, as texts of any length and messages within a message do.
 enum class payload_end { extensible, takes_all };
 
 // What reading a message gives.

@@ -70,6 +70,7 @@ struct nest_sample<h265_nal_sei_scalable_nesting> {
 };
 
 template <class Nest>
+// NOLINTNEXTLINE(readability-identifier-naming): the name of a suite
 class NestedMessages : public testing::Test {};
 
 using nests = testing::Types<h265_nal_sei_bsp_nesting, h265_nal_sei_mcts_extraction_info_nesting,
