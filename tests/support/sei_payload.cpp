@@ -191,6 +191,7 @@ sei_reading read_payload(unsigned int payload_type, const std::vector<unsigned c
     EXPECT_EQ(reading.message.payload_type, payload_type);
     EXPECT_EQ(reading.message.payload_size, payload.size());
     EXPECT_EQ(reading.message.valid, reading.read);
+    EXPECT_TRUE(reading.read || reading.fault.kind != h265_fault_kind::none);
 
     h265_nal_sei_message untraced;
     EXPECT_EQ(untraced.parse_standard(reader_of(unit), stores.vps, stores.sps), reading.read);

@@ -30,7 +30,8 @@ std::vector<unsigned char> bytes_of(std::string_view bits);
 std::vector<unsigned char> message_of(unsigned int payload_type,
                                       const std::vector<unsigned char>& payload);
 
-// Whether extension data can follow the last element, or the syntax takes all bytes that there are.
+// Whether all elements must be there and extension data can follow the last one, or the syntax
+// takes the bytes that there are, as texts of any length and messages within a message do.
 enum class payload_end { extensible, takes_all };
 
 // What reading a message gives.
@@ -43,7 +44,8 @@ struct sei_reading {
     std::string elements;
 };
 
-// Reads the payload and, without a trace or a fault, once more, with the same outcome.
+// Reads the payload and, without a trace or a fault, once more, with the same outcome. What cannot
+// be read has a fault.
 sei_reading read_payload(unsigned int payload_type, const std::vector<unsigned char>& payload,
                          const sei_stores& stores = {});
 

@@ -1,11 +1,9 @@
 #include <kovran/h265/sei/h265_nal_sei_alpha_channel_info.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -51,24 +49,12 @@ TEST(H265NalSeiAlphaChannelInfo, EndsAnEarlierOne) {
     EXPECT_TRUE(alpha.alpha_channel_cancel_flag);
 }
 
-TEST(H265NalSeiAlphaChannelInfo, IsReadByItself) {
-    const auto payload = test::bytes_of("0 101 111 x80x00 xffxff 1 1 1");
-    h265_nal_sei_alpha_channel_info record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.alpha_opaque_value, 0xFFFF);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 8U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.alpha_opaque_value, 0xFFFF);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiAlphaChannelInfo, IsParsedAlone) {
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_alpha_channel_info>("0 101 111 x80x00 xffxff 1 1 1");
+    EXPECT_EQ(parsed.element_count, 8U);
+    EXPECT_EQ(parsed.record.alpha_opaque_value, 0xFFFF);
+    EXPECT_EQ(parsed.untraced.alpha_opaque_value, 0xFFFF);
 }
 
 }  // namespace

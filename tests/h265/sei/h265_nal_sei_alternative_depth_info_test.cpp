@@ -35,8 +35,7 @@ TEST(H265NalSeiAlternativeDepthInfo, HasAWarpMapOfASize) {
         "max_offset_y_frac 255\n"
         "warp_map_size_present_flag 1\n"
         "warp_map_width_minus2 4\n"
-        "warp_map_height_minus2 0\n",
-        {}, test::payload_end::takes_all);
+        "warp_map_height_minus2 0\n");
     EXPECT_EQ(info.depth_type, 1);
     EXPECT_EQ(info.min_offset_x_int, -3);
     EXPECT_EQ(info.min_offset_x_frac, 152);
@@ -202,8 +201,7 @@ TEST(H265NalSeiAlternativeDepthInfo, HasGlobalViewAndDepthWithoutValues) {
         "z_gvd_flag 0\n"
         "intrinsic_param_gvd_flag 0\n"
         "rotation_gvd_flag 0\n"
-        "translation_gvd_flag 0\n",
-        {}, test::payload_end::takes_all);
+        "translation_gvd_flag 0\n");
     EXPECT_TRUE(info.gvd_z.empty() && info.gvd_intrinsic_params.empty());
     EXPECT_TRUE(info.gvd_r.empty() && info.gvd_t_x.empty());
 }

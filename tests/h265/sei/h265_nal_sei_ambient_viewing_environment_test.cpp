@@ -1,13 +1,7 @@
 #include <kovran/h265/sei/h265_nal_sei_ambient_viewing_environment.h>
 
-#include <kovran/h265/h265_trace.h>
-
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
@@ -25,47 +19,30 @@ TEST(H265NalSeiAmbientViewingEnvironment, HasALight) {
     EXPECT_EQ(ambient.ambient_light_y, 0x9000);
 }
 
-TEST(H265NalSeiAmbientViewingEnvironment, IsReadByItself) {
-    const auto payload = test::bytes_of("x80x00x00x01 x3dx13 x90x00");
-    h265_nal_sei_ambient_viewing_environment record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.ambient_light_x, 15635);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 3U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.ambient_light_x, 15635);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiAmbientViewingEnvironment, IsParsedAlone) {
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_ambient_viewing_environment>("x80x00x00x01 x3dx13 x90x00");
+    EXPECT_EQ(parsed.element_count, 3U);
+    EXPECT_EQ(parsed.record.ambient_light_x, 15635);
+    EXPECT_EQ(parsed.untraced.ambient_light_x, 15635);
 }
 
 TEST(H265NalSeiAmbientViewingEnvironment, IsNeverDark) {
-    h265_nal_sei_ambient_viewing_environment ambient;
-    h265_trace trace;
-    test::rbsp least(test::bytes_of("x00x00x00x01 x00x00 x00x00"));
-    EXPECT_TRUE(ambient.parse_standard(least.reader, trace));
-    EXPECT_FALSE(trace.elements.front().out_of_range);
-
-    test::rbsp none(test::bytes_of("x00x00x00x00 x00x00 x00x00"));
-    EXPECT_TRUE(ambient.parse_standard(none.reader, trace));
-    EXPECT_TRUE(trace.elements.front().out_of_range);
+    EXPECT_EQ(
+        test::out_of_range<h265_nal_sei_ambient_viewing_environment>("x00x00x00x01 x00x00 x00x00"),
+        "");
+    EXPECT_EQ(
+        test::out_of_range<h265_nal_sei_ambient_viewing_environment>("x00x00x00x00 x00x00 x00x00"),
+        "ambient_illuminance");
 }
 
 TEST(H265NalSeiAmbientViewingEnvironment, HasCoordinatesUpTo1) {
     EXPECT_EQ(
-        test::parsed_alone<h265_nal_sei_ambient_viewing_environment>("x00x00x00x01 xc3x50 xc3x50")
-            .out_of_range,
-        std::vector<std::string>{});
+        test::out_of_range<h265_nal_sei_ambient_viewing_environment>("x00x00x00x01 xc3x50 xc3x50"),
+        "");
     EXPECT_EQ(
-        test::parsed_alone<h265_nal_sei_ambient_viewing_environment>("x00x00x00x01 xc3x51 xc3x51")
-            .out_of_range,
-        (std::vector<std::string>{"ambient_light_x", "ambient_light_y"}));
+        test::out_of_range<h265_nal_sei_ambient_viewing_environment>("x00x00x00x01 xc3x51 xc3x51"),
+        "ambient_light_x, ambient_light_y");
 }
 
 }  // namespace

@@ -129,8 +129,7 @@ TEST(H265NalSeiAnnotatedRegions, HasABoxAlone) {
         "ar_bounding_box_top[0] 1\n"
         "ar_bounding_box_left[0] 2\n"
         "ar_bounding_box_width[0] 3\n"
-        "ar_bounding_box_height[0] 4\n",
-        {}, test::payload_end::takes_all);
+        "ar_bounding_box_height[0] 4\n");
     EXPECT_TRUE(regions.ar_true_motion_flag);
     EXPECT_TRUE(regions.label_updates.empty());
     ASSERT_EQ(regions.object_updates.size(), 1U);
@@ -186,8 +185,7 @@ TEST(H265NalSeiAnnotatedRegions, HasIndicesUpTo255) {
     EXPECT_TRUE(most.out_of_range.empty());
     const auto more = test::parsed_alone<h265_nal_sei_annotated_regions>(
         "0 0 0 0 0 1 0 0 010 00000000100000001 1 010 00000000100000001 0 1 00000000100000001 0");
-    EXPECT_EQ(more.out_of_range, (std::vector<std::string>{"ar_label_idx[0]", "ar_object_idx[0]",
-                                                           "ar_object_label_idx[256]"}));
+    EXPECT_EQ(more.out_of_range, "ar_label_idx[0], ar_object_idx[0], ar_object_label_idx[256]");
 }
 
 }  // namespace

@@ -51,13 +51,30 @@ TEST(H265NalSeiChromaResamplingFilterHint, MayHaveVerticalFiltersAlone) {
 
 TEST(H265NalSeiChromaResamplingFilterHint, MayHaveHorizontalFiltersAlone) {
     const auto hint = test::record_of<h265_nal_sei_chroma_resampling_filter_hint>(  //
+        "x02 x01 0 00100  010 011 00110 1 010",                                     //
+        "ver_chroma_filter_idc 2\n"
+        "hor_chroma_filter_idc 1\n"
+        "ver_filtering_field_processing_flag 0\n"
+        "target_format_idc 3\n"
+        "num_horizontal_filters 1\n"
+        "hor_tap_length_minus1[0] 2\n"
+        "hor_filter_coeff[0][0] 3\n"
+        "hor_filter_coeff[0][1] 0\n"
+        "hor_filter_coeff[0][2] 1\n");
+    EXPECT_EQ(hint.target_format_idc, 3U);
+    EXPECT_TRUE(hint.vertical_filters.empty());
+    ASSERT_EQ(hint.horizontal_filters.size(), 1U);
+    EXPECT_EQ(hint.horizontal_filters[0].hor_filter_coeff, (std::vector<int>{3, 0, 1}));
+}
+
+TEST(H265NalSeiChromaResamplingFilterHint, MayCountNoFilters) {
+    const auto hint = test::record_of<h265_nal_sei_chroma_resampling_filter_hint>(  //
         "x02 x01 0 00100  1",                                                       //
         "ver_chroma_filter_idc 2\n"
         "hor_chroma_filter_idc 1\n"
         "ver_filtering_field_processing_flag 0\n"
         "target_format_idc 3\n"
         "num_horizontal_filters 0\n");
-    EXPECT_EQ(hint.target_format_idc, 3U);
     EXPECT_TRUE(hint.horizontal_filters.empty());
 }
 

@@ -1,26 +1,25 @@
 #include <kovran/h265/sei/h265_nal_sei_colour_remapping_info.h>
 
-#include <kovran/h265/h265_trace.h>
-
-#include <cstddef>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
 
+constexpr char colour_remapping_info_bits[] =
+    "011 0 1 1 1 x09 x10 x00 x08 x0a x01 x10 x00x00 xeb x03xff x00 x00 1 1010 "
+    "00000000000100000000000 1 00111 010 00100 00101 1 0001110 "
+    "00000000000100000000001 x00 x02 x00x00 x00x01 x02x00 x02x58 x03xff x03xe8 "
+    "x00";
+
 TEST(H265NalSeiColourRemappingInfo, HasTablesAndAMatrix) {
     const auto remap = test::record_of<h265_nal_sei_colour_remapping_info>(
-        "011 0 1 1 1 x09 x10 x00 x08 x0a x01 x10 x00x00 xeb x03xff x00 x00 1 1010 "
-        "00000000000100000000000 1 00111 010 00100 00101 1 0001110 "
-        "00000000000100000000001 x00 x02 x00x00 x00x01 x02x00 x02x58 x03xff x03xe8 "
-        "x00",
+        colour_remapping_info_bits,
         "colour_remap_id 2\n"
         "colour_remap_cancel_flag 0\n"
         "colour_remap_persistence_flag 1\n"
@@ -273,28 +272,9 @@ TEST(H265NalSeiColourRemappingInfo, HasUpTo33Values) {
         "post_lut_coded_value[2][31] 31\n"
         "post_lut_target_value[2][31] 224\n"
         "post_lut_coded_value[2][32] 32\n"
-        "post_lut_target_value[2][32] 223\n",
-        {}, test::payload_end::takes_all);
+        "post_lut_target_value[2][32] 223\n");
     EXPECT_EQ(remap.pre_lut_target_value[0].back(), 64U);
     EXPECT_EQ(remap.post_lut_target_value[2].back(), 223U);
-}
-
-TEST(H265NalSeiColourRemappingInfo, EndsNowhereElse) {
-    const std::vector<unsigned char> whole = test::bytes_of(
-        "011 0 1 0 x08 x08 x20 x00 x00 x01 x02 x02 x04 x03 x06 x04 x08 x05 x0a x06 "
-        "x0c x07 x0e x08 x10 x09 x12 x0a x14 x0b x16 x0c x18 x0d x1a x0e x1c x0f x1e "
-        "x10 x20 x11 x22 x12 x24 x13 x26 x14 x28 x15 x2a x16 x2c x17 x2e x18 x30 x19 "
-        "x32 x1a x34 x1b x36 x1c x38 x1d x3a x1e x3c x1f x3e x20 x40 x00 x00 0 x00 "
-        "x00 x20 x00 xff x01 xfe x02 xfd x03 xfc x04 xfb x05 xfa x06 xf9 x07 xf8 x08 "
-        "xf7 x09 xf6 x0a xf5 x0b xf4 x0c xf3 x0d xf2 x0e xf1 x0f xf0 x10 xef x11 xee "
-        "x12 xed x13 xec x14 xeb x15 xea x16 xe9 x17 xe8 x18 xe7 x19 xe6 x1a xe5 x1b "
-        "xe4 x1c xe3 x1d xe2 x1e xe1 x1f xe0 x20 xdf");
-    for (std::size_t size = 75; size < whole.size(); ++size) {
-        const std::vector<unsigned char> first(whole.data(), whole.data() + size);
-        EXPECT_FALSE(
-            test::read_payload(h265_nal_sei_colour_remapping_info::payload_type, first).read)
-            << size;
-    }
 }
 
 TEST(H265NalSeiColourRemappingInfo, HasNoMoreThan33Values) {
@@ -309,43 +289,25 @@ TEST(H265NalSeiColourRemappingInfo, HasNoMoreThan33ValuesBehindTheMatrix) {
               "post_lut_num_val_minus1[1] at bit 71 is 33; allowed: 0 to 32");
 }
 
-TEST(H265NalSeiColourRemappingInfo, IsReadByItself) {
-    const auto payload = test::bytes_of(
-        "011 0 1 1 1 x09 x10 x00 x08 x0a x01 x10 x00x00 xeb x03xff x00 x00 1 1010 "
-        "00000000000100000000000 1 00111 010 00100 00101 1 0001110 "
-        "00000000000100000000001 x00 x02 x00x00 x00x01 x02x00 x02x58 x03xff x03xe8 "
-        "x00");
-    h265_nal_sei_colour_remapping_info record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.post_lut_coded_value[1].size(), 3U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 37U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.post_lut_coded_value[1].size(), 3U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiColourRemappingInfo, IsParsedAlone) {
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_colour_remapping_info>(colour_remapping_info_bits);
+    EXPECT_EQ(parsed.element_count, 37U);
+    EXPECT_EQ(parsed.record.post_lut_coded_value[1].size(), 3U);
+    EXPECT_EQ(parsed.untraced.post_lut_coded_value[1].size(), 3U);
 }
 
 TEST(H265NalSeiColourRemappingInfo, HasCoefficientsOf16Bits) {
     const std::string begin = "1 0 0 0 x08 x08 x00x00x00 1 0000";
     const std::string end = "1111111 x00x00x00";
     EXPECT_EQ(
-        test::parsed_alone<h265_nal_sei_colour_remapping_info>(
-            begin + "0000000000000000 10000000000000001 000000000000000 1111111111111110" + end)
-            .out_of_range,
-        std::vector<std::string>{});
+        test::out_of_range<h265_nal_sei_colour_remapping_info>(
+            begin + "0000000000000000 10000000000000001 000000000000000 1111111111111110" + end),
+        "");
     EXPECT_EQ(
-        test::parsed_alone<h265_nal_sei_colour_remapping_info>(
-            begin + "0000000000000000 10000000000000011 0000000000000000 10000000000000000" + end)
-            .out_of_range,
-        (std::vector<std::string>{"colour_remap_coeffs[0][0]", "colour_remap_coeffs[0][1]"}));
+        test::out_of_range<h265_nal_sei_colour_remapping_info>(
+            begin + "0000000000000000 10000000000000011 0000000000000000 10000000000000000" + end),
+        "colour_remap_coeffs[0][0], colour_remap_coeffs[0][1]");
 }
 
 TEST(H265NalSeiColourRemappingInfo, HasOutputOfUpTo32Bits) {

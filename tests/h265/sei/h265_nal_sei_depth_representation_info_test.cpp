@@ -1,7 +1,6 @@
 #include <kovran/h265/sei/h265_nal_sei_depth_representation_info.h>
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -120,7 +119,7 @@ TEST(H265NalSeiDepthRepresentationInfo, HasTypesUpTo3) {
     EXPECT_EQ(nonlinear.record.depth_nonlinear_representation_model.size(), 2U);
     const auto reserved =
         test::parsed_alone<h265_nal_sei_depth_representation_info>("0 0 0 0 00101");
-    EXPECT_EQ(reserved.out_of_range, (std::vector<std::string>{"depth_representation_type"}));
+    EXPECT_EQ(reserved.out_of_range, "depth_representation_type");
 }
 
 TEST(H265NalSeiDepthRepresentationInfo, HasAModelThatTheDataHolds) {

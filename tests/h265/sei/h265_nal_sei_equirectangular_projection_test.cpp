@@ -1,14 +1,9 @@
 #include <kovran/h265/sei/h265_nal_sei_equirectangular_projection.h>
 
-#include <kovran/h265/h265_trace.h>
-
-#include <cstddef>
-#include <vector>
-
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -22,22 +17,11 @@ TEST(H265NalSeiEquirectangularProjection, HasGuardBands) {
                                                                  "erp_reserved_zero_2bits 2\n"
                                                                  "erp_guard_band_type 5\n"
                                                                  "erp_left_guard_band_width 130\n"
-                                                                 "erp_right_guard_band_width 7\n",
-                                                                 {}, test::payload_end::takes_all);
+                                                                 "erp_right_guard_band_width 7\n");
     EXPECT_TRUE(projection.erp_persistence_flag);
     EXPECT_EQ(projection.erp_guard_band_type, 5);
     EXPECT_EQ(projection.erp_left_guard_band_width, 130);
     EXPECT_EQ(projection.erp_right_guard_band_width, 7);
-}
-
-TEST(H265NalSeiEquirectangularProjection, EndsNowhereElse) {
-    const std::vector<unsigned char> whole = test::bytes_of("0 1 1 10 101 x82 x07");
-    for (std::size_t size = 1; size < whole.size(); ++size) {
-        const std::vector<unsigned char> first(whole.data(), whole.data() + size);
-        EXPECT_FALSE(
-            test::read_payload(h265_nal_sei_equirectangular_projection::payload_type, first).read)
-            << size;
-    }
 }
 
 TEST(H265NalSeiEquirectangularProjection, HasNoGuardBands) {
@@ -56,24 +40,12 @@ TEST(H265NalSeiEquirectangularProjection, EndsAnEarlierOne) {
     EXPECT_TRUE(projection.erp_cancel_flag);
 }
 
-TEST(H265NalSeiEquirectangularProjection, IsReadByItself) {
-    const auto payload = test::bytes_of("0 1 1 10 101 x82 x07");
-    h265_nal_sei_equirectangular_projection record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.erp_left_guard_band_width, 130);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 7U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.erp_left_guard_band_width, 130);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiEquirectangularProjection, IsParsedAlone) {
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_equirectangular_projection>("0 1 1 10 101 x82 x07");
+    EXPECT_EQ(parsed.element_count, 7U);
+    EXPECT_EQ(parsed.record.erp_left_guard_band_width, 130);
+    EXPECT_EQ(parsed.untraced.erp_left_guard_band_width, 130);
 }
 
 }  // namespace

@@ -107,8 +107,10 @@ TEST(H265NalSeiFilmGrainCharacteristics, HasAsManyIntervalsAsTheDataHolds) {
     for (int i = 0; i < 16; ++i) {
         bits += "x00 xff 1";
     }
-    const std::vector<unsigned char> payload = test::bytes_of(bits + "1");
-    EXPECT_TRUE(test::read_payload(19, payload).read);
+    const auto grain =
+        test::parsed_alone<h265_nal_sei_film_grain_characteristics>(bits + "1").record;
+    EXPECT_EQ(grain.components[0].intensity_intervals.size(), 16U);
+    EXPECT_TRUE(grain.film_grain_characteristics_persistence_flag);
 }
 
 // Streams have this message with every picture.

@@ -1,29 +1,28 @@
 #include <kovran/h265/sei/h265_nal_sei_fisheye_video_info.h>
 
-#include <kovran/h265/h265_trace.h>
-
-#include <cstddef>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
 
+constexpr char fisheye_video_info_bits[] =
+    "0 1 101 001 x01 x00x00x03xe8 x00x00x03xe9 x00x00x03xea x00x00x03xeb "
+    "x00x00x03xec x00x00x03xed x00x00x03xee x00x00x03xef xffxffxfcx10 "
+    "xffxffxfcx0f xffxffxfcx0e x00x00x03xf3 x00x00x03xf4 x00x00x03xf5 "
+    "x00x00x03xf6 x00x00 x7fxffxffxec x7fxffxffxed x7fxffxffxee x7fxffxffxef "
+    "x7fxffxffxf0 x7fxffxffxf1 x7fxffxffxf2 x7fxffxffxf3 x80x00x00x0c "
+    "x80x00x00x0b x80x00x00x0a x7fxffxffxf7 x7fxffxffxf8 x7fxffxffxf9 "
+    "x7fxffxffxfa x00x03 xffxffxffxff x7fxffxffxff x80x00x00x00";
+
 TEST(H265NalSeiFisheyeVideoInfo, HasTwoLenses) {
     const auto video = test::record_of<h265_nal_sei_fisheye_video_info>(
-        "0 1 101 001 x01 x00x00x03xe8 x00x00x03xe9 x00x00x03xea x00x00x03xeb "
-        "x00x00x03xec x00x00x03xed x00x00x03xee x00x00x03xef xffxffxfcx10 "
-        "xffxffxfcx0f xffxffxfcx0e x00x00x03xf3 x00x00x03xf4 x00x00x03xf5 "
-        "x00x00x03xf6 x00x00 x7fxffxffxec x7fxffxffxed x7fxffxffxee x7fxffxffxef "
-        "x7fxffxffxf0 x7fxffxffxf1 x7fxffxffxf2 x7fxffxffxf3 x80x00x00x0c "
-        "x80x00x00x0b x80x00x00x0a x7fxffxffxf7 x7fxffxffxf8 x7fxffxffxf9 "
-        "x7fxffxffxfa x00x03 xffxffxffxff x7fxffxffxff x80x00x00x00",
+        fisheye_video_info_bits,
         "fisheye_cancel_flag 0\n"
         "fisheye_persistence_flag 1\n"
         "fisheye_view_dimension_idc 5\n"
@@ -63,8 +62,7 @@ TEST(H265NalSeiFisheyeVideoInfo, HasTwoLenses) {
         "fisheye_num_polynomial_coeffs[1] 3\n"
         "fisheye_polynomial_coeff[1][0] -1\n"
         "fisheye_polynomial_coeff[1][1] 2147483647\n"
-        "fisheye_polynomial_coeff[1][2] -2147483648\n",
-        {}, test::payload_end::takes_all);
+        "fisheye_polynomial_coeff[1][2] -2147483648\n");
     EXPECT_TRUE(video.fisheye_persistence_flag);
     EXPECT_EQ(video.fisheye_view_dimension_idc, 5);
     ASSERT_EQ(video.active_areas.size(), 2U);
@@ -87,22 +85,6 @@ TEST(H265NalSeiFisheyeVideoInfo, HasTwoLenses) {
     EXPECT_TRUE(first.fisheye_polynomial_coeff.empty());
     EXPECT_EQ(video.active_areas[1].fisheye_polynomial_coeff,
               (std::vector<int>{-1, 2147483647, -2147483647 - 1}));
-}
-
-TEST(H265NalSeiFisheyeVideoInfo, EndsNowhereElse) {
-    const std::vector<unsigned char> whole = test::bytes_of(
-        "0 1 101 001 x01 x00x00x03xe8 x00x00x03xe9 x00x00x03xea x00x00x03xeb "
-        "x00x00x03xec x00x00x03xed x00x00x03xee x00x00x03xef xffxffxfcx10 "
-        "xffxffxfcx0f xffxffxfcx0e x00x00x03xf3 x00x00x03xf4 x00x00x03xf5 "
-        "x00x00x03xf6 x00x00 x7fxffxffxec x7fxffxffxed x7fxffxffxee x7fxffxffxef "
-        "x7fxffxffxf0 x7fxffxffxf1 x7fxffxffxf2 x7fxffxffxf3 x80x00x00x0c "
-        "x80x00x00x0b x80x00x00x0a x7fxffxffxf7 x7fxffxffxf8 x7fxffxffxf9 "
-        "x7fxffxffxfa x00x03 xffxffxffxff x7fxffxffxff x80x00x00x00");
-    for (std::size_t size = 126; size < whole.size(); ++size) {
-        const std::vector<unsigned char> first(whole.data(), whole.data() + size);
-        EXPECT_FALSE(test::read_payload(h265_nal_sei_fisheye_video_info::payload_type, first).read)
-            << size;
-    }
 }
 
 TEST(H265NalSeiFisheyeVideoInfo, HasALensWithoutPolynomial) {
@@ -165,57 +147,32 @@ TEST(H265NalSeiFisheyeVideoInfo, HasNoMoreCoefficientsThanTheDataHolds) {
         "fisheye_num_polynomial_coeffs[0] at bit 512 is 2; allowed: 0 to 1");
 }
 
-TEST(H265NalSeiFisheyeVideoInfo, IsReadByItself) {
-    const auto payload = test::bytes_of(
-        "0 1 101 001 x01 x00x00x03xe8 x00x00x03xe9 x00x00x03xea x00x00x03xeb "
-        "x00x00x03xec x00x00x03xed x00x00x03xee x00x00x03xef xffxffxfcx10 "
-        "xffxffxfcx0f xffxffxfcx0e x00x00x03xf3 x00x00x03xf4 x00x00x03xf5 "
-        "x00x00x03xf6 x00x00 x7fxffxffxec x7fxffxffxed x7fxffxffxee x7fxffxffxef "
-        "x7fxffxffxf0 x7fxffxffxf1 x7fxffxffxf2 x7fxffxffxf3 x80x00x00x0c "
-        "x80x00x00x0b x80x00x00x0a x7fxffxffxf7 x7fxffxffxf8 x7fxffxffxf9 "
-        "x7fxffxffxfa x00x03 xffxffxffxff x7fxffxffxff x80x00x00x00");
-    h265_nal_sei_fisheye_video_info record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.active_areas.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 40U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.active_areas.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiFisheyeVideoInfo, IsParsedAlone) {
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_fisheye_video_info>(fisheye_video_info_bits);
+    EXPECT_EQ(parsed.element_count, 40U);
+    EXPECT_EQ(parsed.record.active_areas.size(), 2U);
+    EXPECT_EQ(parsed.untraced.active_areas.size(), 2U);
 }
 
 TEST(H265NalSeiFisheyeVideoInfo, HasCamerasThatTurnOnceAround) {
     const std::string begin = "0 0 000 000 x00" + std::string(256, '0');
     const std::string offset(96, '0');
     const std::string end = "x00x00";
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
-                  begin + "xffx4cx00x00 xffxa6x00x00 xffx4cx00x00" + offset + "x00x00x00x00" + end)
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
-                  begin + "x00xb3xffxff x00x5ax00x00 x00xb3xffxff" + offset + "x01x68x00x00" + end)
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
-                  begin + "xffx4bxffxff xffxa5xffxff xffx4bxffxff" + offset + "x00x00x00x00" + end)
-                  .out_of_range,
-              (std::vector<std::string>{"fisheye_camera_centre_azimuth[0]",
-                                        "fisheye_camera_centre_elevation[0]",
-                                        "fisheye_camera_centre_tilt[0]"}));
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_fisheye_video_info>(
-                  begin + "x00xb4x00x00 x00x5ax00x01 x00xb4x00x00" + offset + "x01x68x00x01" + end)
-                  .out_of_range,
-              (std::vector<std::string>{
-                  "fisheye_camera_centre_azimuth[0]", "fisheye_camera_centre_elevation[0]",
-                  "fisheye_camera_centre_tilt[0]", "fisheye_field_of_view[0]"}));
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_fisheye_video_info>(
+                  begin + "xffx4cx00x00 xffxa6x00x00 xffx4cx00x00" + offset + "x00x00x00x00" + end),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_fisheye_video_info>(
+                  begin + "x00xb3xffxff x00x5ax00x00 x00xb3xffxff" + offset + "x01x68x00x00" + end),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_fisheye_video_info>(
+                  begin + "xffx4bxffxff xffxa5xffxff xffx4bxffxff" + offset + "x00x00x00x00" + end),
+              "fisheye_camera_centre_azimuth[0], fisheye_camera_centre_elevation[0], "
+              "fisheye_camera_centre_tilt[0]");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_fisheye_video_info>(
+                  begin + "x00xb4x00x00 x00x5ax00x01 x00xb4x00x00" + offset + "x01x68x00x01" + end),
+              "fisheye_camera_centre_azimuth[0], fisheye_camera_centre_elevation[0], "
+              "fisheye_camera_centre_tilt[0], fisheye_field_of_view[0]");
 }
 
 }  // namespace

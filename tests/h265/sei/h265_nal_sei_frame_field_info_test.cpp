@@ -1,8 +1,5 @@
 #include <kovran/h265/sei/h265_nal_sei_frame_field_info.h>
 
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "support/sei_payload.h"
@@ -22,11 +19,9 @@ TEST(H265NalSeiFrameFieldInfo, IsThatOfAField) {
 }
 
 TEST(H265NalSeiFrameFieldInfo, HasReservedValues) {
-    EXPECT_TRUE(
-        test::parsed_alone<h265_nal_sei_frame_field_info>("1100 10 0").out_of_range.empty());
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_frame_field_info>("1100 10 0"), "");
     const auto reserved = test::parsed_alone<h265_nal_sei_frame_field_info>("1101 11 0");
-    EXPECT_EQ(reserved.out_of_range,
-              (std::vector<std::string>{"ffinfo_pic_struct", "ffinfo_source_scan_type"}));
+    EXPECT_EQ(reserved.out_of_range, "ffinfo_pic_struct, ffinfo_source_scan_type");
     EXPECT_EQ(reserved.record.ffinfo_pic_struct, 13);
     EXPECT_EQ(reserved.record.ffinfo_source_scan_type, 3);
     EXPECT_FALSE(reserved.record.ffinfo_duplicate_flag);

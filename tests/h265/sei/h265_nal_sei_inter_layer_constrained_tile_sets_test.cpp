@@ -1,14 +1,12 @@
 #include <kovran/h265/sei/h265_nal_sei_inter_layer_constrained_tile_sets.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -108,25 +106,12 @@ TEST(H265NalSeiInterLayerConstrainedTileSets, HasNoMoreRectanglesThanTheDataHold
               "il_num_tile_rects_in_set_minus1[0] at bit 20 is 4; allowed: 0 to 2");
 }
 
-TEST(H265NalSeiInterLayerConstrainedTileSets, IsReadByItself) {
-    const auto payload = test::bytes_of(
+TEST(H265NalSeiInterLayerConstrainedTileSets, IsParsedAlone) {
+    const auto parsed = test::parsed_alone<h265_nal_sei_inter_layer_constrained_tile_sets>(
         "0 0 011 1 0001000 010 1 00100 00110 0001010 10 1 1 1 0001101 000011111 01 0");
-    h265_nal_sei_inter_layer_constrained_tile_sets record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.tile_sets.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 18U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.tile_sets.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    EXPECT_EQ(parsed.element_count, 18U);
+    EXPECT_EQ(parsed.record.tile_sets.size(), 2U);
+    EXPECT_EQ(parsed.untraced.tile_sets.size(), 2U);
 }
 
 TEST(H265NalSeiInterLayerConstrainedTileSets, HasAtMost256Sets) {

@@ -1,36 +1,36 @@
 #include <kovran/h265/sei/h265_nal_sei_knee_function_info.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <string>
 #include <variant>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
 
+constexpr char knee_function_info_bits[] =
+    "00110 0 1 x00x00x03xe8 x00x00x00x64 x00x00x0fxa0 x80x00x00x01 010 1001011000 "
+    "0011111010 1111101000 1111111111";
+
 TEST(H265NalSeiKneeFunctionInfo, HasPoints) {
-    const auto knee = test::record_of<h265_nal_sei_knee_function_info>(
-        "00110 0 1 x00x00x03xe8 x00x00x00x64 x00x00x0fxa0 x80x00x00x01 010 1001011000 "
-        "0011111010 1111101000 1111111111",
-        "knee_function_id 5\n"
-        "knee_function_cancel_flag 0\n"
-        "knee_function_persistence_flag 1\n"
-        "input_d_range 1000\n"
-        "input_disp_luminance 100\n"
-        "output_d_range 4000\n"
-        "output_disp_luminance 2147483649\n"
-        "num_knee_points_minus1 1\n"
-        "input_knee_point[0] 600\n"
-        "output_knee_point[0] 250\n"
-        "input_knee_point[1] 1000\n"
-        "output_knee_point[1] 1023\n");
+    const auto knee =
+        test::record_of<h265_nal_sei_knee_function_info>(knee_function_info_bits,
+                                                         "knee_function_id 5\n"
+                                                         "knee_function_cancel_flag 0\n"
+                                                         "knee_function_persistence_flag 1\n"
+                                                         "input_d_range 1000\n"
+                                                         "input_disp_luminance 100\n"
+                                                         "output_d_range 4000\n"
+                                                         "output_disp_luminance 2147483649\n"
+                                                         "num_knee_points_minus1 1\n"
+                                                         "input_knee_point[0] 600\n"
+                                                         "output_knee_point[0] 250\n"
+                                                         "input_knee_point[1] 1000\n"
+                                                         "output_knee_point[1] 1023\n");
     EXPECT_EQ(knee.knee_function_id, 5U);
     EXPECT_FALSE(knee.knee_function_cancel_flag);
     EXPECT_TRUE(knee.knee_function_persistence_flag);
@@ -80,39 +80,22 @@ TEST(H265NalSeiKneeFunctionInfo, HasNoMorePointsThanTheDataHolds) {
               "num_knee_points_minus1 at bit 151 is 2; allowed: 0 to 1");
 }
 
-TEST(H265NalSeiKneeFunctionInfo, IsReadByItself) {
-    const auto payload = test::bytes_of(
-        "00110 0 1 x00x00x03xe8 x00x00x00x64 x00x00x0fxa0 x80x00x00x01 010 1001011000 "
-        "0011111010 1111101000 1111111111");
-    h265_nal_sei_knee_function_info record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.input_knee_point.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 12U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.input_knee_point.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiKneeFunctionInfo, IsParsedAlone) {
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_knee_function_info>(knee_function_info_bits);
+    EXPECT_EQ(parsed.element_count, 12U);
+    EXPECT_EQ(parsed.record.input_knee_point.size(), 2U);
+    EXPECT_EQ(parsed.untraced.input_knee_point.size(), 2U);
 }
 
 TEST(H265NalSeiKneeFunctionInfo, HasPointsWithinTheDynamicRanges) {
     const std::string begin = "1 0 0" + std::string(128, '0');
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_knee_function_info>(
-                  begin + "010 0000000001 0000000000 1111100111 1111101000")
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_knee_function_info>(
-                  begin + "010 0000000000 0000000000 1111101000 1111101001")
-                  .out_of_range,
-              (std::vector<std::string>{"input_knee_point[0]", "input_knee_point[1]",
-                                        "output_knee_point[1]"}));
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_knee_function_info>(
+                  begin + "010 0000000001 0000000000 1111100111 1111101000"),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_knee_function_info>(
+                  begin + "010 0000000000 0000000000 1111101000 1111101001"),
+              "input_knee_point[0], input_knee_point[1], output_knee_point[1]");
 }
 
 }  // namespace

@@ -1,15 +1,14 @@
 #include <kovran/h265/sei/h265_nal_sei_layers_not_present.h>
 
-#include <kovran/h265/h265_trace.h>
-
+#include <array>
 #include <string>
 #include <variant>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -42,26 +41,17 @@ TEST(H265NalSeiLayersNotPresent, HasOneLayer) {
     EXPECT_EQ(layers.layer_not_present_flag, std::vector<bool>{false});
 }
 
-TEST(H265NalSeiLayersNotPresent, Has63LayersWhereTheVpsHas63) {
-    const std::string ones(63, '1');
-    const test::sei_reading reading =
-        test::read_payload(160, test::bytes_of("1001" + ones + "1"), layers_not_present_stores(62));
-    EXPECT_TRUE(reading.read);
-    const auto* const layers =
-        std::get_if<h265_nal_sei_layers_not_present>(&reading.message.payload);
-    ASSERT_NE(layers, nullptr);
-    EXPECT_EQ(layers->layer_not_present_flag, std::vector<bool>(63, true));
-}
-
-TEST(H265NalSeiLayersNotPresent, Has63LayersWhereTheVpsHas64) {
-    const std::string ones(63, '1');
-    const test::sei_reading reading =
-        test::read_payload(160, test::bytes_of("1001" + ones + "1"), layers_not_present_stores(63));
-    EXPECT_TRUE(reading.read);
-    const auto* const layers =
-        std::get_if<h265_nal_sei_layers_not_present>(&reading.message.payload);
-    ASSERT_NE(layers, nullptr);
-    EXPECT_EQ(layers->layer_not_present_flag, std::vector<bool>(63, true));
+TEST(H265NalSeiLayersNotPresent, HasAtMost63Layers) {
+    const std::vector<unsigned char> payload = test::bytes_of("1001" + std::string(63, '1') + "1");
+    for (const unsigned char vps_max_layers_minus1 : std::array<unsigned char, 2>{62, 63}) {
+        const test::sei_reading reading =
+            test::read_payload(160, payload, layers_not_present_stores(vps_max_layers_minus1));
+        EXPECT_TRUE(reading.read);
+        const auto* const layers =
+            std::get_if<h265_nal_sei_layers_not_present>(&reading.message.payload);
+        ASSERT_NE(layers, nullptr);
+        EXPECT_EQ(layers->layer_not_present_flag, std::vector<bool>(63, true));
+    }
 }
 
 TEST(H265NalSeiLayersNotPresent, NeedsItsVps) {
@@ -70,25 +60,13 @@ TEST(H265NalSeiLayersNotPresent, NeedsItsVps) {
               "VPS 8 is missing, needed by lnp_sei_active_vps_id at bit 16");
 }
 
-TEST(H265NalSeiLayersNotPresent, IsReadByItself) {
+TEST(H265NalSeiLayersNotPresent, IsParsedAlone) {
     const test::sei_stores stores = layers_not_present_stores(2);
-    const auto payload = test::bytes_of("1001 0 1 1");
-    h265_nal_sei_layers_not_present record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader, stores.vps));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.layer_not_present_flag.size(), 3U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, stores.vps, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 4U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.layer_not_present_flag.size(), 3U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, stores.vps, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_layers_not_present>("1001 0 1 1", stores.vps);
+    EXPECT_EQ(parsed.element_count, 4U);
+    EXPECT_EQ(parsed.record.layer_not_present_flag.size(), 3U);
+    EXPECT_EQ(parsed.untraced.layer_not_present_flag.size(), 3U);
 }
 
 }  // namespace

@@ -1,14 +1,12 @@
 #include <kovran/h265/sei/h265_nal_sei_mcts_extraction_info_sets.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <variant>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -219,24 +217,12 @@ TEST(H265NalSeiMctsExtractionInfoSets, HasNoMoreBytesThanTheDataHolds) {
               "vps_rbsp_data_length[0][0] at bit 40 is 3; allowed: 0 to 2");
 }
 
-TEST(H265NalSeiMctsExtractionInfoSets, IsReadByItself) {
-    const auto payload = test::bytes_of("1 1 1 1 0 1 1 1 1 1 001 1 0 0");
-    h265_nal_sei_mcts_extraction_info_sets record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader, h265_nal_sps()));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.info_sets.size(), 1U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, h265_nal_sps(), trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 14U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.info_sets.size(), 1U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, h265_nal_sps(), &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiMctsExtractionInfoSets, IsParsedAlone) {
+    const auto parsed = test::parsed_alone<h265_nal_sei_mcts_extraction_info_sets>(
+        "1 1 1 1 0 1 1 1 1 1 001 1 0 0", h265_nal_sps());
+    EXPECT_EQ(parsed.element_count, 14U);
+    EXPECT_EQ(parsed.record.info_sets.size(), 1U);
+    EXPECT_EQ(parsed.untraced.info_sets.size(), 1U);
 }
 
 }  // namespace

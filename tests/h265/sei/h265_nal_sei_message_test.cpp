@@ -2,7 +2,6 @@
 
 #include <kovran/h265/h265_fault.h>
 
-#include <string>
 #include <variant>
 #include <vector>
 
@@ -63,39 +62,6 @@ TEST(H265NalSeiMessage, OfATypeWithoutRecordIsNotValidWhenItIsCutOff) {
     EXPECT_FALSE(message.valid);
     ASSERT_NE(sei_message_bytes(message), nullptr);
     EXPECT_EQ(*sei_message_bytes(message), std::vector<unsigned char>{0xD0});
-}
-
-// What is within so many scalable_nesting() messages of all layers.
-std::vector<unsigned char> sei_message_within(unsigned int nestings) {
-    std::vector<unsigned char> bytes = test::message_of(147, {18});
-    for (unsigned int i = 0; i < nestings; ++i) {
-        bytes.insert(bytes.begin(), 0b00100000);
-        bytes = test::message_of(133, bytes);
-    }
-    return bytes;
-}
-
-const h265_nal_sei_message& sei_message_innermost(const h265_nal_sei_message& message) {
-    const auto* const nesting = std::get_if<h265_nal_sei_scalable_nesting>(&message.payload);
-    return nesting != nullptr && nesting->sei_message.size() == 1
-               ? sei_message_innermost(nesting->sei_message.front())
-               : message;
-}
-
-TEST(H265NalSeiMessage, IsReadWithinFourNestingMessages) {
-    const test::sei_stores stores;
-    for (const unsigned int nestings : {1U, 4U, 5U, 6U}) {
-        const test::exact_bytes unit(sei_message_within(nestings));
-        h265_nal_sei_reader reader(unit.begin(), unit.end(), PREFIX_SEI_NUT);
-        ASSERT_TRUE(reader.next_message());
-        h265_nal_sei_message message;
-        EXPECT_TRUE(message.parse_standard(reader, stores.vps, stores.sps));
-        const h265_nal_sei_message& innermost = sei_message_innermost(message);
-        const bool within_four = nestings <= h265_nal_sei_message::most_nestings;
-        EXPECT_EQ(innermost.valid, within_four) << nestings;
-        EXPECT_EQ(sei_message_bytes(innermost) == nullptr, within_four) << nestings;
-        EXPECT_EQ(innermost.payload_type, nestings == 6 ? 133U : 147U);
-    }
 }
 
 TEST(H265NalSeiMessage, HasANameWhenItsTypeHasARecord) {

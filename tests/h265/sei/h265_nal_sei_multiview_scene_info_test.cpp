@@ -1,8 +1,5 @@
 #include <kovran/h265/sei/h265_nal_sei_multiview_scene_info.h>
 
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "support/sei_payload.h"
@@ -23,20 +20,16 @@ TEST(H265NalSeiMultiviewSceneInfo, HasNegativeDisparities) {
 }
 
 TEST(H265NalSeiMultiviewSceneInfo, HasDisparitiesOf11Bits) {
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_multiview_scene_info>(
-                  "00000000000 100000000001 00000000000 100000000000")
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_multiview_scene_info>("0000000000 11111111110 1")
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_multiview_scene_info>("00000000000 100000000011 1")
-                  .out_of_range,
-              std::vector<std::string>{"min_disparity"});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_multiview_scene_info>(
-                  "00000000000 100000000000 00000000000 100000000001")
-                  .out_of_range,
-              (std::vector<std::string>{"min_disparity", "max_disparity_range"}));
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_multiview_scene_info>(
+                  "00000000000 100000000001 00000000000 100000000000"),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_multiview_scene_info>("0000000000 11111111110 1"),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_multiview_scene_info>("00000000000 100000000011 1"),
+              "min_disparity");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_multiview_scene_info>(
+                  "00000000000 100000000000 00000000000 100000000001"),
+              "min_disparity, max_disparity_range");
 }
 
 }  // namespace

@@ -1,24 +1,23 @@
 #include <kovran/h265/sei/h265_nal_sei_omni_viewport.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
 
+constexpr char omni_viewport_bits[] =
+    "1010111100 0 1 0001 xffx4cx00x00 x00x5ax00x00 xffxffxffxff x01x68x00x00 "
+    "x00xb4x00x00 x00x00x00x01 x80x00x00x00 x00x00x00x03 x80x00x00x00 "
+    "x00x00x00x05";
+
 TEST(H265NalSeiOmniViewport, HasTwoViewports) {
     const auto omni = test::record_of<h265_nal_sei_omni_viewport>(
-        "1010111100 0 1 0001 xffx4cx00x00 x00x5ax00x00 xffxffxffxff x01x68x00x00 "
-        "x00xb4x00x00 x00x00x00x01 x80x00x00x00 x00x00x00x03 x80x00x00x00 "
-        "x00x00x00x05",
+        omni_viewport_bits,
         "omni_viewport_id 700\n"
         "omni_viewport_cancel_flag 0\n"
         "omni_viewport_persistence_flag 1\n"
@@ -166,49 +165,29 @@ TEST(H265NalSeiOmniViewport, HasNoMoreViewportsThanTheDataHolds) {
         "omni_viewport_cnt_minus1 at bit 28 is 1; allowed: 0");
 }
 
-TEST(H265NalSeiOmniViewport, IsReadByItself) {
-    const auto payload = test::bytes_of(
-        "1010111100 0 1 0001 xffx4cx00x00 x00x5ax00x00 xffxffxffxff x01x68x00x00 "
-        "x00xb4x00x00 x00x00x00x01 x80x00x00x00 x00x00x00x03 x80x00x00x00 "
-        "x00x00x00x05");
-    h265_nal_sei_omni_viewport record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.viewports.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 14U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.viewports.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiOmniViewport, IsParsedAlone) {
+    const auto parsed = test::parsed_alone<h265_nal_sei_omni_viewport>(omni_viewport_bits);
+    EXPECT_EQ(parsed.element_count, 14U);
+    EXPECT_EQ(parsed.record.viewports.size(), 2U);
+    EXPECT_EQ(parsed.untraced.viewports.size(), 2U);
 }
 
 TEST(H265NalSeiOmniViewport, IsAPartOfTheSphere) {
     const std::string begin = "0000000000 0 0 0000";
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_omni_viewport>(
-                  begin + "xffx4cx00x00 xffxa6x00x00 xffx4cx00x00 x00x00x00x01 x00x00x00x01")
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_omni_viewport>(
-                  begin + "x00xb3xffxff x00x5ax00x00 x00xb3xffxff x01x68x00x00 x00xb4x00x00")
-                  .out_of_range,
-              std::vector<std::string>{});
-    const std::vector<std::string> all = {
-        "omni_viewport_azimuth_centre[0]", "omni_viewport_elevation_centre[0]",
-        "omni_viewport_tilt_centre[0]", "omni_viewport_hor_range[0]", "omni_viewport_ver_range[0]"};
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_omni_viewport>(
-                  begin + "xffx4bxffxff xffxa5xffxff xffx4bxffxff x00x00x00x00 x00x00x00x00")
-                  .out_of_range,
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_omni_viewport>(
+                  begin + "xffx4cx00x00 xffxa6x00x00 xffx4cx00x00 x00x00x00x01 x00x00x00x01"),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_omni_viewport>(
+                  begin + "x00xb3xffxff x00x5ax00x00 x00xb3xffxff x01x68x00x00 x00xb4x00x00"),
+              "");
+    constexpr char all[] =
+        "omni_viewport_azimuth_centre[0], omni_viewport_elevation_centre[0], "
+        "omni_viewport_tilt_centre[0], omni_viewport_hor_range[0], omni_viewport_ver_range[0]";
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_omni_viewport>(
+                  begin + "xffx4bxffxff xffxa5xffxff xffx4bxffxff x00x00x00x00 x00x00x00x00"),
               all);
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_omni_viewport>(
-                  begin + "x00xb4x00x00 x00x5ax00x01 x00xb4x00x00 x01x68x00x01 x00xb4x00x01")
-                  .out_of_range,
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_omni_viewport>(
+                  begin + "x00xb4x00x00 x00x5ax00x01 x00xb4x00x00 x01x68x00x01 x00xb4x00x01"),
               all);
 }
 

@@ -1,58 +1,59 @@
 #include <kovran/h265/sei/h265_nal_sei_overlay_info.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
 
+constexpr char overlay_info_bits[] =
+    "0 010 011 00100 011 010 00101 1 100001 1 100010 1 111111 010 1000000001 "
+    "1010111100 0000000001 1111111111 1 0 000010 0 0 0 0 0 0 0 0 0 "
+    "x64x65x2dx44x45x00 x41x00 x00 x42x32x00 x00 1";
+
 TEST(H265NalSeiOverlayInfo, HasNamesAndLabels) {
-    const auto info = test::record_of<h265_nal_sei_overlay_info>(
-        "0 010 011 00100 011 010 00101 1 100001 1 100010 1 111111 010 1000000001 "
-        "1010111100 0000000001 1111111111 1 0 000010 0 0 0 0 0 0 0 0 0 "
-        "x64x65x2dx44x45x00 x41x00 x00 x42x32x00 x00 1",
-        "overlay_info_cancel_flag 0\n"
-        "overlay_content_aux_id_minus128 1\n"
-        "overlay_label_aux_id_minus128 2\n"
-        "overlay_alpha_aux_id_minus128 3\n"
-        "overlay_element_label_value_length_minus8 2\n"
-        "num_overlays_minus1 1\n"
-        "overlay_idx[0] 4\n"
-        "language_overlay_present_flag[0] 1\n"
-        "overlay_content_layer_id[0] 33\n"
-        "overlay_label_present_flag[0] 1\n"
-        "overlay_label_layer_id[0] 34\n"
-        "overlay_alpha_present_flag[0] 1\n"
-        "overlay_alpha_layer_id[0] 63\n"
-        "num_overlay_elements_minus1[0] 1\n"
-        "overlay_element_label_min[0][0] 513\n"
-        "overlay_element_label_max[0][0] 700\n"
-        "overlay_element_label_min[0][1] 1\n"
-        "overlay_element_label_max[0][1] 1023\n"
-        "overlay_idx[1] 0\n"
-        "language_overlay_present_flag[1] 0\n"
-        "overlay_content_layer_id[1] 2\n"
-        "overlay_label_present_flag[1] 0\n"
-        "overlay_alpha_present_flag[1] 0\n"
-        "overlay_zero_bit 0\n"
-        "overlay_zero_bit 0\n"
-        "overlay_zero_bit 0\n"
-        "overlay_zero_bit 0\n"
-        "overlay_zero_bit 0\n"
-        "overlay_zero_bit 0\n"
-        "overlay_zero_bit 0\n"
-        "overlay_language[0] 64652d444500\n"
-        "overlay_name[0] 4100\n"
-        "overlay_element_name[0][0] 00\n"
-        "overlay_element_name[0][1] 423200\n"
-        "overlay_name[1] 00\n"
-        "overlay_info_persistence_flag 1\n");
+    const auto info =
+        test::record_of<h265_nal_sei_overlay_info>(overlay_info_bits,
+                                                   "overlay_info_cancel_flag 0\n"
+                                                   "overlay_content_aux_id_minus128 1\n"
+                                                   "overlay_label_aux_id_minus128 2\n"
+                                                   "overlay_alpha_aux_id_minus128 3\n"
+                                                   "overlay_element_label_value_length_minus8 2\n"
+                                                   "num_overlays_minus1 1\n"
+                                                   "overlay_idx[0] 4\n"
+                                                   "language_overlay_present_flag[0] 1\n"
+                                                   "overlay_content_layer_id[0] 33\n"
+                                                   "overlay_label_present_flag[0] 1\n"
+                                                   "overlay_label_layer_id[0] 34\n"
+                                                   "overlay_alpha_present_flag[0] 1\n"
+                                                   "overlay_alpha_layer_id[0] 63\n"
+                                                   "num_overlay_elements_minus1[0] 1\n"
+                                                   "overlay_element_label_min[0][0] 513\n"
+                                                   "overlay_element_label_max[0][0] 700\n"
+                                                   "overlay_element_label_min[0][1] 1\n"
+                                                   "overlay_element_label_max[0][1] 1023\n"
+                                                   "overlay_idx[1] 0\n"
+                                                   "language_overlay_present_flag[1] 0\n"
+                                                   "overlay_content_layer_id[1] 2\n"
+                                                   "overlay_label_present_flag[1] 0\n"
+                                                   "overlay_alpha_present_flag[1] 0\n"
+                                                   "overlay_zero_bit 0\n"
+                                                   "overlay_zero_bit 0\n"
+                                                   "overlay_zero_bit 0\n"
+                                                   "overlay_zero_bit 0\n"
+                                                   "overlay_zero_bit 0\n"
+                                                   "overlay_zero_bit 0\n"
+                                                   "overlay_zero_bit 0\n"
+                                                   "overlay_language[0] 64652d444500\n"
+                                                   "overlay_name[0] 4100\n"
+                                                   "overlay_element_name[0][0] 00\n"
+                                                   "overlay_element_name[0][1] 423200\n"
+                                                   "overlay_name[1] 00\n"
+                                                   "overlay_info_persistence_flag 1\n");
     EXPECT_EQ(info.overlay_content_aux_id_minus128, 1U);
     EXPECT_EQ(info.overlay_label_aux_id_minus128, 2U);
     EXPECT_EQ(info.overlay_alpha_aux_id_minus128, 3U);
@@ -275,27 +276,11 @@ TEST(H265NalSeiOverlayInfo, HasNamesThatEnd) {
         "the data ends before the end of overlay_name[0] at bit 32");
 }
 
-TEST(H265NalSeiOverlayInfo, IsReadByItself) {
-    const auto payload = test::bytes_of(
-        "0 010 011 00100 011 010 00101 1 100001 1 100010 1 111111 010 1000000001 "
-        "1010111100 0000000001 1111111111 1 0 000010 0 0 0 0 0 0 0 0 0 "
-        "x64x65x2dx44x45x00 x41x00 x00 x42x32x00 x00 1");
-    h265_nal_sei_overlay_info record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.overlays.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 36U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.overlays.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiOverlayInfo, IsParsedAlone) {
+    const auto parsed = test::parsed_alone<h265_nal_sei_overlay_info>(overlay_info_bits);
+    EXPECT_EQ(parsed.element_count, 36U);
+    EXPECT_EQ(parsed.record.overlays.size(), 2U);
+    EXPECT_EQ(parsed.untraced.overlays.size(), 2U);
 }
 
 }  // namespace

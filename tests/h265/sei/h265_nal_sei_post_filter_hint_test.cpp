@@ -58,19 +58,16 @@ TEST(H265NalSeiPostFilterHint, HasMatricesOf1To15RowsAndColumns) {
               "filter_hint_size_y at bit 16 is 16; allowed: 1 to 15");
     EXPECT_EQ(test::refusal_of(22, "010 000010001 00 xffxff", stores),
               "filter_hint_size_x at bit 19 is 16; allowed: 1 to 15");
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_post_filter_hint>("1 010 00", stores.sps.at(3))
-                  .out_of_range,
-              (std::vector<std::string>{"filter_hint_size_y"}));
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_post_filter_hint>("010 1 00", stores.sps.at(3))
-                  .out_of_range,
-              (std::vector<std::string>{"filter_hint_size_x"}));
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_post_filter_hint>("1 010 00", stores.sps.at(3)),
+              "filter_hint_size_y");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_post_filter_hint>("010 1 00", stores.sps.at(3)),
+              "filter_hint_size_x");
 }
 
 TEST(H265NalSeiPostFilterHint, HasThreeTypes) {
     const test::sei_stores stores = post_filter_hint_stores(0);
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_post_filter_hint>("010 010 11 1", stores.sps.at(3))
-                  .out_of_range,
-              (std::vector<std::string>{"filter_hint_type"}));
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_post_filter_hint>("010 010 11 1", stores.sps.at(3)),
+              "filter_hint_type");
 }
 
 TEST(H265NalSeiPostFilterHint, NeedsAnSps) {

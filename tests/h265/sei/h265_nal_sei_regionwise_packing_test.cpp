@@ -1,26 +1,25 @@
 #include <kovran/h265/sei/h265_nal_sei_regionwise_packing.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <array>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
 
+constexpr char regionwise_packing_bits[] =
+    "0 1 1 10001 x02 x80x00x00x00 x00x00x04x00 x80x00 x03x00 0000 111 0 "
+    "x90x00x00x00 x90x00x00x01 x90x00x00x02 x90x00x00x03 x90x00 x90x01 x90x02 "
+    "x90x03 0001 110 1 x00x28x00x00 x00x28x00x01 x00x28x00x02 x00x28x00x03 x00x28 "
+    "x00x29 x00x2a x00x2b xc8 xc9 xca xcb 1 110 101 100 011 101";
+
 TEST(H265NalSeiRegionwisePacking, HasRegionsWithAndWithoutGuardBands) {
     const auto packing = test::record_of<h265_nal_sei_regionwise_packing>(
-        "0 1 1 10001 x02 x80x00x00x00 x00x00x04x00 x80x00 x03x00 0000 111 0 "
-        "x90x00x00x00 x90x00x00x01 x90x00x00x02 x90x00x00x03 x90x00 x90x01 x90x02 "
-        "x90x03 0001 110 1 x00x28x00x00 x00x28x00x01 x00x28x00x02 x00x28x00x03 x00x28 "
-        "x00x29 x00x2a x00x2b xc8 xc9 xca xcb 1 110 101 100 011 101",
+        regionwise_packing_bits,
         "rwp_cancel_flag 0\n"
         "rwp_persistence_flag 1\n"
         "constituent_picture_matching_flag 1\n"
@@ -122,41 +121,23 @@ TEST(H265NalSeiRegionwisePacking, HasNoMoreRegionsThanTheDataHolds) {
               "num_packed_regions at bit 24 is 2; allowed: 0 to 1");
 }
 
-TEST(H265NalSeiRegionwisePacking, IsReadByItself) {
-    const auto payload = test::bytes_of(
-        "0 1 1 10001 x02 x80x00x00x00 x00x00x04x00 x80x00 x03x00 0000 111 0 "
-        "x90x00x00x00 x90x00x00x01 x90x00x00x02 x90x00x00x03 x90x00 x90x01 x90x02 "
-        "x90x03 0001 110 1 x00x28x00x00 x00x28x00x01 x00x28x00x02 x00x28x00x03 x00x28 "
-        "x00x29 x00x2a x00x2b xc8 xc9 xca xcb 1 110 101 100 011 101");
-    h265_nal_sei_regionwise_packing record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.packed_regions.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 41U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.packed_regions.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiRegionwisePacking, IsParsedAlone) {
+    const auto parsed =
+        test::parsed_alone<h265_nal_sei_regionwise_packing>(regionwise_packing_bits);
+    EXPECT_EQ(parsed.element_count, 41U);
+    EXPECT_EQ(parsed.record.packed_regions.size(), 2U);
+    EXPECT_EQ(parsed.untraced.packed_regions.size(), 2U);
 }
 
 TEST(H265NalSeiRegionwisePacking, HasRegionsAndPicturesWithSamples) {
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_regionwise_packing>(
-                  "0 0 0 00000 x01 x00x00x00x01 x00x00x00x01 x00x01 x00x01" + std::string(200, '0'))
-                  .out_of_range,
-              std::vector<std::string>{});
     EXPECT_EQ(
-        test::parsed_alone<h265_nal_sei_regionwise_packing>(
-            "0 0 0 00000 x00 x00x00x00x00 x00x00x00x00 x00x00 x00x00")
-            .out_of_range,
-        (std::vector<std::string>{"num_packed_regions", "proj_picture_width", "proj_picture_height",
-                                  "packed_picture_width", "packed_picture_height"}));
+        test::out_of_range<h265_nal_sei_regionwise_packing>(
+            "0 0 0 00000 x01 x00x00x00x01 x00x00x00x01 x00x01 x00x01" + std::string(200, '0')),
+        "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_regionwise_packing>(
+                  "0 0 0 00000 x00 x00x00x00x00 x00x00x00x00 x00x00 x00x00"),
+              "num_packed_regions, proj_picture_width, proj_picture_height, packed_picture_width, "
+              "packed_picture_height");
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 
 namespace kovran {
@@ -178,54 +177,6 @@ TEST(H265NalSeiScalableNesting, HasWholeTypesAndSizes) {
               "the data ends before the end of sei_message[0].last_payload_type_byte at bit 40");
     EXPECT_EQ(test::refusal_of(133, "0 0 1 00000 x06 xff"),
               "the data ends before the end of sei_message[0].last_payload_size_byte at bit 40");
-}
-
-TEST(H265NalSeiScalableNesting, KeepsTheBytesOfAMessageThatIsCutOff) {
-    const test::sei_reading reading =
-        test::read_payload(133, test::bytes_of("0 0 1 00000 x90 x04 x03xe8 x01"));
-    EXPECT_TRUE(reading.read);
-    EXPECT_EQ(to_string(reading.fault),
-              "sei_message[0].payloadSize at bit 40 is 4; allowed: 0 to 3");
-    const auto* const nesting =
-        std::get_if<h265_nal_sei_scalable_nesting>(&reading.message.payload);
-    ASSERT_NE(nesting, nullptr);
-    EXPECT_TRUE(nesting->valid);
-    ASSERT_EQ(nesting->sei_message.size(), 1U);
-    const auto* const bytes =
-        std::get_if<h265_nal_sei_reserved_message>(&nesting->sei_message[0].payload);
-    ASSERT_NE(bytes, nullptr);
-    EXPECT_EQ(bytes->reserved_sei_message_payload_byte, (std::vector<unsigned char>{3, 0xE8, 1}));
-    EXPECT_FALSE(nesting->sei_message[0].valid);
-}
-
-// A message has two bytes at the least.
-TEST(H265NalSeiScalableNesting, KeepsExtensionData) {
-    const test::sei_reading reading =
-        test::read_payload(133, test::bytes_of("0 0 1 00000 x93 x01 x12 101 1 0000"));
-    EXPECT_TRUE(reading.read);
-    EXPECT_EQ(reading.message.reserved_payload_extension_data,
-              (std::vector<bool>{true, false, true}));
-}
-
-TEST(H265NalSeiScalableNesting, IsReadByItself) {
-    const test::sei_stores stores;
-    const auto payload = test::bytes_of("0 0 1 00000 x90 x04 x03xe8 x01x90 x93 x01 x12");
-    h265_nal_sei_scalable_nesting record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader, stores.vps, stores.sps));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.sei_message.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, stores.vps, stores.sps, trace, &fault));
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.sei_message.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, stores.vps, stores.sps, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_TRUE(record.sei_message.empty());
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
 }
 
 // The light levels have one byte of four; the nest is read, the message in it is kept as bytes.

@@ -1,8 +1,5 @@
 #include <kovran/h265/sei/h265_nal_sei_scene_info.h>
 
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "support/sei_payload.h"
@@ -41,10 +38,9 @@ TEST(H265NalSeiSceneInfo, HasTwoScenesFromTransition4) {
 }
 
 TEST(H265NalSeiSceneInfo, HasSevenTransitions) {
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_scene_info>("1 0 1 00111 1").out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_scene_info>("1 0 1 0001000 1").out_of_range,
-              (std::vector<std::string>{"scene_transition_type"}));
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_scene_info>("1 0 1 00111 1"), "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_scene_info>("1 0 1 0001000 1"),
+              "scene_transition_type");
 }
 
 TEST(H265NalSeiSceneInfo, IsParsedAlone) {

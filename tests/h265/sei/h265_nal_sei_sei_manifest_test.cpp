@@ -17,8 +17,7 @@ TEST(H265NalSeiSeiManifest, HasADescriptionForEachType) {
                                                    "manifest_sei_payload_type[0] 137\n"
                                                    "manifest_sei_description[0] 1\n"
                                                    "manifest_sei_payload_type[1] 258\n"
-                                                   "manifest_sei_description[1] 255\n",
-                                                   {}, test::payload_end::takes_all);
+                                                   "manifest_sei_description[1] 255\n");
     EXPECT_EQ(manifest.manifest_num_sei_msg_types, 2);
     EXPECT_EQ(manifest.manifest_sei_payload_type, (std::vector<unsigned short>{137, 258}));
     EXPECT_EQ(manifest.manifest_sei_description, (std::vector<unsigned char>{1, 255}));

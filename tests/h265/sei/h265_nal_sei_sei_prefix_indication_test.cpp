@@ -1,6 +1,5 @@
 #include <kovran/h265/sei/h265_nal_sei_sei_prefix_indication.h>
 
-#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -46,7 +45,7 @@ TEST(H265NalSeiSeiPrefixIndication, HasTheFirstBitsOfPayloads) {
 TEST(H265NalSeiSeiPrefixIndication, IsAlignedWithOnes) {
     const auto aligned =
         test::parsed_alone<h265_nal_sei_sei_prefix_indication>("x00x05 x00 x00x05 000000 01");
-    EXPECT_EQ(aligned.out_of_range, (std::vector<std::string>{"byte_alignment_bit_equal_to_one"}));
+    EXPECT_EQ(aligned.out_of_range, "byte_alignment_bit_equal_to_one");
 }
 
 TEST(H265NalSeiSeiPrefixIndication, HasPrefixesThatTheDataHolds) {

@@ -48,12 +48,10 @@ TEST(H265NalSeiShutterIntervalInfo, HasSubLayersThatTheDataHolds) {
 }
 
 TEST(H265NalSeiShutterIntervalInfo, HasUnits) {
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_shutter_interval_info>("x00x00x00x01 1 x00x00x00x00")
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_shutter_interval_info>("x00x00x00x00 1 x00x00x00x00")
-                  .out_of_range,
-              std::vector<std::string>{"sii_time_scale"});
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_shutter_interval_info>("x00x00x00x01 1 x00x00x00x00"),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_shutter_interval_info>("x00x00x00x00 1 x00x00x00x00"),
+              "sii_time_scale");
 }
 
 }  // namespace

@@ -1,13 +1,7 @@
 #include <kovran/h265/sei/h265_nal_sei_sphere_rotation.h>
 
-#include <kovran/h265/h265_trace.h>
-
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
 #include "support/sei_record_parsing.h"
 
@@ -35,43 +29,27 @@ TEST(H265NalSeiSphereRotation, EndsAnEarlierOne) {
     EXPECT_TRUE(sphere.sphere_rotation_cancel_flag);
 }
 
-TEST(H265NalSeiSphereRotation, IsReadByItself) {
-    const auto payload = test::bytes_of("0 1 100001 xffx4cx00x00 x00x5ax00x00 x80x00x00x00");
-    h265_nal_sei_sphere_rotation record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.pitch_rotation, 5898240);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 6U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.pitch_rotation, 5898240);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiSphereRotation, IsParsedAlone) {
+    const auto parsed = test::parsed_alone<h265_nal_sei_sphere_rotation>(
+        "0 1 100001 xffx4cx00x00 x00x5ax00x00 x80x00x00x00");
+    EXPECT_EQ(parsed.element_count, 6U);
+    EXPECT_EQ(parsed.record.pitch_rotation, 5898240);
+    EXPECT_EQ(parsed.untraced.pitch_rotation, 5898240);
 }
 
 TEST(H265NalSeiSphereRotation, TurnsOnceAround) {
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
-                  "0 0 000000 xffx4cx00x00 xffxa6x00x00 xffx4cx00x00")
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
-                  "0 0 000000 x00xb3xffxff x00x5ax00x00 x00xb3xffxff")
-                  .out_of_range,
-              std::vector<std::string>{});
-    const std::vector<std::string> all = {"yaw_rotation", "pitch_rotation", "roll_rotation"};
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
-                  "0 0 000000 xffx4bxffxff xffxa5xffxff xffx4bxffxff")
-                  .out_of_range,
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 xffx4cx00x00 xffxa6x00x00 xffx4cx00x00"),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 x00xb3xffxff x00x5ax00x00 x00xb3xffxff"),
+              "");
+    constexpr char all[] = "yaw_rotation, pitch_rotation, roll_rotation";
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 xffx4bxffxff xffxa5xffxff xffx4bxffxff"),
               all);
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_sphere_rotation>(
-                  "0 0 000000 x00xb4x00x00 x00x5ax00x01 x00xb4x00x00")
-                  .out_of_range,
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_sphere_rotation>(
+                  "0 0 000000 x00xb4x00x00 x00x5ax00x01 x00xb4x00x00"),
               all);
 }
 

@@ -1,7 +1,6 @@
 #include <kovran/h265/sei/h265_nal_sei_structure_of_pictures_info.h>
 
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -70,12 +69,11 @@ TEST(H265NalSeiStructureOfPicturesInfo, IsParsedAlone) {
 }
 
 TEST(H265NalSeiStructureOfPicturesInfo, NamesAnSps) {
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_structure_of_pictures_info>("0000 10000 1 010011 000")
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_structure_of_pictures_info>("0000 10001 1 010011 000")
-                  .out_of_range,
-              std::vector<std::string>{"sop_seq_parameter_set_id"});
+    EXPECT_EQ(
+        test::out_of_range<h265_nal_sei_structure_of_pictures_info>("0000 10000 1 010011 000"), "");
+    EXPECT_EQ(
+        test::out_of_range<h265_nal_sei_structure_of_pictures_info>("0000 10001 1 010011 000"),
+        "sop_seq_parameter_set_id");
 }
 
 }  // namespace

@@ -1,11 +1,9 @@
 #include <kovran/h265/sei/h265_nal_sei_sub_bitstream_property.h>
 
-#include <kovran/h265/h265_trace.h>
-
 #include <gtest/gtest.h>
 
-#include "support/rbsp.h"
 #include "support/sei_payload.h"
+#include "support/sei_record_parsing.h"
 
 namespace kovran {
 namespace {
@@ -55,24 +53,12 @@ TEST(H265NalSeiSubBitstreamProperty, HasNoMoreStreamsThanTheDataHolds) {
               "num_additional_sub_streams_minus1 at bit 20 is 1; allowed: 0");
 }
 
-TEST(H265NalSeiSubBitstreamProperty, IsReadByItself) {
-    const auto payload = test::bytes_of("1010 010 01 011 110 x80x01 xc0x00 11 1 000 x00x07 x00x08");
-    h265_nal_sei_sub_bitstream_property record;
-    h265_fault fault;
-    test::rbsp input(payload);
-    EXPECT_TRUE(record.parse_standard(input.reader));
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.sub_streams.size(), 2U);
-    test::rbsp traced(payload);
-    h265_trace trace;
-    EXPECT_TRUE(record.parse_standard(traced.reader, trace, &fault));
-    EXPECT_EQ(trace.elements.size(), 12U);
-    EXPECT_EQ(fault.kind, h265_fault_kind::none);
-    EXPECT_EQ(record.sub_streams.size(), 2U);
-    test::rbsp none;
-    EXPECT_FALSE(record.parse_standard(none.reader, &fault));
-    EXPECT_FALSE(record.valid);
-    EXPECT_NE(fault.kind, h265_fault_kind::none);
+TEST(H265NalSeiSubBitstreamProperty, IsParsedAlone) {
+    const auto parsed = test::parsed_alone<h265_nal_sei_sub_bitstream_property>(
+        "1010 010 01 011 110 x80x01 xc0x00 11 1 000 x00x07 x00x08");
+    EXPECT_EQ(parsed.element_count, 12U);
+    EXPECT_EQ(parsed.record.sub_streams.size(), 2U);
+    EXPECT_EQ(parsed.untraced.sub_streams.size(), 2U);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include <kovran/h265/sei/h265_nal_sei_time_code.h>
 
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -124,22 +123,17 @@ TEST(H265NalSeiTimeCode, IsParsedAlone) {
 
 TEST(H265NalSeiTimeCode, HasTimesOfADay) {
     const std::string stamp = "01 1 0 00000 1 0 0 000000000";
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_time_code>(stamp + "111011 111011 10111 00000")
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_time_code>(stamp + "111100 111100 11000 00000")
-                  .out_of_range,
-              (std::vector<std::string>{"seconds_value[0]", "minutes_value[0]", "hours_value[0]"}));
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_time_code>(stamp + "111011 111011 10111 00000"), "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_time_code>(stamp + "111100 111100 11000 00000"),
+              "seconds_value[0], minutes_value[0], hours_value[0]");
 }
 
 TEST(H265NalSeiTimeCode, HasPartsOfTimesOfADay) {
     const std::string stamp = "01 1 0 00000 0 0 0 000000000";
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_time_code>(stamp + "1 111011 1 111011 1 10111 00000")
-                  .out_of_range,
-              std::vector<std::string>{});
-    EXPECT_EQ(test::parsed_alone<h265_nal_sei_time_code>(stamp + "1 111100 1 111100 1 11000 00000")
-                  .out_of_range,
-              (std::vector<std::string>{"seconds_value[0]", "minutes_value[0]", "hours_value[0]"}));
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_time_code>(stamp + "1 111011 1 111011 1 10111 00000"),
+              "");
+    EXPECT_EQ(test::out_of_range<h265_nal_sei_time_code>(stamp + "1 111100 1 111100 1 11000 00000"),
+              "seconds_value[0], minutes_value[0], hours_value[0]");
 }
 
 }  // namespace
