@@ -541,8 +541,9 @@ struct standard_rules {
     template <class Hrd>
     static unsigned int cpb_cnt_minus1(const Hrd& hrd, unsigned int highest_sub_layer_plus1) {
         const auto& counts = hrd.cpb_cnt_minus1;
-        return highest_sub_layer_plus1 - 1 < counts.size() ? counts[highest_sub_layer_plus1 - 1]
-                                                           : counts.back();
+        const bool is_limited =
+            highest_sub_layer_plus1 != 0 && highest_sub_layer_plus1 <= counts.size();
+        return is_limited ? counts[highest_sub_layer_plus1 - 1] : counts.back();
     }
 
     // -1 for a picture without blocks.
