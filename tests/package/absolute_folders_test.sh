@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# usage: absolute_folders_test.sh find_package|pkg_config CMAKE COMPILER SOURCE_DIR
+# usage: absolute_folders_test.sh CMAKE COMPILER SOURCE_DIR
 # Libraries and headers may be sent to absolute folders, which need not be in the prefix.
 set -euo pipefail
-way=$1 cmake=$2 compiler=$3 source=$4
+cmake=$1 compiler=$2 source=$3
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 libraries=$work/libraries/lib
@@ -11,5 +11,8 @@ libraries=$work/libraries/lib
     -DCMAKE_INSTALL_PREFIX="$work/prefix" -DCMAKE_INSTALL_LIBDIR="$libraries" \
     -DCMAKE_INSTALL_INCLUDEDIR="$work/headers"
 "$cmake" --install "$work/build" >"$work/install.log"
-"$(dirname "$0")/build_host.sh" "$way" "$cmake" "$compiler" "$work/libraries" "$libraries" "$work/host"
-LD_LIBRARY_PATH=$libraries "$work/host/host"
+for way in find_package pkg_config; do
+    "$(dirname "$0")/build_host.sh" "$way" "$cmake" "$compiler" "$work/libraries" "$libraries" \
+        "$work/$way"
+    LD_LIBRARY_PATH=$libraries "$work/$way/host"
+done
