@@ -10,6 +10,7 @@
 
 #include "annex_b_unit.h"
 #include "byte_string.h"
+#include "large_stream.h"
 #include "program.h"
 #include "sanitized.h"
 #include "support/bit_writer.h"
@@ -18,9 +19,6 @@
 
 namespace kovran::test {
 namespace {
-
-constexpr std::size_t mebibyte = std::size_t{1} << 20;
-constexpr std::size_t units_of_stream = 70000;
 
 // A sanitized program occupies some memory of its own. The peak of a program counts that of the
 // process that started it, so that each test is to run in a process of its own, as CTest runs them.
@@ -33,31 +31,6 @@ program measured(std::vector<std::string> arguments) {
     return inspector;
 }
 
-// 1000 bytes.
-std::string unit() {
-    return bytes("00000001 0201") + std::string(994, '\x55');
-}
-
-std::string write_large_stream(const temporary_folder& folder) {
-    std::string path = folder.file("large");
-    std::ofstream stream(path, std::ios::binary);
-    const std::string repeated = unit();
-    for (std::size_t i = 0; i < units_of_stream; ++i) {
-        stream << repeated;
-    }
-    return path;
-}
-
-void expect_last_unit(const outcome& result) {
-    EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.err, "");
-    const std::string start_of_last =
-        "{\"index\":69999,\"offset\":69999004,\"prefix\":4,\"size\":996";
-    const std::size_t last = result.out.rfind("{\"index\"");
-    ASSERT_NE(last, std::string::npos);
-    EXPECT_EQ(result.out.substr(last, start_of_last.size()), start_of_last);
-}
-
 TEST(InspectMemory, IsBoundedForALargeFile) {
     const temporary_folder folder;
     const std::string path = write_large_stream(folder);
@@ -66,57 +39,12 @@ TEST(InspectMemory, IsBoundedForALargeFile) {
     EXPECT_LT(result.peak_memory, bound);
 }
 
-TEST(InspectMemory, IsBoundedForAFileThatCannotBeMapped) {
-    if (sanitized) {
-        GTEST_SKIP() << "the address sanitizer reserves more than is allowed here";
-    }
-    const temporary_folder folder;
-    const std::string path = write_large_stream(folder);
-    expect_last_unit(program({"nals", "--json", path}).address_space(60 * mebibyte).run());
-}
-
-TEST(InspectMemory, EndsTheProgramWithAMessageWhenThereIsNoMore) {
-    if (sanitized) {
-        GTEST_SKIP() << "the address sanitizer reserves more than is allowed here";
-    }
-    std::size_t count = 0;
-    program inspector({"nals", "--json", "-"});
-    const outcome result = inspector.address_space(60 * mebibyte)
-                               .input([&count](std::string& piece) {
-                                   piece = count == 0 ? bytes("000001 4001 000001 0201")
-                                                      : std::string(mebibyte, '\x55');
-                                   return count++ < 100;
-                               })
-                               .run();
-    EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.err, "kovran: not enough memory\n");
-    EXPECT_NE(result.out.find("VPS_NUT"), std::string::npos);
-    EXPECT_EQ(result.out.find("TRAIL_R"), std::string::npos);
-}
-
-// sei_prefix_indication() with 256 prefixes of 65,536 bits, each bit an element.
-TEST(InspectMemory, ShowsWhatItHadMemoryForOfAMessage) {
-    if (sanitized) {
-        GTEST_SKIP() << "the address sanitizer reserves more than is allowed here";
-    }
-    const std::size_t size = 3 * mebibyte;
-    const std::string message = bytes("c9") + std::string(size / 255, '\xff') +
-                                static_cast<char>(size % 255) + std::string(size, '\xff');
-    const outcome result = program({"trace", "-"})
-                               .input(bytes("000001 4e01") + message + bytes("80"))
-                               .address_space(100 * mebibyte)
-                               .run();
-    EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.err, "kovran: not enough memory\n");
-    EXPECT_NE(result.out.find("sei_prefix_data_bit[0][65535]"), std::string::npos);
-}
-
 TEST(InspectMemory, IsBoundedForALargePipe) {
     std::size_t count = 0;
     program inspector = measured({"nals", "--json", "-"});
     const outcome result = inspector
                                .input([&count](std::string& piece) {
-                                   piece = unit();
+                                   piece = unit_of_large_stream();
                                    return count++ < units_of_stream;
                                })
                                .run();

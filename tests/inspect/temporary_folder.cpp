@@ -10,7 +10,8 @@
 namespace kovran::test {
 
 temporary_folder::temporary_folder()
-    : path_((std::filesystem::temp_directory_path() / "kovran-test-XXXXXX").string()) {
+    : path_((std::filesystem::temp_directory_path() / "kovran-test-").string()) {
+    path_.append(6, 'X');  // mkdtemp() puts a name of its own in their place
     if (::mkdtemp(path_.data()) == nullptr) {
         throw std::runtime_error("no temporary folder");
     }
