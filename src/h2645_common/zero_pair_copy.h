@@ -40,8 +40,9 @@ template <class Word>
     return (small & small >> 8U & small >> 16U) != 0;
 }
 
-// All of [data, data + size), a word at least and less than two: by its two ends, which overlap.
-// False when there may be a pair among them; nothing is written then.
+// All of [data, data + size), a word at least and less than two: by its two ends, which overlap;
+// the word in the middle has the three bytes that neither end has together. False when there may be
+// a pair among them; nothing is written then.
 template <class Word>
 [[nodiscard]] bool copy_words(unsigned char* out, const unsigned char* data, std::size_t size) {
     const auto word_at = [data](std::size_t at) {

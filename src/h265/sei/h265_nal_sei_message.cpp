@@ -7,7 +7,6 @@
 #include "h265/sei/nested_messages.h"
 #include "h265/sei/sei_context.h"
 #include "h265/sei/walk_payload.h"
-#include "h265/start_afresh.h"
 
 #include <algorithm>
 #include <array>
